@@ -1,0 +1,1 @@
+// A precompiled header needs one source to belong to.
