@@ -45,6 +45,7 @@ endfunction()
 function(mirel_benchmark name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/Benchmarks" "${CMAKE_SOURCE_DIR}/Tests")
   target_link_libraries(${name} PRIVATE ${arg_LINKS} mirel_options benchmark::benchmark)
 endfunction()
 

@@ -168,23 +168,18 @@ void COscilloscope::Analyse(std::span<const float> block)
     {
         const auto samples = block.first(std::min(block.size(), delayLine.Mask() + 1));
         // What comes out first is still in the line, the rest is in the block itself.
-        const std::size_t fromLine = std::min(samples.size(), delay);
-        for (std::size_t done = 0; done < fromLine;)
+        for (std::size_t done = 0; done < samples.size();)
         {
-            const auto piece = delayLine.GetPiece(delay - done, fromLine - done);
-            WriteDelayed(piece);
-            done += piece.size();
+            const auto delayed =
+                done < delay ? delayLine.GetPiece(delay - done, std::min(delay, samples.size()) - done)
+                             : samples.first(samples.size() - done);
+            histogram.Add(delayed);
+            waveform.Write(delayed);
+            done += delayed.size();
         }
-        WriteDelayed(samples.first(samples.size() - fromLine));
         delayLine.Write(samples);
         block = block.subspan(samples.size());
     }
-}
-
-void COscilloscope::WriteDelayed(std::span<const float> samples)
-{
-    waveform.Write(samples);
-    histogram.Add(samples);
 }
 
 void COscilloscope::ProcessSilentSamples(int sampleCount)

@@ -81,7 +81,6 @@ private:
 
     void ConnectCurves();
     void Analyse(std::span<const float> block);
-    void WriteDelayed(std::span<const float> samples);
     void PlaceTrace();
 
     bool newDataPending = false; ///< Samples came in since the last ComputeOutputs.

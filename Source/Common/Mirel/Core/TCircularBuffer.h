@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Mirel/Core/PowerOfTwo.h"
+#include "Mirel/Core/TAlignedVector.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace Mirel::Core
 {
@@ -27,7 +27,7 @@ public:
         {
             items.assign(wanted, T());
             items.shrink_to_fit();
-            position = 0;
+            next = 0;
         }
     }
 
@@ -38,26 +38,34 @@ public:
     /// Appends a block of at most GetSize() entries.
     void Write(std::span<const T> block)
     {
-        const std::size_t begin = (position + 1) & Mask();
-        const std::size_t first = std::min(block.size(), items.size() - begin);
-        std::copy_n(block.begin(), first, items.begin() + static_cast<std::ptrdiff_t>(begin));
-        std::copy(block.begin() + static_cast<std::ptrdiff_t>(first), block.end(), items.begin());
-        position = (position + block.size()) & Mask();
+        const std::size_t first = std::min(block.size(), items.size() - next);
+        std::copy_n(block.data(), first, items.data() + next);
+        std::copy_n(block.data() + first, block.size() - first, items.data());
+        Advance(block.size());
     }
+
+    /// Contiguous room for the next entries, at most `count`, to be filled in place and then taken with
+    /// Advance.
+    std::span<T> GetRoom(std::size_t count)
+    {
+        return std::span<T>(items).subspan(next, std::min(count, items.size() - next));
+    }
+
+    void Advance(std::size_t count) { next = (next + count) & Mask(); }
 
     /// The contiguous piece that begins with the entry written `age` entries before the next one to be
     /// written (1 is the newest; an age of GetSize() is the oldest), at most `count` entries long. Ages wrap.
     std::span<const T> GetPiece(std::size_t age, std::size_t count) const
     {
-        const std::size_t begin = (position + 1 - age) & Mask();
+        const std::size_t begin = (next - age) & Mask();
         return std::span<const T>(items).subspan(begin, std::min(count, items.size() - begin));
     }
 
     std::size_t Mask() const { return items.size() - 1; }
 
 private:
-    std::vector<T> items;
-    std::size_t position = 0; ///< Of the newest entry.
+    TAlignedVector<T> items;
+    std::size_t next = 0; ///< Index that is written next.
 };
 
 } // namespace Mirel::Core

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Mirel/Core/TAlignedVector.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <vector>
+#include <span>
 
 namespace Mirel::Core
 {
@@ -22,8 +24,7 @@ public:
     void SetSize(int newSize)
     {
         size = std::max(newSize, 0);
-        const int entries = size + guardsBefore + guardsAfter;
-        values.assign(static_cast<std::size_t>(entries), V(0));
+        values.assign(lead + static_cast<std::size_t>(size + guardsBefore + guardsAfter), V(0));
         values.shrink_to_fit();
         scale = static_cast<V>(size - 1) / (xMax - xMin);
     }
@@ -33,12 +34,12 @@ public:
     V GetXMax() const { return xMax; }
 
     /// The entry of position 0. Positions -guardsBefore to size + guardsAfter - 1 are there.
-    V* GetPositions() { return values.data() + guardsBefore; }
-    const V* GetPositions() const { return values.data() + guardsBefore; }
+    V* GetPositions() { return GetEntries().data() + guardsBefore; }
+    const V* GetPositions() const { return GetEntries().data() + guardsBefore; }
 
     /// All entries, guards included.
-    std::vector<V>& GetEntries() { return values; }
-    const std::vector<V>& GetEntries() const { return values; }
+    std::span<V> GetEntries() { return std::span<V>(values).subspan(lead); }
+    std::span<const V> GetEntries() const { return std::span<const V>(values).subspan(lead); }
 
     void Fill(V value) { std::fill(values.begin(), values.end(), value); }
 
@@ -50,16 +51,22 @@ public:
     }
 
     /// The interpolated value at a position from 0 to size, exclusive. 0 for an empty table.
-    V At(V position) const { return size > 0 ? Interpolator::Interpolate(values.data(), position) : V(0); }
+    V At(V position) const
+    {
+        return size > 0 ? Interpolator::Interpolate(GetEntries().data(), position) : V(0);
+    }
 
     V operator()(V x) const { return At(GetPosition(x)); }
 
 private:
+    /// Unused entries in front that put position 0 at the start of a cache line.
+    static constexpr std::size_t lead = guardsBefore == 0 ? 0 : cacheLineSize / sizeof(V) - guardsBefore;
+
     V xMin;
     V xMax;
     V scale = V(0);
     int size = 0;
-    std::vector<V> values;
+    TAlignedVector<V> values;
 };
 
 } // namespace Mirel::Core

@@ -148,8 +148,13 @@ private:
         {
             return;
         }
-        std::size_t offset = length > size ? length - size : 0;
-        auto position = (static_cast<std::size_t>(writePos) + offset) % size;
+        std::size_t offset = 0;
+        auto position = static_cast<std::size_t>(writePos);
+        if (length > size)
+        {
+            offset = length - size;
+            position = (position + offset) % size;
+        }
         while (offset < length)
         {
             const std::size_t count = std::min(length - offset, size - position);

@@ -22,7 +22,7 @@ std::string ItemKey(std::size_t index)
 class CValuesWriter : public ISerialize
 {
 public:
-    explicit CValuesWriter(const std::vector<float>& values_) : values(values_) {}
+    explicit CValuesWriter(std::span<const float> values_) : values(values_) {}
 
     bool Serialize(IWriteDataStream& stream) const override
     {
@@ -35,13 +35,13 @@ public:
     }
 
 private:
-    const std::vector<float>& values;
+    std::span<const float> values;
 };
 
 class CValuesReader : public IDeSerialize
 {
 public:
-    explicit CValuesReader(std::vector<float>& values_) : values(values_) {}
+    explicit CValuesReader(std::span<float> values_) : values(values_) {}
 
     bool Deserialize(const IReadDataStream& stream) override
     {
@@ -58,17 +58,17 @@ public:
     }
 
 private:
-    std::vector<float>& values;
+    std::span<float> values;
 };
 
 } // namespace
 
-bool WriteTableValues(IWriteDataStream& stream, const std::vector<float>& values)
+bool WriteTableValues(IWriteDataStream& stream, std::span<const float> values)
 {
     return stream.Write(valuesKey, CValuesWriter(values));
 }
 
-bool ReadTableValues(const IReadDataStream& stream, std::vector<float>& values)
+bool ReadTableValues(const IReadDataStream& stream, std::span<float> values)
 {
     CValuesReader reader(values);
     return stream.Read(valuesKey, reader);

@@ -2,7 +2,7 @@
 
 #include "Mirel/Serialization/DataStreams.h"
 
-#include <vector>
+#include <span>
 
 namespace Mirel::Math
 {
@@ -13,10 +13,10 @@ inline constexpr int maxTableSize = 1 << 24;
 
 /// The entries of a table as a nested data object under the key "values": "valueCount", "value0", "value1",
 /// ...
-bool WriteTableValues(Serialization::IWriteDataStream& stream, const std::vector<float>& values);
+bool WriteTableValues(Serialization::IWriteDataStream& stream, std::span<const float> values);
 
 /// Reads as many entries as the vector has; an entry that is missing keeps its value. False if the nested
 /// object is missing or holds another count.
-bool ReadTableValues(const Serialization::IReadDataStream& stream, std::vector<float>& values);
+bool ReadTableValues(const Serialization::IReadDataStream& stream, std::span<float> values);
 
 } // namespace Mirel::Math

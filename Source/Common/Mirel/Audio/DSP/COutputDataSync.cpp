@@ -2,10 +2,6 @@
 
 #include "Mirel/Core/Numeric.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <limits>
-
 namespace Mirel::Audio::DSP
 {
 
@@ -55,13 +51,6 @@ void COutputDataSync::SetRefreshRate(double hertz)
 double COutputDataSync::GetRefreshRate() const
 {
     return refreshRate.load(relaxed);
-}
-
-void COutputDataSync::AddSamples(int count)
-{
-    const std::int64_t sum = std::int64_t{sampleCounter} + count;
-    sampleCounter = static_cast<int>(
-        std::clamp<std::int64_t>(sum, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 void COutputDataSync::SetSampleRate(double hertz)

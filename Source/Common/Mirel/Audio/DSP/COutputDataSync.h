@@ -2,7 +2,10 @@
 
 #include "Mirel/Audio/DSP/IOutputDataSync.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstdint>
+#include <limits>
 
 namespace Mirel::Audio::DSP
 {
@@ -23,7 +26,12 @@ public:
     double GetRefreshRate() const override;
 
     /// Stays at the largest count instead of wrapping: with nobody asking, a counter runs full in half a day.
-    void AddSamples(int count);
+    void AddSamples(int count)
+    {
+        const std::int64_t sum = std::int64_t{sampleCounter} + count;
+        sampleCounter = static_cast<int>(
+            std::clamp<std::int64_t>(sum, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    }
 
     /// In hertz. Without a refresh rate the counter starts at 0; otherwise at a full period, so that the
     /// first block after an initialisation is due.
