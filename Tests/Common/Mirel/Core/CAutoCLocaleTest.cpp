@@ -2,6 +2,7 @@
 
 #include "Support/CommaLocale.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
@@ -14,8 +15,8 @@ namespace
 std::string Printed(double value)
 {
     char text[32];
-    std::snprintf(text, sizeof(text), "%.1f", value);
-    return text;
+    const int length = std::snprintf(text, sizeof(text), "%.1f", value);
+    return {text, static_cast<std::size_t>(length)};
 }
 
 } // namespace

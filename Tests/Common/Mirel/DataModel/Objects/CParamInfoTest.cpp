@@ -388,10 +388,12 @@ TEST(CParamInfo, CopyWithShortTextsAllocatesTheConverterAlone)
     const CParamInfo source = Delay();
 
     const Tests::CAllocationCounter allocations;
-    const CParamInfo copy(source);
+    CParamInfo copy(source);
 
     EXPECT_EQ(allocations.GetCount(), 1U);
     ExpectIsDelay(copy);
+    copy.SetType(1);
+    ExpectIsDelay(source);
 }
 
 TEST(CParamInfo, TablesOfThemAreShownAsConstAndCopied)
