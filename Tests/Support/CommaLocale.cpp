@@ -86,7 +86,7 @@ CCommaLocale::CCommaLocale() : locale(LoadCommaLocale()), previous(uselocale(loc
 {
     if (locale == locale_t())
     {
-        std::fputs("the comma locale could not be loaded\n", stderr);
+        (void)std::fputs("the comma locale could not be loaded\n", stderr);
         std::abort();
     }
 }

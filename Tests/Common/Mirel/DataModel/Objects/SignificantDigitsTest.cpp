@@ -75,9 +75,9 @@ RC_GTEST_PROP(RoundToSignificantDigits, MovesAValueByHalfOfItsLastDigitAtMost, (
 
     const auto rounded = static_cast<double>(RoundToSignificantDigits(value, digits));
 
-    // Independent of logarithms: the digits before the point are counted by division.
+    // Independent of logarithms: the digits before the point are counted by multiplication.
     double lastDigit = 1.0;
-    for (double rest = wide; rest >= 10.0; rest /= 10.0)
+    while (lastDigit * 10.0 <= wide)
     {
         lastDigit *= 10.0;
     }
