@@ -115,7 +115,9 @@ RC_GTEST_PROP(ExpandPattern, PatternOfUnknownPlaceholdersIsItsOwnExpansion, ())
     for (int i = *rc::gen::inRange(0, 6); i > 0; --i)
     {
         pattern += *word;
-        pattern += "{" + *inside + "}";
+        pattern += '{';
+        pattern += *inside;
+        pattern += '}';
     }
     pattern += *rc::gen::element(std::string(), std::string("{end"));
 
