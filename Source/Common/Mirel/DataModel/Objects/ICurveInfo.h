@@ -13,8 +13,10 @@ class ICurveInfo : public virtual IConstCurveInfo
 public:
     using IConstCurveInfo::GetXInfo;
     using IConstCurveInfo::GetYInfo;
+    // NOLINTBEGIN(bugprone-virtual-near-miss): each is the writable form of its namesake.
     virtual IParamInfo& GetXInfo() = 0;
     virtual IParamInfo& GetYInfo() = 0;
+    // NOLINTEND(bugprone-virtual-near-miss)
 
     virtual void SetName(const char* name) = 0;
     virtual void SetComment(const char* comment) = 0;

@@ -14,9 +14,11 @@ public:
     using IConstSurfaceInfo::GetXInfo;
     using IConstSurfaceInfo::GetYInfo;
     using IConstSurfaceInfo::GetZInfo;
+    // NOLINTBEGIN(bugprone-virtual-near-miss): each is the writable form of its namesake.
     virtual IParamInfo& GetXInfo() = 0;
     virtual IParamInfo& GetYInfo() = 0;
     virtual IParamInfo& GetZInfo() = 0;
+    // NOLINTEND(bugprone-virtual-near-miss)
 
     virtual void SetName(const char* name) = 0;
     virtual void SetComment(const char* comment) = 0;

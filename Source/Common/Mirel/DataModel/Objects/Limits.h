@@ -9,7 +9,7 @@ namespace Mirel::DataModel::Objects
 
 /// Bytes of one expanded pattern. A pattern of doubled braces grows with the square of its length, and is
 /// expanded on every change of a value.
-constexpr std::size_t maxExpandedText = 64 * 1024;
+constexpr std::size_t maxExpandedText = 65536;
 
 /// Names of one enumeration. A name can be set by index, and the index comes from a parameter's range.
 constexpr int maxEnumNames = 4096;

@@ -1,6 +1,7 @@
 #include "Mirel/DataModel/Objects/SignificantDigits.h"
 
 #include <cmath>
+#include <limits>
 
 namespace Mirel::DataModel::Objects
 {
@@ -10,10 +11,11 @@ namespace
 
 float RoundPositive(float value, int digits)
 {
-    const double wide = value;
+    const auto wide = static_cast<double>(value);
     const double scale = std::pow(10.0, digits - std::trunc(std::log10(wide) + 1.0));
     const double rounded = std::floor(wide * scale + 0.5) / scale;
-    return std::isfinite(rounded) ? static_cast<float>(rounded) : value;
+    return rounded <= static_cast<double>(std::numeric_limits<float>::max()) ? static_cast<float>(rounded)
+                                                                             : value;
 }
 
 } // namespace
