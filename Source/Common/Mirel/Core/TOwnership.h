@@ -39,10 +39,13 @@ public:
         }
     }
 
-    /// Lets go of what is held and takes the given object.
+    /// Lets go of what is held and takes the given object. The object held already stays, with the new mark.
     void Set(T* newPointer, bool newOwned)
     {
-        Release();
+        if (newPointer != pointer)
+        {
+            Release();
+        }
         pointer = newPointer;
         owned = newOwned ? 1 : 0;
     }

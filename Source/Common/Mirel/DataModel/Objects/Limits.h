@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+
+namespace Mirel::DataModel::Objects
+{
+
+// Limits on what a skin or model file can ask for. No honest file comes near them.
+
+/// Bytes of one expanded pattern. A pattern of doubled braces grows with the square of its length, and is
+/// expanded on every change of a value.
+constexpr std::size_t maxExpandedText = 64 * 1024;
+
+/// Names of one enumeration. A name can be set by index, and the index comes from a parameter's range.
+constexpr int maxEnumNames = 4096;
+
+} // namespace Mirel::DataModel::Objects

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace Mirel::DataModel::Objects
+{
+
+/// Appends what a placeholder, given with its braces, stands for.
+using PlaceholderExpansion = std::function<void(std::string_view placeholder, std::string& result)>;
+
+/// Copies a pattern and puts the expansion in place of every text in braces. A brace that never closes is
+/// copied as it stands. A doubled opening brace gives one brace, after which the text since the last
+/// placeholder comes once more, the two braces included: "a{{b" gives "a{a{{b".
+///
+/// The result ends at maxExpandedText bytes, or at the character before.
+std::string ExpandPattern(std::string_view pattern, const PlaceholderExpansion& expand);
+
+} // namespace Mirel::DataModel::Objects
