@@ -1,0 +1,21 @@
+#include "Host/TestFiles.h"
+
+namespace Tests
+{
+
+std::string ScopeBankModule()
+{
+    return SCOPE_BANK_MODULE;
+}
+
+std::string TestModule(const std::string& name)
+{
+    return TEST_MODULE_FOLDER "/" + name + ".aaxplugin";
+}
+
+std::string NoModuleFile()
+{
+    return NO_MODULE_FILE;
+}
+
+} // namespace Tests
