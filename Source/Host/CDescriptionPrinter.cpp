@@ -2,9 +2,6 @@
 
 #include "AAXPlugin/Interface/AAX_Properties.h"
 
-#include <array>
-#include <cstdio>
-
 namespace Host
 {
 
@@ -20,11 +17,16 @@ struct TCasesOf : TCases...
 template <class... TCases>
 TCasesOf(TCases...) -> TCasesOf<TCases...>;
 
-std::string Hex(std::uint32_t value)
+/// The lowest digits of a number, base 16.
+std::string Hex(std::uint32_t value, unsigned digits)
 {
-    std::array<char, 11> text = {};
-    std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(value));
-    return text.data();
+    std::string text;
+    while (digits > 0)
+    {
+        --digits;
+        text += "0123456789ABCDEF"[value >> 4 * digits & 0xFU];
+    }
+    return text;
 }
 
 /// The four characters of an identifier, or nothing if they are not all printable.
@@ -103,9 +105,7 @@ std::string Quoted(std::string_view text)
         }
         else if (byte < 0x20U || byte == 0x7FU)
         {
-            std::array<char, 5> escape = {};
-            std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned>(byte));
-            quoted += escape.data();
+            quoted += "\\x" + Hex(byte, 2);
         }
         else
         {
@@ -183,8 +183,8 @@ void CDescriptionPrinter::PrintProperties(const std::string& path, const CRecord
 {
     for (const CProperty& property : map.GetProperties())
     {
-        out << path << " property " << property.number << ' ' << PropertyName(property.number) << ' '
-            << Hex(property.value);
+        out << path << " property " << property.number << ' ' << PropertyName(property.number) << " 0x"
+            << Hex(property.value, 8);
         const std::string characters = FourCharacters(property.value);
         if (!characters.empty())
         {

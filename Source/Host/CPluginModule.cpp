@@ -26,6 +26,7 @@ bool CPluginModule::Load(const std::string& path, std::string& error)
     handle = dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr)
     {
+        // The C library keeps this text per thread. NOLINTNEXTLINE(concurrency-mt-unsafe)
         const char* reason = dlerror();
         error = "cannot load the module: " + std::string(reason != nullptr ? reason : absolute);
         return false;

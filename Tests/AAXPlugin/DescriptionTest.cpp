@@ -16,8 +16,6 @@ namespace
 using namespace MirelExt::AAXPlugin;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::Not;
-using testing::StartsWith;
 using Tests::CScriptedHost;
 
 constexpr std::int32_t HostCode = -7;

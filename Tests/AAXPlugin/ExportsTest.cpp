@@ -26,9 +26,11 @@ IACFUnknown* UnknownOf(const TACFReference<CScriptedHost>& host)
     return static_cast<IAAXHost*>(host.Get());
 }
 
-class CThrowingUnknown final : public IACFUnknown
+class CThrowingUnknown : public IACFUnknown
 {
 public:
+    virtual ~CThrowingUnknown() = default;
+
     std::int32_t QueryInterface(const ACFInterfaceId&, void**) override { throw std::runtime_error("query"); }
 
     std::uint32_t AddReference() override

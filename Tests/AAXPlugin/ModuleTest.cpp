@@ -127,7 +127,7 @@ TEST_F(Module, ExceptionOfTheHostAtAnyCallBecomesACode)
             {
                 throw std::runtime_error("host");
             }
-            throw throwing;
+            throw std::string("host");
         };
         out = &module;
         EXPECT_EQ(module.registerPlugin(static_cast<IAAXHost*>(scripted.Get()), &out), UnexpectedCode)

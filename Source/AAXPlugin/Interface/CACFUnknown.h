@@ -16,13 +16,12 @@ public:
     CACFUnknown();
     CACFUnknown(const CACFUnknown&) = delete;
     CACFUnknown& operator=(const CACFUnknown&) = delete;
+    virtual ~CACFUnknown();
 
     /// Objects alive in the image (module or program) that this code is linked into. Any thread.
     static std::int32_t GetLiveCount();
 
 protected:
-    virtual ~CACFUnknown();
-
     std::uint32_t IncrementReferences();
 
     /// Destroys the object with its last reference.

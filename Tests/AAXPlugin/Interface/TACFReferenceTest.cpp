@@ -64,8 +64,9 @@ TEST(TACFReference, CopyAddsMoveDoesNot)
 TEST(TACFReference, NullIsHeldQuietly)
 {
     const TACFReference<CCounted> none(nullptr);
-    const TACFReference<CCounted> copy = none;
+    TACFReference<CCounted> copy(none);
     EXPECT_FALSE(copy);
+    copy = none;
     EXPECT_EQ(copy.Get(), nullptr);
 }
 
