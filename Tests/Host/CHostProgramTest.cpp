@@ -99,10 +99,7 @@ TEST(CHostProgram, ErrorsAreOneLineAndExitWithOne)
         std::string module;
         std::string error;
     } rows[] = {{"/nowhere", "no module at \"/nowhere\""},
-                {Tests::TestModule("partial"),
-                 "\"" + Tests::TestModule("partial") +
-                     "\" is not a plug-in module: it does not export ACFRegisterComponent, "
-                     "ACFGetClassFactory, ACFCanUnloadNow"},
+                {Tests::TestModule("partial"), Tests::MissingExportsOfPartial()},
                 {Tests::TestModule("refuses_registration"), "ACFRegisterPlugin failed with code -20004"},
                 {Tests::TestModule("empty"), "the module registered no effect"}};
     for (const auto& row : rows)

@@ -65,9 +65,7 @@ TEST(CPluginModule, MissingExportsAreNamed)
     CPluginModule module;
     std::string error;
     EXPECT_FALSE(module.Load(Tests::TestModule("partial"), error));
-    EXPECT_EQ(error, "\"" + Tests::TestModule("partial") +
-                         "\" is not a plug-in module: it does not export ACFRegisterComponent, "
-                         "ACFGetClassFactory, ACFCanUnloadNow");
+    EXPECT_EQ(error, Tests::MissingExportsOfPartial());
     EXPECT_FALSE(module.IsLoaded());
     EXPECT_EQ(module.startup, nullptr);
 }

@@ -18,4 +18,12 @@ std::string NoModuleFile()
     return NO_MODULE_FILE;
 }
 
+std::string MissingExportsOfPartial()
+{
+    return std::string(1, '"')
+        .append(TestModule("partial"))
+        .append("\" is not a plug-in module: it does not export ACFRegisterComponent, ACFGetClassFactory, "
+                "ACFCanUnloadNow");
+}
+
 } // namespace Tests

@@ -14,4 +14,7 @@ std::string TestModule(const std::string& name);
 /// A file that no loader takes for a library.
 std::string NoModuleFile();
 
+/// What the loader says of the test module "partial".
+std::string MissingExportsOfPartial();
+
 } // namespace Tests
