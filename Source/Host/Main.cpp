@@ -1,0 +1,13 @@
+#include "Host/CHostProgram.h"
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+int main(int argc, char** argv)
+{
+    std::error_code failure;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    const std::filesystem::path module = program.parent_path() / "Scope Bank.aaxplugin";
+    return Host::CHostProgram(std::cout, std::cerr, module.string()).Run(argc, argv);
+}
