@@ -86,7 +86,8 @@ public:
 
     void Process(const CProcessBlock& block) override
     {
-        if (!HasDeclaredStreams(block, GetProcessInfo()))
+        if (!HasDeclaredStreams(block.inputs, GetProcessInfo().GetInputs()) ||
+            !HasDeclaredStreams(block.outputs, GetProcessInfo().GetOutputs()))
         {
             return;
         }
@@ -107,7 +108,7 @@ public:
 
     bool ProcessSilence(const CProcessBlock& block) override
     {
-        if (block.outputs == nullptr || !HasDeclaredStreams(block, GetProcessInfo()))
+        if (block.outputs == nullptr || !HasDeclaredStreams(block.outputs, GetProcessInfo().GetOutputs()))
         {
             return false;
         }

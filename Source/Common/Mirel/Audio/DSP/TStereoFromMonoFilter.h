@@ -12,12 +12,11 @@
 namespace Mirel::Audio::DSP
 {
 
-/// Whether the block has at least the channels that the description declares; a missing list has none.
-inline bool HasDeclaredStreams(const CProcessBlock& block, const CProcessInfo& info)
+/// Whether there are at least as many channels as declared; a missing list has none.
+template <class Declared>
+bool HasDeclaredStreams(const IAudioStreams* streams, const Declared& declared)
 {
-    const int inputs = block.inputs == nullptr ? 0 : block.inputs->GetCount();
-    const int outputs = block.outputs == nullptr ? 0 : block.outputs->GetCount();
-    return inputs >= info.GetInputs().GetCount() && outputs >= info.GetOutputs().GetCount();
+    return (streams == nullptr ? 0 : streams->GetCount()) >= declared.GetCount();
 }
 
 /// Two of a mono filter, one a channel, with the same parameters. Its outputs are those of the left channel,
@@ -88,7 +87,8 @@ public:
 
     void Process(const CProcessBlock& block) override
     {
-        if (HasDeclaredStreams(block, processInfo))
+        if (HasDeclaredStreams(block.inputs, processInfo.GetInputs()) &&
+            HasDeclaredStreams(block.outputs, processInfo.GetOutputs()))
         {
             ForEachChannel(block, [](F& filter, const CProcessBlock& channel) { filter.Process(channel); });
         }
@@ -97,7 +97,7 @@ public:
     bool ProcessSilence(const CProcessBlock& block) override
     {
         bool sounds = false;
-        if (block.outputs != nullptr && HasDeclaredStreams(block, processInfo))
+        if (block.outputs != nullptr && HasDeclaredStreams(block.outputs, processInfo.GetOutputs()))
         {
             ForEachChannel(block, [&sounds](F& filter, const CProcessBlock& channel)
                            { sounds = filter.ProcessSilence(channel) || sounds; });
@@ -145,7 +145,8 @@ private:
     void ForEachChannel(const CProcessBlock& block, Action action)
     {
         CAudioStream none(nullptr, 0, block.sampleCount, 1);
-        const bool hasInputs = processInfo.GetInputs().GetCount() > 0;
+        const bool hasInputs = processInfo.GetInputs().GetCount() > 0 &&
+                               HasDeclaredStreams(block.inputs, processInfo.GetInputs());
         const bool hasOutputs = processInfo.GetOutputs().GetCount() > 0;
         int index = 0;
         for (F* filter : {&left, &right})
