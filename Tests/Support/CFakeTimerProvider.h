@@ -14,7 +14,7 @@ class CFakeTimerProvider : public Mirel::System::ITimerProvider
 public:
     void AddTimer(int periodMs, Mirel::Core::ICommand* command) override
     {
-        trace += "+" + std::to_string(periodMs);
+        (trace += '+') += std::to_string(periodMs);
         periods[command] = periodMs;
     }
 

@@ -43,8 +43,8 @@ TEST(TArgEventProvider, HandsTheArgumentToEveryListenerInOrder)
 {
     TArgEventProvider<int> provider;
     std::string trace;
-    TCall<int> a([&](int value) { trace += "a" + std::to_string(value); });
-    TCall<int> b([&](int value) { trace += "b" + std::to_string(value); });
+    TCall<int> a([&](int value) { (trace += 'a') += std::to_string(value); });
+    TCall<int> b([&](int value) { (trace += 'b') += std::to_string(value); });
     provider.Connect(a);
     provider.Connect(&b);
     provider.Connect(a);
@@ -74,10 +74,10 @@ TEST(TArgEventProvider, InnerDeliverySkipsTheActiveListenerAndCarriesItsOwnArgum
     TCall<int> a(
         [&](int value)
         {
-            trace += "a" + std::to_string(value);
+            (trace += 'a') += std::to_string(value);
             provider.Notify(value + 1);
         });
-    TCall<int> b([&](int value) { trace += "b" + std::to_string(value); });
+    TCall<int> b([&](int value) { (trace += 'b') += std::to_string(value); });
     provider.Connect(a);
     provider.Connect(b);
 
