@@ -22,6 +22,10 @@ CThreadInvokerSerializer::~CThreadInvokerSerializer()
 
 void CThreadInvokerSerializer::Start()
 {
+    if (running)
+    {
+        return; // a timer provider may keep a command twice
+    }
     running = true;
     timer->AddTimer(refreshMs, this);
 }

@@ -31,6 +31,7 @@ public:
     /// Stops. Commands that have not run are dropped; those that are owned are destroyed.
     ~CThreadInvokerSerializer() override;
 
+    /// Without effect when started already.
     void Start();
 
     /// Commands that have not run wait for the next start.

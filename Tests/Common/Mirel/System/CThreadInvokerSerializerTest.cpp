@@ -118,6 +118,17 @@ TEST_F(CThreadInvokerSerializerTest, StoppedDrainKeepsCommands)
     EXPECT_EQ(trace, "a");
 }
 
+TEST_F(CThreadInvokerSerializerTest, SecondStartAndSecondStopDoNothing)
+{
+    serializer.Start();
+    serializer.Start();
+    EXPECT_EQ(timer.trace, "+50");
+
+    serializer.Stop();
+    serializer.Stop();
+    EXPECT_EQ(timer.trace, "+50-");
+}
+
 TEST_F(CThreadInvokerSerializerTest, StopFromACommandEndsTheDrainAfterIt)
 {
     serializer.Start();
