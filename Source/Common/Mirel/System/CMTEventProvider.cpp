@@ -6,7 +6,6 @@ namespace Mirel::System
 {
 
 using Core::CAutoLock;
-using Core::CEventProvider;
 
 void CMTEventProvider::Connect(Core::ICommand* command)
 {

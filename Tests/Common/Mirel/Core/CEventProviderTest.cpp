@@ -426,6 +426,7 @@ RC_GTEST_PROP(CEventProvider, DeliversWhatAnArrayOfConnectionsWouldHold, ())
     std::vector<int> model;
     std::vector<int> trace;
     std::vector<std::unique_ptr<CFunctionCommand>> commands;
+    commands.reserve(4);
     for (int i = 0; i < 4; ++i)
     {
         commands.push_back(std::make_unique<CFunctionCommand>([&trace, i] { trace.push_back(i); }));

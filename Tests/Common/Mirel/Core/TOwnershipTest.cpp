@@ -97,7 +97,7 @@ TEST(TOwnershipWithClone, CopyOwnsACloneEvenOfABorrowedObject)
     object.value = 5;
     {
         const TOwnershipWithClone<CMortal> borrowed(&object, false);
-        TOwnershipWithClone<CMortal> copy(borrowed);
+        TOwnershipWithClone<CMortal> copy(borrowed); // NOLINT(performance-unnecessary-copy-initialization)
         EXPECT_NE(copy.Get(), &object);
         EXPECT_EQ(copy->value, 5);
         EXPECT_TRUE(copy.IsOwned());

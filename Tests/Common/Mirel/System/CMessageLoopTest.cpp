@@ -455,6 +455,7 @@ TEST(CMessageLoop, ManyThreadsMayPostInvokeAndUseTimersAtOnce)
     loop.Start();
     int runs = 0; // touched on the loop's thread only
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int t = 0; t < 4; ++t)
     {
         threads.emplace_back(

@@ -143,7 +143,7 @@ TEST(CThread, CancelEndsTheThreadAtItsWaitAndUnwindsItsStack)
     auto token = std::make_shared<int>(0);
     std::function<void()> body = [&]
     {
-        const std::shared_ptr<int> onTheStack = token;
+        const std::shared_ptr<int> onTheStack = token; // NOLINT(performance-unnecessary-copy-initialization)
         state.AboutToWait();
         timespec hour{3600, 0};
         nanosleep(&hour, nullptr);

@@ -80,6 +80,7 @@ TEST(TSingletonInstance, ThreadsShareOneInstance)
     made = 0;
     const Reference keep;
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int t = 0; t < 4; ++t)
     {
         threads.emplace_back(
