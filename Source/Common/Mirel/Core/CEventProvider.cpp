@@ -1,13 +1,11 @@
 #include "Mirel/Core/CEventProvider.h"
 
-#include <iterator>
-
 namespace Mirel::Core
 {
 
 void CEventProvider::Connect(ICommand* command)
 {
-    items.push_back({command, false});
+    listeners.Connect(command);
 }
 
 void CEventProvider::Connect(ICommand& command)
@@ -17,53 +15,17 @@ void CEventProvider::Connect(ICommand& command)
 
 void CEventProvider::Disconnect(ICommand*& command, bool destroyCommand)
 {
-    if (command == nullptr)
-    {
-        return;
-    }
-    Disconnect(command);
-    if (destroyCommand)
-    {
-        delete command; // the caller hands the listener over with this form
-        command = nullptr;
-    }
+    DisconnectAndDestroy(*this, command, destroyCommand);
 }
 
 void CEventProvider::Disconnect(ICommand* command)
 {
-    for (auto item = items.begin(); item != items.end();)
-    {
-        if (item->command != command)
-        {
-            ++item;
-        }
-        else if (item->running)
-        {
-            // The delivery on the stack still needs the item's link to go on from.
-            item->command = nullptr;
-            ++item;
-        }
-        else
-        {
-            item = items.erase(item);
-        }
-    }
+    listeners.Disconnect(command);
 }
 
 void CEventProvider::Notify() const
 {
-    for (auto item = items.begin(); item != items.end();)
-    {
-        if (item->running)
-        {
-            ++item;
-            continue;
-        }
-        item->running = true;
-        item->command->Execute();
-        item->running = false;
-        item = item->command == nullptr ? items.erase(item) : std::next(item);
-    }
+    listeners.Deliver([](ICommand& command) { command.Execute(); });
 }
 
 } // namespace Mirel::Core

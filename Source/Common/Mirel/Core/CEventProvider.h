@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Mirel/Core/IEventProvider.h"
-
-#include <list>
+#include "Mirel/Core/TListenerList.h"
 
 namespace Mirel::Core
 {
@@ -27,14 +26,7 @@ public:
     void Notify() const override;
 
 private:
-    struct CItem
-    {
-        ICommand*
-            command; ///< Null once disconnected while running: the delivery that runs it erases the item.
-        bool running;
-    };
-
-    mutable std::list<CItem> items;
+    mutable TListenerList<ICommand> listeners;
 };
 
 } // namespace Mirel::Core
