@@ -1,0 +1,139 @@
+#include "Mirel/Serialization/CXmlChildren.h"
+
+#include <tinyxml.h>
+
+#include <cstdint>
+
+namespace Mirel::Serialization
+{
+
+namespace
+{
+
+// Shorter lists are walked: an index would cost more than it saves.
+constexpr int walkedChildren = 16;
+
+} // namespace
+
+TiXmlElement* CXmlChildren::Find(std::string_view key) const
+{
+    if (element == nullptr)
+    {
+        return nullptr;
+    }
+    if (!IsIndexed())
+    {
+        TiXmlElement* child = element->FirstChildElement();
+        for (int i = 0; i < walkedChildren && child != nullptr; ++i, child = child->NextSiblingElement())
+        {
+            const char* childKey = KeyOf(*child);
+            if (childKey != nullptr && key == childKey)
+            {
+                return child;
+            }
+        }
+        if (child == nullptr)
+        {
+            return nullptr;
+        }
+        BuildIndex();
+    }
+    const auto entry = index.find(key);
+    return entry == index.end() ? nullptr : entry->second.first;
+}
+
+void CXmlChildren::Append(TiXmlElement* child)
+{
+    const bool keep = IsIndexed();
+    element->LinkEndChild(child);
+    NoteChange();
+    if (keep)
+    {
+        AddToIndex(child);
+        version = element->GetUserData();
+    }
+}
+
+void CXmlChildren::Remove(std::string_view key)
+{
+    TiXmlElement* child = Find(key);
+    if (child == nullptr)
+    {
+        return;
+    }
+    if (IsIndexed())
+    {
+        RemoveFromIndex(key);
+    }
+    const bool keep = IsIndexed();
+    element->RemoveChild(child);
+    NoteChange();
+    if (keep)
+    {
+        version = element->GetUserData();
+    }
+}
+
+void CXmlChildren::Clear()
+{
+    indexed = false;
+    index.clear();
+    if (element != nullptr)
+    {
+        element->Clear();
+        NoteChange();
+    }
+}
+
+const char* CXmlChildren::KeyOf(const TiXmlElement& child) const
+{
+    return mode == CXmlMode::NamedElements ? child.Attribute("name") : child.Value();
+}
+
+void CXmlChildren::BuildIndex() const
+{
+    index.clear();
+    for (TiXmlElement* child = element->FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement())
+    {
+        AddToIndex(child);
+    }
+    indexed = true;
+    version = element->GetUserData();
+}
+
+bool CXmlChildren::IsIndexed() const
+{
+    return indexed && version == element->GetUserData();
+}
+
+void CXmlChildren::AddToIndex(TiXmlElement* child) const
+{
+    const char* key = KeyOf(*child);
+    if (key != nullptr && !index.try_emplace(key, CEntry{child, false}).second)
+    {
+        index.find(key)->second.repeated = true;
+    }
+}
+
+/// Before the child goes, since the index's key is the child's text.
+void CXmlChildren::RemoveFromIndex(std::string_view key)
+{
+    const auto entry = index.find(key);
+    if (entry->second.repeated)
+    {
+        indexed = false;
+        index.clear();
+        return;
+    }
+    index.erase(entry);
+}
+
+/// The element's user data counts the changes, so that every index of the element can see that it is stale.
+void CXmlChildren::NoteChange()
+{
+    const auto count = reinterpret_cast<std::uintptr_t>(element->GetUserData());
+    element->SetUserData(reinterpret_cast<void*>(count + 1));
+}
+
+} // namespace Mirel::Serialization
