@@ -67,16 +67,14 @@ bool CIniDataObject::IsStorable() const
 {
     CIniStore::TNamesDepend sections;
     ownedStore->GetAllSections(sections);
+    const auto isStorable = [](const auto& entry)
+    { return IsIniKey(entry.first.pItem) && IsIniValue(entry.second); };
     return std::all_of(sections.begin(), sections.end(),
-                       [this](const auto& section)
+                       [&](const auto& name)
                        {
-                           const auto* entries = ownedStore->GetSection(section.pItem);
-                           const bool named = *section.pItem == '\0' || IsIniSection(section.pItem);
-                           return named && std::all_of(entries->begin(), entries->end(),
-                                                       [](const auto& entry) {
-                                                           return IsIniKey(entry.first.pItem) &&
-                                                                  IsIniValue(entry.second);
-                                                       });
+                           const auto* entries = ownedStore->GetSection(name.pItem);
+                           return (*name.pItem == '\0' || IsIniSection(name.pItem)) &&
+                                  std::all_of(entries->begin(), entries->end(), isStorable);
                        });
 }
 

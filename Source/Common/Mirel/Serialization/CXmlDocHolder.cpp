@@ -1,6 +1,7 @@
 #include "Mirel/Serialization/CXmlDocHolder.h"
 
 #include "Mirel/Serialization/XmlScan.h"
+#include "Mirel/Serialization/XmlText.h"
 
 #include <tinyxml.h>
 
@@ -50,11 +51,16 @@ TiXmlElement* CXmlDocHolder::ParseDocument(const std::string& text)
         document = NewDocument();
         return nullptr;
     }
+    SplitXmlTexts(*document);
     return document->FirstChildElement();
 }
 
 bool CXmlDocHolder::PrintDocument(std::string& text) const
 {
+    if (HasLostAttribute(*document))
+    {
+        return false;
+    }
     TiXmlPrinter printer;
     printer.SetStreamPrinting();
     if (!document->Accept(&printer) || !IsReadableXml(printer.Str()))

@@ -46,6 +46,27 @@ void Append(TiXmlElement& element, std::string_view text, bool cdata)
     element.LinkEndChild(node.release());
 }
 
+/// The node after this one in the order of the document, below the root.
+const TiXmlNode* NextNode(const TiXmlNode* node, const TiXmlNode* root)
+{
+    if (node->FirstChild() != nullptr)
+    {
+        return node->FirstChild();
+    }
+    while (node != root && node->NextSibling() == nullptr)
+    {
+        node = node->Parent();
+    }
+    return node == root ? nullptr : node->NextSibling();
+}
+
+/// Length of the text up to and with the first "&" that would be passed through, else of the whole.
+std::size_t PieceLength(std::string_view text)
+{
+    const std::size_t at = text.find(passedThrough);
+    return at == std::string_view::npos ? text.size() : at + 1;
+}
+
 std::size_t CountPieces(std::string_view text)
 {
     std::size_t pieces = 1;
@@ -109,6 +130,45 @@ bool IsXmlAttributeText(std::string_view text)
 {
     return text.size() <= CLimits::maxAttributeBytes && IsUtf8(text) &&
            text.find(passedThrough) == std::string_view::npos;
+}
+
+void SplitXmlTexts(TiXmlNode& root)
+{
+    for (const TiXmlNode* node = &root; node != nullptr; node = NextNode(node, &root))
+    {
+        const TiXmlText* text = node->ToText();
+        if (text == nullptr || text->CDATA())
+        {
+            continue;
+        }
+        const std::size_t piece = PieceLength(node->ValueStr());
+        if (piece == node->ValueStr().size())
+        {
+            continue;
+        }
+        // The rest becomes the next node, and is looked at in its turn.
+        auto* first = const_cast<TiXmlNode*>(node);
+        const TiXmlText rest(node->ValueStr().substr(piece));
+        first->Parent()->InsertAfterChild(first, rest);
+        first->SetValue(first->ValueStr().substr(0, piece));
+    }
+}
+
+bool HasLostAttribute(const TiXmlNode& root)
+{
+    for (const TiXmlNode* node = &root; node != nullptr; node = NextNode(node, &root))
+    {
+        const TiXmlElement* element = node->ToElement();
+        const TiXmlAttribute* attribute = element == nullptr ? nullptr : element->FirstAttribute();
+        for (; attribute != nullptr; attribute = attribute->Next())
+        {
+            if (attribute->ValueStr().find(passedThrough) != std::string::npos)
+            {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 } // namespace Mirel::Serialization

@@ -4,6 +4,7 @@
 #include <string_view>
 
 class TiXmlElement;
+class TiXmlNode;
 
 namespace Mirel::Serialization
 {
@@ -23,5 +24,12 @@ const char* GetXmlText(const TiXmlElement& element, std::string& joined);
 
 /// Whether an attribute keeps the text: it cannot be split, so one with "&#x" in it is not kept.
 bool IsXmlAttributeText(std::string_view text);
+
+/// Splits the parsed texts below the node as AppendXmlText does, so that the library writes them as they were
+/// read.
+void SplitXmlTexts(TiXmlNode& root);
+
+/// Whether the library would write an attribute below the node in another form than it was read.
+bool HasLostAttribute(const TiXmlNode& root);
 
 } // namespace Mirel::Serialization

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "Mirel/Serialization/DataStreams.h"
+#include "Require.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Fuzz
+{
+
+using Mirel::Serialization::IDeSerialize;
+using Mirel::Serialization::IReadDataStream;
+
+inline constexpr const char* keys[] = {"a", "b", "k", "name", "Item0", "ItemsCount", "value", "type", ""};
+
+/// The string under the key; empty-handed if there is none.
+inline std::optional<std::string> ReadString(const IReadDataStream& stream, const char* key)
+{
+    char* text = nullptr;
+    if (!stream.Read(key, text))
+    {
+        return std::nullopt;
+    }
+    const std::unique_ptr<char[]> holder(text);
+    return text == nullptr ? std::string() : std::string(text);
+}
+
+/// Reads every kind of value under every key, and so on in the nested objects.
+class CReadAll : public IDeSerialize
+{
+public:
+    explicit CReadAll(int depth_ = 0) : depth(depth_) {}
+
+    bool Deserialize(const IReadDataStream& stream) override
+    {
+        for (const char* key : keys)
+        {
+            bool flag = false;
+            int number = 0;
+            float single = 0.0F;
+            double wide = 0.0;
+            void* bytes = nullptr;
+            unsigned size = 0;
+            stream.Read(key, flag);
+            stream.Read(key, number);
+            stream.Read(key, single);
+            stream.Read(key, wide);
+            ReadString(stream, key);
+            if (stream.Read(key, bytes, size))
+            {
+                Require(bytes != nullptr || size == 0);
+                delete[] static_cast<char*>(bytes);
+            }
+            constexpr int maxDepth = 3;
+            CReadAll nested(depth + 1);
+            if (depth < maxDepth && stream.Read(key, static_cast<IDeSerialize&>(nested)))
+            {
+                Require(stream.Exists(key));
+            }
+        }
+        return true;
+    }
+
+private:
+    int depth;
+};
+
+/// What was loaded is saved, loaded and saved to the same text; what was written is read back the same.
+/// Object is CXmlDataObject or CIniDataObject, made by make.
+template <class Make>
+void CheckTextForm(const std::string& document, const std::string& value, Make make)
+{
+    auto object = make();
+    const bool loaded = object->LoadFromMemory(document.data(), document.size());
+    CReadAll().Deserialize(*object);
+    std::string first;
+    if (loaded && object->SaveToText(first))
+    {
+        auto again = make();
+        std::string second;
+        Require(again->LoadFromMemory(first.data(), first.size()));
+        Require(again->SaveToText(second));
+        Require(first == second);
+        for (const char* key : keys)
+        {
+            Require(ReadString(*object, key) == ReadString(*again, key));
+        }
+    }
+    for (const char* key : keys)
+    {
+        std::string text;
+        if (object->Write(key, value.c_str()) && object->SaveToText(text))
+        {
+            auto again = make();
+            Require(again->LoadFromMemory(text.data(), text.size()));
+            Require(ReadString(*again, key) == std::string(value.c_str()));
+        }
+    }
+    object->Remove("k");
+    Require(!object->Exists("k") || loaded);
+    object->Clear();
+    Require(!object->Exists("a"));
+}
+
+} // namespace Fuzz
