@@ -149,7 +149,7 @@ bool CXmlBaseDataObject::Write(const char* key, const ISerialize& object)
         return false;
     }
     TiXmlElement* child = NewChild(key, objectKind);
-    Remove(key);
+    RemoveAll(key);
     children.Append(child);
     CXmlBaseDataObject nested(child, mode);
     return object.Serialize(nested);
@@ -166,6 +166,15 @@ void CXmlBaseDataObject::Remove(const char* key)
         element->RemoveAttribute(key);
     }
     children.Remove(key);
+}
+
+void CXmlBaseDataObject::RemoveAll(const char* key)
+{
+    if (mode == CXmlMode::Attributes)
+    {
+        element->RemoveAttribute(key);
+    }
+    children.RemoveAll(key);
 }
 
 void CXmlBaseDataObject::Clear()
@@ -226,7 +235,7 @@ bool CXmlBaseDataObject::WriteText(const char* key, const char* kind, const char
     if (mode == CXmlMode::Attributes)
     {
         const std::string copy = text; // which may stand in the attribute that goes
-        Remove(key);
+        RemoveAll(key);
         if (!IsXmlAttributeText(copy))
         {
             return false;
@@ -236,7 +245,7 @@ bool CXmlBaseDataObject::WriteText(const char* key, const char* kind, const char
     }
     std::unique_ptr<TiXmlElement> child(NewChild(key, kind));
     const bool stored = AppendXmlText(*child, text);
-    Remove(key);
+    RemoveAll(key);
     if (stored)
     {
         children.Append(child.release());

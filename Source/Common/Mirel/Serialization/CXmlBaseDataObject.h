@@ -51,6 +51,7 @@ public:
     bool Write(const char* key, const void* data, unsigned size) override;
     /// Creates the nested object even if the given one cannot write itself; its result is the result.
     bool Write(const char* key, const ISerialize& object) override;
+    /// The first of that key: a file can have several. A write removes them all.
     void Remove(const char* key) override;
     void Clear() override;
 
@@ -69,6 +70,7 @@ private:
     bool WriteText(const char* key, const char* kind, const char* text);
     TiXmlElement* NewChild(const char* key, const char* kind) const;
     bool IsKey(const char* key) const;
+    void RemoveAll(const char* key);
 
     TiXmlElement* element;
     int mode;

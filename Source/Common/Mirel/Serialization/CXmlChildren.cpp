@@ -3,6 +3,7 @@
 #include <tinyxml.h>
 
 #include <cstdint>
+#include <string>
 
 namespace Mirel::Serialization
 {
@@ -57,20 +58,31 @@ void CXmlChildren::Append(TiXmlElement* child)
 void CXmlChildren::Remove(std::string_view key)
 {
     TiXmlElement* child = Find(key);
-    if (child == nullptr)
+    if (child != nullptr)
     {
+        Destroy(child, key);
+    }
+}
+
+void CXmlChildren::RemoveAll(std::string_view key)
+{
+    TiXmlElement* child = Find(key);
+    const bool single = IsIndexed() && child != nullptr && !index.find(key)->second.repeated;
+    if (single)
+    {
+        Destroy(child, key);
         return;
     }
-    if (IsIndexed())
+    const std::string copy(key); // which may stand in the first child that goes
+    while (child != nullptr)
     {
-        RemoveFromIndex(key);
-    }
-    const bool keep = IsIndexed();
-    element->RemoveChild(child);
-    NoteChange();
-    if (keep)
-    {
-        version = element->GetUserData();
+        TiXmlElement* next = child->NextSiblingElement();
+        const char* childKey = KeyOf(*child);
+        if (childKey != nullptr && copy == childKey)
+        {
+            Destroy(child, copy);
+        }
+        child = next;
     }
 }
 
@@ -116,17 +128,22 @@ void CXmlChildren::AddToIndex(TiXmlElement* child) const
     }
 }
 
-/// Before the child goes, since the index's key is the child's text.
-void CXmlChildren::RemoveFromIndex(std::string_view key)
+void CXmlChildren::Destroy(TiXmlElement* child, std::string_view key)
 {
-    const auto entry = index.find(key);
-    if (entry->second.repeated)
+    const auto entry = IsIndexed() ? index.find(key) : index.end();
+    const bool keep = entry != index.end() && !entry->second.repeated;
+    if (keep)
+    {
+        index.erase(entry); // before its key goes with the child
+    }
+    else
     {
         indexed = false;
         index.clear();
-        return;
     }
-    index.erase(entry);
+    element->RemoveChild(child);
+    NoteChange();
+    version = element->GetUserData();
 }
 
 /// The element's user data counts the changes, so that every index of the element can see that it is stale.

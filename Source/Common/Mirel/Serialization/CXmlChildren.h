@@ -37,6 +37,10 @@ public:
     /// Destroys the first child of that key, if there is one.
     void Remove(std::string_view key);
 
+    /// Destroys all children of that key: a file can have several, and one left over would hide what is
+    /// appended.
+    void RemoveAll(std::string_view key);
+
     /// Destroys all child nodes, also those that are no elements.
     void Clear();
 
@@ -51,7 +55,7 @@ private:
     void BuildIndex() const;
     bool IsIndexed() const;
     void AddToIndex(TiXmlElement* child) const;
-    void RemoveFromIndex(std::string_view key);
+    void Destroy(TiXmlElement* child, std::string_view key);
     void NoteChange();
 
     TiXmlElement* element;
