@@ -53,12 +53,21 @@ bool CIniDataObject::Load(const std::string& text)
     {
         return false;
     }
-    if (ownedStore->LoadData(text) < 0)
+    if (ownedStore->LoadData(text) < 0 || HasOpenSection())
     {
         ownedStore->Reset();
         return false;
     }
     return true;
+}
+
+/// The library takes the lines from a "[" without "]" up to the next key for a section's name.
+bool CIniDataObject::HasOpenSection() const
+{
+    CIniStore::TNamesDepend sections;
+    ownedStore->GetAllSections(sections);
+    return std::any_of(sections.begin(), sections.end(),
+                       [](const auto& name) { return std::strpbrk(name.pItem, "\r\n") != nullptr; });
 }
 
 /// What a file brought may be more than the library can write: a block of lines can hold what only looks like

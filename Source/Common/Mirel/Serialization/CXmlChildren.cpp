@@ -67,8 +67,15 @@ void CXmlChildren::Remove(std::string_view key)
 void CXmlChildren::RemoveAll(std::string_view key)
 {
     TiXmlElement* child = Find(key);
-    const bool single = IsIndexed() && child != nullptr && !index.find(key)->second.repeated;
-    if (single)
+    if (child == nullptr)
+    {
+        return;
+    }
+    if (!IsIndexed())
+    {
+        BuildIndex(); // or each rewritten key would walk the whole list for others like it
+    }
+    if (!index.find(key)->second.repeated)
     {
         Destroy(child, key);
         return;
