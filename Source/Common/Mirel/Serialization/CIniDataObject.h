@@ -22,9 +22,9 @@ public:
     CIniDataObject& operator=(const CIniDataObject&) = delete;
     ~CIniDataObject() override;
 
-    /// Replaces the content. False, with no content, for a file that is not there, is too long or has a
-    /// zero in it, and where entries follow a section line without its "]". Other lines that are neither
-    /// entry, section nor comment are passed over.
+    /// Replaces the content. False, with no content, for a file that is not there, is too long or has a zero
+    /// in it, and where entries follow a section line without its "]". Other lines that are neither entry,
+    /// section nor comment are passed over.
     bool LoadFromFile(const char* path);
     bool LoadFromMemory(const char* text, std::size_t length);
 
