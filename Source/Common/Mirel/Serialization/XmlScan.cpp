@@ -36,7 +36,7 @@ bool IsNameCharacter(char c)
 /// Length of the name at the start of the text, 0 if there is none.
 std::size_t NameLength(std::string_view text)
 {
-    if (text.empty() || !IsNameStart(text.front()))
+    if (text.empty() || !IsNameStart(text.front()) || BeginsWithSkippedMark(text))
     {
         return 0;
     }
@@ -295,6 +295,12 @@ bool IsReadableXml(std::string_view text)
 {
     return text.size() <= CLimits::maxXmlBytes && text.find('\0') == std::string_view::npos && IsUtf8(text) &&
            CXmlScanner(text).Scan();
+}
+
+bool BeginsWithSkippedMark(std::string_view text)
+{
+    return text.starts_with(byteOrderMark) || text.starts_with("\xEF\xBF\xBE") ||
+           text.starts_with("\xEF\xBF\xBF");
 }
 
 bool IsXmlName(std::string_view text)

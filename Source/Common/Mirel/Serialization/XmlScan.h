@@ -15,8 +15,11 @@ namespace Mirel::Serialization
 /// which nothing fetches.
 bool IsReadableXml(std::string_view text);
 
-/// Whether the text can name an element or attribute: an ASCII letter, "_" or a non-ASCII character, then
-/// also digits, ".", "-", ":".
+/// Whether the text begins with U+FEFF, U+FFFE or U+FFFF, which the library skips like white space.
+bool BeginsWithSkippedMark(std::string_view text);
+
+/// Whether the text can name an element or attribute: an ASCII letter, "_" or a non-ASCII character that the
+/// library does not skip, then also digits, ".", "-", ":".
 bool IsXmlName(std::string_view text);
 
 } // namespace Mirel::Serialization

@@ -2,6 +2,7 @@
 
 #include "Mirel/Serialization/Limits.h"
 #include "Mirel/Serialization/Utf8.h"
+#include "Mirel/Serialization/XmlScan.h"
 
 #include <tinyxml.h>
 
@@ -26,8 +27,7 @@ bool IsSkippedWhole(std::string_view text)
         {
             text.remove_prefix(1);
         }
-        else if (text.starts_with("\xEF\xBB\xBF") || text.starts_with("\xEF\xBF\xBE") ||
-                 text.starts_with("\xEF\xBF\xBF"))
+        else if (BeginsWithSkippedMark(text))
         {
             text.remove_prefix(3);
         }

@@ -95,6 +95,8 @@ TEST(XmlScan, RefusesWhatIsNotWellFormed)
              "<a>\xE2\x82</a>",
              "<a>\xFF</a>",
              "<a\f/>",
+             "<\xEF\xBB\xBF/>",
+             "<a \xEF\xBF\xBFk='v'/>",
          })
     {
         EXPECT_FALSE(IsReadableXml(text)) << text;
@@ -104,12 +106,16 @@ TEST(XmlScan, RefusesWhatIsNotWellFormed)
 
 TEST(XmlScan, KnowsNames)
 {
-    for (const char* name : {"a", "_", "Item0", "a-b", "a.b", "a:b", "\xC3\xA9", "x\xE2\x82\xAC"})
+    for (const char* name :
+         {"a", "_", "Item0", "a-b", "a.b", "a:b", "a\xEF\xBB\xBF", "\xC3\xA9", "x\xE2\x82\xAC"})
     {
         EXPECT_TRUE(IsXmlName(name)) << name;
     }
     for (const char* name :
-         {"", "0", "-a", ":a", ".a", "a b", " a", "a/b", "a=b", "a<", "a\x7F", "\xC3", "a\n"})
+         {"", "0", "-a", ":a", ".a", "a b", " a", "a/b", "a=b", "a<", "a\x7F", "\xEF\xBB\xBF",
+          "\xEF\xBF\xBE"
+          "a",
+          "\xEF\xBF\xBF", "\xC3", "a\n"})
     {
         EXPECT_FALSE(IsXmlName(name)) << name;
     }
