@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Mirel/Serialization/DataStreams.h"
+#include "Mirel/Serialization/ITypeSerializable.h"
 
 namespace Mirel::Math
 {
@@ -11,13 +11,9 @@ namespace Mirel::Math
 /// Function objects are immutable once published and may then be evaluated from any thread; a change is made
 /// by replacing the object. Evaluation allocates nothing.
 template <class I>
-class TIParametrizedFunction : public Serialization::ISerializable
+class TIParametrizedFunction : public Serialization::ITypeSerializable
 {
 public:
-    /// The class key under which the object is saved and created again; null for a class that is not saved by
-    /// key. Static text.
-    virtual const char* GetTypeKey() const = 0;
-
     /// A new object, owned by the caller, with clones of all that this one holds.
     virtual I* Clone() const = 0;
 };
@@ -26,6 +22,8 @@ public:
 class IFunction : public TIParametrizedFunction<IFunction>
 {
 public:
+    static constexpr const char* classKey = "{EC7456EE-AA8C-421c-B49E-3E5CA6519665}";
+
     virtual float operator()(float x) const = 0;
 };
 
@@ -33,6 +31,8 @@ public:
 class IBinaryFunction : public TIParametrizedFunction<IBinaryFunction>
 {
 public:
+    static constexpr const char* classKey = "{C3FE0CFA-7AAC-413b-B803-A9B885B86EE1}";
+
     virtual float operator()(float x, float y) const = 0;
 };
 
@@ -40,6 +40,8 @@ public:
 class IConstant : public TIParametrizedFunction<IConstant>
 {
 public:
+    static constexpr const char* classKey = "{EAD44198-7EE3-4880-BC12-476597EF40AA}";
+
     virtual float operator()() const = 0;
 };
 
