@@ -36,7 +36,6 @@ target_compile_options(
             -Wcast-align
             -Wunused
             -Wformat=2
-            -Wnull-dereference
             -Wdouble-promotion)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(mirel_options INTERFACE -Wduplicated-cond -Wlogical-op -fpch-preprocess)
@@ -51,8 +50,8 @@ if(MIREL_SANITIZE)
     mirel_options INTERFACE -fsanitize=${MIREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(mirel_options INTERFACE -fsanitize=${MIREL_SANITIZE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # The sanitizers' extra branches make g++ warn of null pointers that the code rules out.
-    target_compile_options(mirel_options INTERFACE -Wno-null-dereference -Wno-maybe-uninitialized)
+    # The sanitizers' extra branches make g++ warn of values that the code does set.
+    target_compile_options(mirel_options INTERFACE -Wno-maybe-uninitialized)
   endif()
 endif()
 if(MIREL_LIBFUZZER)

@@ -59,6 +59,9 @@ COscilloscope::COscilloscope() : waveform(-secondsShown, 0.0f), histogram(histog
     ConnectCurves();
     curvesDirty.Add();
     curvesDirty.Add();
+    // Made at their first use, which must not be on the audio thread.
+    OscilloscopeProcess();
+    OscilloscopeProduct();
 }
 
 COscilloscope::COscilloscope(const COscilloscope& other)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Mirel/Math/IFunction.h"
-#include "Mirel/Math/TableFields.h"
+#include "Mirel/Serialization/TLookupTableSerializer.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -89,29 +89,23 @@ public:
 
     bool Serialize(Serialization::IWriteDataStream& stream) const override
     {
-        bool ok = stream.Write("size", table.GetSize());
-        ok = stream.Write("start", start) && ok;
+        bool ok = stream.Write("start", start);
         ok = stream.Write("writePos", writePos) && ok;
         ok = stream.Write("stop", stop) && ok;
-        return WriteTableValues(stream, table.GetEntries()) && ok;
+        return stream.Write("values", Serialization::TLookupTableSerializer(table, "value")) && ok;
     }
 
     /// The range stays the object's own. On false all is as it was.
     bool Deserialize(const Serialization::IReadDataStream& stream) override
     {
         TCircularLUTFunction read(table.GetXMin(), table.GetXMax());
-        int size = 0;
-        if (!stream.Read("size", size) || size < 0 || size > maxTableSize)
-        {
-            return false;
-        }
-        read.table.SetSize(size);
+        Serialization::TLookupTableDeSerializer reader(read.table, "value");
         if (!stream.Read("start", read.start) || !stream.Read("writePos", read.writePos) ||
-            !stream.Read("stop", read.stop) || !read.IsConsistent() ||
-            !ReadTableValues(stream, read.table.GetEntries()))
+            !stream.Read("stop", read.stop) || !stream.Read("values", reader) || !read.IsConsistent())
         {
             return false;
         }
+        read.FillGuards();
         *this = std::move(read);
         return true;
     }

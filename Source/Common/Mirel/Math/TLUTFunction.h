@@ -3,7 +3,7 @@
 #include "Mirel/Core/Interpolators.h"
 #include "Mirel/Core/TLookupTable.h"
 #include "Mirel/Math/IFunction.h"
-#include "Mirel/Math/TableFields.h"
+#include "Mirel/Serialization/TLookupTableSerializer.h"
 
 #include <utility>
 
@@ -40,7 +40,7 @@ public:
     bool Serialize(Serialization::IWriteDataStream& stream) const override
     {
         const bool ok = stream.Write("xMin", table.GetXMin()) && stream.Write("xMax", table.GetXMax());
-        return stream.Write("size", table.GetSize()) && WriteTableValues(stream, table.GetEntries()) && ok;
+        return stream.Write("values", Serialization::TLookupTableSerializer(table, "value")) && ok;
     }
 
     /// On false the table is as it was.
@@ -48,14 +48,13 @@ public:
     {
         float xMin = 0.0f;
         float xMax = 0.0f;
-        int size = 0;
-        if (!stream.Read("xMin", xMin) || !stream.Read("xMax", xMax) || !stream.Read("size", size) ||
-            size < 0 || size > maxTableSize)
+        if (!stream.Read("xMin", xMin) || !stream.Read("xMax", xMax))
         {
             return false;
         }
-        L read(xMin, xMax, size);
-        if (!ReadTableValues(stream, read.GetEntries()))
+        L read(xMin, xMax);
+        Serialization::TLookupTableDeSerializer reader(read, "value");
+        if (!stream.Read("values", reader))
         {
             return false;
         }

@@ -4,7 +4,7 @@
 #include "Mirel/Serialization/CIniStore.h"
 #include "Mirel/Serialization/IniText.h"
 #include "Mirel/Serialization/Limits.h"
-#include "Mirel/Serialization/NewText.h"
+#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/NumberText.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ bool CIniBaseDataObject::Read(const char* key, char*& value) const
     {
         return false;
     }
-    value = NewText(text);
+    value = Core::NewText(text);
     return true;
 }
 

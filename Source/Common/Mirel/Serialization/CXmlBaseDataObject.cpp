@@ -2,7 +2,7 @@
 
 #include "Mirel/Serialization/Base64.h"
 #include "Mirel/Serialization/Limits.h"
-#include "Mirel/Serialization/NewText.h"
+#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/NumberText.h"
 #include "Mirel/Serialization/XmlScan.h"
 #include "Mirel/Serialization/XmlText.h"
@@ -74,7 +74,7 @@ bool CXmlBaseDataObject::Read(const char* key, char*& value) const
     }
     std::string joined;
     const char* text = FindText(key, joined);
-    value = NewText(text == nullptr ? "" : text);
+    value = Core::NewText(text == nullptr ? "" : text);
     return true;
 }
 
