@@ -25,6 +25,7 @@ const std::vector<std::string>& Keys()
     static const std::vector<std::string> keys = []
     {
         std::vector<std::string> made;
+        made.reserve(entries);
         for (int i = 0; i < entries; ++i)
         {
             made.push_back("parameter" + std::to_string(i));

@@ -15,8 +15,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     // A copy of exactly the text's size, so that a read past its end is seen.
     const std::string input(data, data + size);
-    const std::unique_ptr<char[]> text(new char[std::strlen(input.c_str()) + 1]);
-    std::strcpy(text.get(), input.c_str());
+    const std::size_t length = std::strlen(input.c_str());
+    const std::unique_ptr<char[]> text(new char[length + 1]);
+    std::memcpy(text.get(), input.c_str(), length + 1);
     std::uint32_t count = 0;
     const std::unique_ptr<char[]> decoded(DecodeBase64(text.get(), count));
     Fuzz::Require((decoded != nullptr) == (std::strlen(text.get()) % 4 == 0));

@@ -13,7 +13,7 @@ namespace
 {
 
 // The size of a nested data object says only that there is one.
-constexpr std::uint32_t objectSize = sizeof(CMemDataObject*);
+constexpr std::uint32_t objectSize = sizeof(void*);
 
 char* NewCopy(const void* source, std::uint32_t size)
 {

@@ -157,6 +157,7 @@ void CXmlChildren::Destroy(TiXmlElement* child, std::string_view key)
 void CXmlChildren::NoteChange()
 {
     const auto count = reinterpret_cast<std::uintptr_t>(element->GetUserData());
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a count is all that the pointer holds.
     element->SetUserData(reinterpret_cast<void*>(count + 1));
 }
 

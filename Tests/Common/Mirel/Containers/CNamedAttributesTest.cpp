@@ -148,7 +148,7 @@ RC_GTEST_PROP(CNamedAttributes, BehavesLikeAStandardMap,
     for (const auto& [choice, text] : operations)
     {
         const std::string name(1, static_cast<char>('a' + choice % 5));
-        const std::string value = text.c_str(); // up to the first zero
+        const std::string value = text.substr(0, text.find('\0'));
         if (choice < 200)
         {
             attributes.Set(name.c_str(), value.c_str());

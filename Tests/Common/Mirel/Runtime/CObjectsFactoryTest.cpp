@@ -20,7 +20,6 @@ struct INumber
 
 struct IOther
 {
-    static constexpr const char* classKey = "{other}";
     virtual int GetOther() const = 0;
     virtual ~IOther() = default;
 };

@@ -184,9 +184,8 @@ TEST(CIniDataObject, ClearTakesASectionWithAllThatIsNested)
 
 TEST(CIniDataObject, RefusesAKeyThatWouldNotBeFoundAgain)
 {
-    for (const char* key : {"", " a", "a ", "\ta", "a\n", "a\nb", "a\rb", "a=b", ";a", "#a", "[a",
-                            "\xEF\xBB\xBF"
-                            "a"})
+    for (const char* key :
+         {"", " a", "a ", "\ta", "a\n", "a\nb", "a\rb", "a=b", ";a", "#a", "[a", "\xEF\xBB\xBF_a"})
     {
         CIniDataObject object;
         EXPECT_FALSE(object.Write(key, 1)) << key;

@@ -276,7 +276,8 @@ TEST(CXmlBaseDataObject, TwoObjectsOnOneElementSeeEachOthersChanges)
     {
         object.Write(("k" + std::to_string(i)).c_str(), i);
     }
-    CXmlBaseDataObject other = object;
+    const CXmlBaseDataObject& base = object;
+    CXmlBaseDataObject other = base;
     EXPECT_EQ(ReadAs<int>(object, "k39"), 39);
     EXPECT_EQ(ReadAs<int>(other, "k39"), 39);
     other.Write("k39", 100);

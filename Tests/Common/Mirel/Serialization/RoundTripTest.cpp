@@ -40,8 +40,9 @@ public:
     /// Leaves out what the stream refuses, so that only what it took is looked for later.
     bool Serialize(IWriteDataStream& stream) const override
     {
-        for (auto& [key, value] : values)
+        for (const auto& [name, value] : values)
         {
+            const std::string& key = name; // a binding cannot be captured
             const bool written =
                 std::visit([&](const auto& v) { return WriteValue(stream, key.c_str(), v); }, value);
             if (written)
@@ -55,8 +56,9 @@ public:
     /// Checks every accepted value, and that nothing else is there.
     void Check(const IReadDataStream& stream) const
     {
-        for (const auto& [key, value] : values)
+        for (const auto& [name, value] : values)
         {
+            const std::string& key = name; // a binding cannot be captured
             const bool taken = std::find(accepted.begin(), accepted.end(), key) != accepted.end();
             RC_ASSERT(stream.Exists(key.c_str()) == taken);
             if (taken)

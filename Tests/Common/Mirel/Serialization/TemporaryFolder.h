@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -38,8 +38,9 @@ public:
 
     std::string Read(const std::string& name) const
     {
-        std::ifstream file(path / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ostringstream content;
+        content << std::ifstream(path / name, std::ios::binary).rdbuf();
+        return content.str();
     }
 
     /// Names of all that is in the folder.

@@ -37,8 +37,7 @@ TEST(Utf8, RefusesWhatIsNotOne)
         {"cut short in two", "\xC3"},
         {"cut short in three", "\xE2\x82"},
         {"cut short in four", "\xF0\x9F\x92"},
-        {"third byte is no continuation", "\xE2\x82"
-                                          "a"},
+        {"third byte is no continuation", "\xE2\x82_"},
         {"no byte of UTF-8", "\xFF"},
     };
     for (const auto& c : cases)

@@ -54,7 +54,7 @@ TEST(WriteFileWhole, KeepsTheOldFileWhenTheDiskTakesNoMore)
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
     const bool written = WriteFileWhole(folder.GetPath("a").c_str(), std::string(5000, 'x'));
     setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    static_cast<void>(std::signal(SIGXFSZ, handler));
     EXPECT_FALSE(written);
     EXPECT_EQ(folder.Read("a"), "old");
     EXPECT_THAT(folder.List(), UnorderedElementsAre("a"));
