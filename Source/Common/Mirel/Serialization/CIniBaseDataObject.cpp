@@ -1,10 +1,10 @@
 #include "Mirel/Serialization/CIniBaseDataObject.h"
 
+#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/Base64.h"
 #include "Mirel/Serialization/CIniStore.h"
 #include "Mirel/Serialization/IniText.h"
 #include "Mirel/Serialization/Limits.h"
-#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/NumberText.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "Mirel/Serialization/CXmlBaseDataObject.h"
 
+#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/Base64.h"
 #include "Mirel/Serialization/Limits.h"
-#include "Mirel/Core/NewText.h"
 #include "Mirel/Serialization/NumberText.h"
 #include "Mirel/Serialization/XmlScan.h"
 #include "Mirel/Serialization/XmlText.h"

@@ -21,9 +21,12 @@ using CSpline = TLookupTable<float, TConstrainedSplineInterpolator<float, float>
 
 TEST(TLUTFunction, ClassKeyNamesTheInterpolator)
 {
-    EXPECT_STREQ(TLUTFunction<CNearest>(CNearest(0.0f, 1.0f)).GetTypeKey(), "{231C870E-FE12-41c6-8C0D-922CA68AD4F4}");
-    EXPECT_STREQ(TLUTFunction<CSpline>(CSpline(0.0f, 1.0f)).GetTypeKey(), "{CBE364D9-829B-4dd4-91B0-69DE39D28923}");
-    EXPECT_STREQ(TCircularLUTFunction<CSpline>(0.0f, 1.0f).GetTypeKey(), "{AAC13163-0B6E-4a60-A1BE-257878A0B336}");
+    EXPECT_STREQ(TLUTFunction<CNearest>(CNearest(0.0f, 1.0f)).GetTypeKey(),
+                 "{231C870E-FE12-41c6-8C0D-922CA68AD4F4}");
+    EXPECT_STREQ(TLUTFunction<CSpline>(CSpline(0.0f, 1.0f)).GetTypeKey(),
+                 "{CBE364D9-829B-4dd4-91B0-69DE39D28923}");
+    EXPECT_STREQ(TCircularLUTFunction<CSpline>(0.0f, 1.0f).GetTypeKey(),
+                 "{AAC13163-0B6E-4a60-A1BE-257878A0B336}");
 }
 
 TEST(TLUTFunction, SavedTableReadsBackWithItsRange)

@@ -99,7 +99,11 @@ class CConstParamsVariationsDeMux : public IConstParamsVariations
 public:
     CConstParamsVariationsDeMux(const IConstParamsVariations* source, int first, int last)
     {
-        count = source == nullptr ? 0 : std::min(source->GetCount(), maxVariationOrders);
+        if (source == nullptr)
+        {
+            return;
+        }
+        count = std::min(source->GetCount(), maxVariationOrders);
         for (int k = 0; k < count; ++k)
         {
             windows[static_cast<std::size_t>(k)].emplace((*source)[k], first, last);
@@ -114,7 +118,7 @@ public:
 
 private:
     std::array<std::optional<CConstParamsValuesDeMux>, maxVariationOrders> windows;
-    int count;
+    int count = 0;
 };
 
 } // namespace Mirel::Audio::DSP
