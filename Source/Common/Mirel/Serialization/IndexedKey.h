@@ -7,9 +7,6 @@ namespace Mirel::Serialization
 {
 
 /// The key of a list's item: the name, then the index in plain decimal ("value12").
-inline std::string IndexedKey(std::string_view name, int index)
-{
-    return std::string(name) + std::to_string(index);
-}
+std::string IndexedKey(std::string_view name, int index);
 
 } // namespace Mirel::Serialization

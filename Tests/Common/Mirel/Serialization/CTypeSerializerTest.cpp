@@ -136,6 +136,7 @@ TEST(TRuntimeDeSerializer, WorksForEachFunctionInterface)
     CTypeSerializer(&sum).Serialize(stream);
     TRuntimeDeSerializer<Math::IBinaryFunction> binary;
     ASSERT_TRUE(binary.Deserialize(stream));
+    ASSERT_NE(binary.Get(), nullptr);
     EXPECT_EQ((*binary.Get())(1.0F, 2.0F), 3.0F);
 
     stream.Clear();
@@ -143,6 +144,7 @@ TEST(TRuntimeDeSerializer, WorksForEachFunctionInterface)
     CTypeSerializer(&nine).Serialize(stream);
     TRuntimeDeSerializer<Math::IConstant> constant;
     ASSERT_TRUE(constant.Deserialize(stream));
+    ASSERT_NE(constant.Get(), nullptr);
     EXPECT_EQ((*constant.Get())(), 9.0F);
 }
 

@@ -1,6 +1,7 @@
 #include "Mirel/Serialization/CXmlBaseDataObject.h"
 
 #include "Mirel/Serialization/CXmlDataObject.h"
+#include "Mirel/Serialization/IndexedKey.h"
 #include "Values.h"
 
 #include <gtest/gtest.h>
@@ -274,7 +275,7 @@ TEST(CXmlBaseDataObject, TwoObjectsOnOneElementSeeEachOthersChanges)
     CXmlDataObject object("Root");
     for (int i = 0; i < 40; ++i)
     {
-        object.Write(("k" + std::to_string(i)).c_str(), i);
+        object.Write(IndexedKey("k", i).c_str(), i);
     }
     const CXmlBaseDataObject& base = object;
     CXmlBaseDataObject other = base;

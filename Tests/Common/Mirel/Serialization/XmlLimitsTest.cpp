@@ -127,7 +127,8 @@ TEST(XmlLimits, ReadsAListOfManyChildrenInLinearTime)
     std::string text = "<r>";
     for (int i = 0; i < count; ++i)
     {
-        text += "<v" + std::to_string(i) + ">1</v" + std::to_string(i) + ">";
+        const std::string name = IndexedKey("v", i);
+        text.append("<").append(name).append(">1</").append(name).append(">");
     }
     text += "</r>";
     CXmlDataObject object("Root");
@@ -135,7 +136,7 @@ TEST(XmlLimits, ReadsAListOfManyChildrenInLinearTime)
     int sum = 0;
     for (int i = 0; i < count; ++i)
     {
-        sum += ReadAs<int>(object, ("v" + std::to_string(i)).c_str()).value_or(0);
+        sum += ReadAs<int>(object, IndexedKey("v", i).c_str()).value_or(0);
     }
     EXPECT_EQ(sum, count);
 }
