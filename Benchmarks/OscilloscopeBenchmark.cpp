@@ -92,6 +92,7 @@ void Process(benchmark::State& state)
     CRingCopies copies(static_cast<std::size_t>(sampleRate));
 
     std::vector<CAudioStream> streams;
+    streams.reserve(static_cast<std::size_t>(blocks));
     for (int i = 0; i < blocks; ++i)
     {
         streams.emplace_back(signal.data(), i * block, block, 1);
@@ -118,7 +119,7 @@ void Process(benchmark::State& state)
                 {
                     for (int i = 0; i < blocks; ++i)
                     {
-                        literal->Process(signal.data() + i * block, block);
+                        literal->Process(signal.data() + std::ptrdiff_t{i} * block, block);
                     }
                 });
     contest.Add("memcpy",
@@ -126,7 +127,7 @@ void Process(benchmark::State& state)
                 {
                     for (int i = 0; i < blocks; ++i)
                     {
-                        copies.Copy(signal.data() + i * block, static_cast<std::size_t>(block));
+                        copies.Copy(signal.data() + std::ptrdiff_t{i} * block, static_cast<std::size_t>(block));
                     }
                 });
     contest.Run();

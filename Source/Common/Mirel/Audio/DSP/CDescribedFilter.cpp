@@ -59,6 +59,7 @@ void CDescribedFilter::SetDefaultParams()
 {
     const int count = inputParamsInfo.GetCount();
     std::vector<float> values;
+    values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         values.push_back(inputParamsInfo[i].GetDefault());

@@ -3,6 +3,8 @@
 #include "Mirel/Containers/TDynamicCollection.h"
 #include "Mirel/DataModel/CObjectInfo.h"
 
+#include <utility>
+
 namespace Mirel::Audio::DSP
 {
 
@@ -30,6 +32,9 @@ public:
     /// The records are copied from the arrays of as many entries; without an array they are nameless.
     CProcessInfo(int inputCount, int outputCount, const CInputInfo* inputs_ = nullptr,
                  const COutputInfo* outputs_ = nullptr);
+
+    /// Takes the records over.
+    CProcessInfo(CInputs inputs_, COutputs outputs_) : inputs(std::move(inputs_)), outputs(std::move(outputs_)) {}
 
     const CInputs& GetInputs() const { return inputs; }
     const COutputs& GetOutputs() const { return outputs; }

@@ -7,7 +7,6 @@
 #include "Mirel/Containers/TVectorMux.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace Mirel::Audio::DSP
 {
@@ -126,17 +125,7 @@ private:
         using DataModel::IObjectInfo;
         const TMonoToStereoInfo<CInputInfo, IObjectInfo> inputs(mono.GetInputs());
         const TMonoToStereoInfo<COutputInfo, IObjectInfo> outputs(mono.GetOutputs());
-        std::vector<CInputInfo> inputArray;
-        std::vector<COutputInfo> outputArray;
-        for (int i = 0; i < inputs.GetCount(); ++i)
-        {
-            inputArray.push_back(inputs[i]);
-        }
-        for (int i = 0; i < outputs.GetCount(); ++i)
-        {
-            outputArray.push_back(outputs[i]);
-        }
-        return CProcessInfo(inputs.GetCount(), outputs.GetCount(), inputArray.data(), outputArray.data());
+        return CProcessInfo(inputs, outputs);
     }
 
     /// Calls action(filter, block) for both channels, each with the stream of its side; a side without
