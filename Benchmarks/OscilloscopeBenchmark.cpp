@@ -127,7 +127,8 @@ void Process(benchmark::State& state)
                 {
                     for (int i = 0; i < blocks; ++i)
                     {
-                        copies.Copy(signal.data() + std::ptrdiff_t{i} * block, static_cast<std::size_t>(block));
+                        copies.Copy(signal.data() + std::ptrdiff_t{i} * block,
+                                    static_cast<std::size_t>(block));
                     }
                 });
     contest.Run();

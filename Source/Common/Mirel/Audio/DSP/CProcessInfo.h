@@ -34,7 +34,11 @@ public:
                  const COutputInfo* outputs_ = nullptr);
 
     /// Takes the records over.
-    CProcessInfo(CInputs inputs_, COutputs outputs_) : inputs(std::move(inputs_)), outputs(std::move(outputs_)) {}
+    CProcessInfo(CInputs inputs_, COutputs outputs_)
+        : inputs(std::move(inputs_)),
+          outputs(std::move(outputs_))
+    {
+    }
 
     const CInputs& GetInputs() const { return inputs; }
     const COutputs& GetOutputs() const { return outputs; }

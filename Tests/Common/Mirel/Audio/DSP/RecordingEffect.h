@@ -8,6 +8,7 @@
 #include "Mirel/DataModel/Objects/CProductInfo.h"
 #include "Mirel/Math/CConstantFunction.h"
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -105,7 +106,7 @@ protected:
             SetParams((*variations)[0]);
         }
         blocks.push_back(sampleCount);
-        for (int i = 0; i < sampleCount; ++i)
+        for (std::ptrdiff_t i = 0; i < sampleCount; ++i)
         {
             const float* in = inputs->GetCount() > 0 ? (*inputs)[0].GetData() : nullptr;
             const float sample = in == nullptr ? 0.0f : in[i * (*inputs)[0].GetStride()];
