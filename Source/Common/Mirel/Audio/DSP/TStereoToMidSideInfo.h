@@ -9,7 +9,7 @@ namespace Mirel::Audio::DSP
 {
 
 /// The descriptions of a filter whose two channels can be left and right or mid and side: in the names of a
-/// stereo filter's descriptions "(L)" and "(R)" give way to two labels.
+/// stereo filter's descriptions "(L)" and "(R)" give way to two labels. A null name stays null.
 template <class Info, class I>
 class TStereoToMidSideInfo : public Containers::TDynamicCollection<Info, I>
 {
@@ -21,20 +21,39 @@ public:
         {
             Info& info = this->Add();
             info.CopyFrom(stereo[i]);
-            std::string name = stereo[i].GetName();
-            Replace(name, "(L)", label1);
-            Replace(name, "(R)", label2);
-            info.SetName(name.c_str());
+            if (const char* name = stereo[i].GetName())
+            {
+                info.SetName(Relabel(name, label1, label2).c_str());
+            }
         }
     }
 
 private:
-    static void Replace(std::string& text, std::string_view what, std::string_view with)
+    /// One pass over the name, so that a label is never taken for a channel itself.
+    static std::string Relabel(std::string_view name, std::string_view label1, std::string_view label2)
     {
-        for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
+        constexpr std::string_view left = "(L)";
+        constexpr std::string_view right = "(R)";
+        std::string relabelled;
+        while (!name.empty())
         {
-            text.replace(at, what.size(), with);
+            if (name.starts_with(left))
+            {
+                relabelled += label1;
+                name.remove_prefix(left.size());
+            }
+            else if (name.starts_with(right))
+            {
+                relabelled += label2;
+                name.remove_prefix(right.size());
+            }
+            else
+            {
+                relabelled += name.front();
+                name.remove_prefix(1);
+            }
         }
+        return relabelled;
     }
 };
 
