@@ -8,7 +8,7 @@ namespace Mirel::Audio::DSP
 {
 
 /// The descriptions of a stereo filter that is made of two mono ones: all entries once with " (L)" behind
-/// their names, then all again with " (R)".
+/// their names, then all again with " (R)". A null name counts as empty.
 template <class Info, class I>
 class TMonoToStereoInfo : public Containers::TDynamicCollection<Info, I>
 {
@@ -21,7 +21,8 @@ public:
             {
                 Info& info = this->Add();
                 info.CopyFrom(mono[i]);
-                info.SetName((std::string(mono[i].GetName()) + suffix).c_str());
+                const char* name = mono[i].GetName();
+                info.SetName((std::string(name == nullptr ? "" : name) + suffix).c_str());
             }
         }
     }
