@@ -93,7 +93,7 @@ private:
     int count;
 };
 
-/// Two blocks as one: the first, then the second.
+/// Two blocks as one: the first, then the second. An empty window may count less than 0 and counts as 0 here.
 class CConstParamsValuesMux : public IConstParamsValues
 {
 public:
@@ -103,15 +103,17 @@ public:
     {
     }
 
-    int GetCount() const override { return first.GetCount() + second.GetCount(); }
+    int GetCount() const override { return CountOf(first) + CountOf(second); }
 
     float GetValue(int index) const override
     {
-        const int split = first.GetCount();
+        const int split = CountOf(first);
         return index < split ? first.GetValue(index) : second.GetValue(index - split);
     }
 
 private:
+    static int CountOf(const IConstParamsValues& values) { return std::max(values.GetCount(), 0); }
+
     const IConstParamsValues& first;
     const IConstParamsValues& second;
 };

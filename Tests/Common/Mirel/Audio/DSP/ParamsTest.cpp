@@ -68,6 +68,24 @@ TEST(CConstParamsValuesMux, RunsThroughTheFirstThenTheSecond)
     EXPECT_EQ(mux.GetValue(2), 3.0f);
 }
 
+TEST(CConstParamsValuesMux, EmptyWindowTakesNoPlaceOfTheOther)
+{
+    std::array<float, 3> values{1, 2, 3};
+    const CParamsValues source(values.data(), 3);
+    const CConstParamsValuesDeMux empty(source, 2, -1); // counts -2
+
+    const CConstParamsValuesMux inFront(empty, source);
+    EXPECT_EQ(inFront.GetCount(), 3);
+    EXPECT_EQ(inFront.GetValue(0), 1.0f);
+    EXPECT_EQ(inFront.GetValue(2), 3.0f);
+
+    const CConstParamsValuesMux behind(source, empty);
+    EXPECT_EQ(behind.GetCount(), 3);
+    EXPECT_EQ(behind.GetValue(2), 3.0f);
+    EXPECT_EQ(behind.GetValue(3), 0.0f);
+    EXPECT_EQ(CConstParamsValuesMux(empty, empty).GetCount(), 0);
+}
+
 TEST(CDynamicParamsVariations, OptimizeDropsTheHighestOrdersOfZeros)
 {
     CDynamicParamsVariations variations(2);
