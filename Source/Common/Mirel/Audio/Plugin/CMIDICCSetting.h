@@ -2,6 +2,7 @@
 
 #include "Mirel/Audio/Plugin/IMIDICCSetting.h"
 #include "Mirel/DataModel/Objects/IConstParamInfo.h"
+#include "Mirel/DataModel/Objects/ResponseCurves.h"
 #include "Mirel/Serialization/DataStreams.h"
 #include "Mirel/System/CMTEventProvider.h"
 
@@ -60,17 +61,15 @@ private:
     static constexpr auto relaxed = std::memory_order_relaxed;
 
     template <class T>
-    void Store(std::atomic<T>& field, T newValue);
-    void StoreFinite(std::atomic<float>& field, float newValue);
+    void Set(std::atomic<T>& field, T newValue);
     bool DeserializeCurve(const Serialization::IReadDataStream& stream);
 
     static constexpr int portamentoSwitch = 65;
-    static constexpr int linearCurve = 6;
 
     std::atomic<int> channel{0};
     std::atomic<int> number{portamentoSwitch};
     std::atomic<bool> enabled{false};
-    std::atomic<int> curve{linearCurve};
+    std::atomic<int> curve{DataModel::Objects::linearResponseCurve};
     std::atomic<float> min{0.0f};
     std::atomic<float> max{1.0f};
     mutable System::CMTEventProvider changed; ///< Listening changes nothing of the setting.

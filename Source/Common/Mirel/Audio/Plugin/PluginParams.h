@@ -29,7 +29,7 @@ class COutputParamValue : public virtual IOutputParam, public CParamValue
 {
 public:
     using CParamValue::CParamValue;
-    void Automate(float value) override { SetValue(value); }
+    void Automate(float newValue) override { SetValue(newValue); }
 };
 
 using CInputParamValues = Containers::TDynamicCollection<CParamValue, IInputParam>;
