@@ -33,7 +33,8 @@ public:
         }
     }
 
-    /// False if the host takes no values: then there is nobody to record the change, and it has yet to be made.
+    /// False if the host takes no values: then there is nobody to record the change, and it has yet to be
+    /// made.
     bool Post(const char* parameterId, double normalized)
     {
         return automation && automation->PostValue(parameterId, normalized) == AAXResult::Ok;

@@ -19,9 +19,15 @@ public:
 
     /// Names are kept as they are; those of more than 253 bytes cannot be read back.
     void AddFloat(std::string_view name, float value) { records.push_back({std::string(name), value}); }
-    void AddInt32(std::string_view name, std::int32_t value) { records.push_back({std::string(name), value}); }
+    void AddInt32(std::string_view name, std::int32_t value)
+    {
+        records.push_back({std::string(name), value});
+    }
     void AddDouble(std::string_view name, double value) { records.push_back({std::string(name), value}); }
-    void AddInt16(std::string_view name, std::int16_t value) { records.push_back({std::string(name), value}); }
+    void AddInt16(std::string_view name, std::int16_t value)
+    {
+        records.push_back({std::string(name), value});
+    }
 
     bool IsEmpty() const { return records.empty(); }
 

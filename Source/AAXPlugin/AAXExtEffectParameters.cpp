@@ -92,10 +92,11 @@ std::int32_t AAXExtEffectParameters::GetMasterBypassId(const char** id)
 
 std::int32_t AAXExtEffectParameters::GetParameterName(const char* id, char* name, std::int32_t capacity)
 {
-    return WithParameter(
-        parameters, id,
-        [&](const CAAXPluginParameter& parameter)
-        { return CopyToBuffer(parameter.GetName(), name, capacity) ? AAXResult::Ok : AAXResult::Failed; });
+    return WithParameter(parameters, id,
+                         [&](const CAAXPluginParameter& parameter) {
+                             return CopyToBuffer(parameter.GetName(), name, capacity) ? AAXResult::Ok
+                                                                                      : AAXResult::Failed;
+                         });
 }
 
 std::int32_t AAXExtEffectParameters::IsParameterContinuous(const char* id, std::int32_t* continuous)
@@ -122,10 +123,10 @@ std::int32_t AAXExtEffectParameters::GetParameterDefault(const char* id, double*
 
 std::int32_t AAXExtEffectParameters::GetParameterValue(const char* id, double* normalized)
 {
-    return WithParameter(
-        parameters, id,
-        [&](const CAAXPluginParameter& parameter)
-        { return Give(normalized, parameter.GetTaper().ToNormalized(parameter.GetValue())); });
+    return WithParameter(parameters, id,
+                         [&](const CAAXPluginParameter& parameter) {
+                             return Give(normalized, parameter.GetTaper().ToNormalized(parameter.GetValue()));
+                         });
 }
 
 std::int32_t AAXExtEffectParameters::SetParameterValue(const char* id, double normalized)
@@ -145,15 +146,14 @@ std::int32_t AAXExtEffectParameters::SetParameterValue(const char* id, double no
 std::int32_t AAXExtEffectParameters::GetParameterText(const char* id, double normalized, char* text,
                                                       std::int32_t capacity)
 {
-    return WithParameter(parameters, id,
-                         [&](const CAAXPluginParameter& parameter)
-                         {
-                             AAX_CString made;
-                             parameter.GetDisplay().ValueToString(parameter.GetTaper().ToPlain(normalized),
-                                                                  &made);
-                             return CopyToBuffer(made.Get(), text, capacity) ? AAXResult::Ok
-                                                                             : AAXResult::Failed;
-                         });
+    return WithParameter(
+        parameters, id,
+        [&](const CAAXPluginParameter& parameter)
+        {
+            AAX_CString made;
+            parameter.GetDisplay().ValueToString(parameter.GetTaper().ToPlain(normalized), &made);
+            return CopyToBuffer(made.Get(), text, capacity) ? AAXResult::Ok : AAXResult::Failed;
+        });
 }
 
 std::int32_t AAXExtEffectParameters::GetValueOfText(const char* id, const char* text, double* normalized)

@@ -12,8 +12,8 @@
 namespace MirelExt::AAXPlugin
 {
 
-/// An effect parameters object without an effect: it answers the host for whatever parameters it is given, and
-/// offers their values as one chunk that any host can read. A derived class makes the parameters in
+/// An effect parameters object without an effect: it answers the host for whatever parameters it is given,
+/// and offers their values as one chunk that any host can read. A derived class makes the parameters in
 /// EffectInit. Threads as in AAX_IEffectParameters; nothing is thrown at the host.
 class AAXExtEffectParameters : public TACFObject<AAX_IEffectParameters>
 {

@@ -12,11 +12,12 @@
 namespace MirelExt::AAXPlugin
 {
 
-/// Links one of the framework's parameters to the host's parameter of the same meaning, in both directions: the
-/// framework sees it as an observable value, and asks the host for changes through it.
+/// Links one of the framework's parameters to the host's parameter of the same meaning, in both directions:
+/// the framework sees it as an observable value, and asks the host for changes through it.
 ///
-/// Values: any thread. The change event fires on the thread of the change, but for changes on the audio thread
-/// (by MIDI), which fire nothing; who must follow those reads the value by timer. Captures: GUI thread.
+/// Values: any thread. The change event fires on the thread of the change, but for changes on the audio
+/// thread (by MIDI), which fire nothing; who must follow those reads the value by timer. Captures: GUI
+/// thread.
 class CAAXPluginParamAdapter : public virtual Mirel::DataModel::Objects::ICaptureParam,
                                public virtual Mirel::Audio::Plugin::IOutputParam,
                                private Mirel::Core::CCapture
@@ -28,19 +29,20 @@ public:
         Output
     };
 
-    /// The description and the mark must outlive the adapter.
-    CAAXPluginParamAdapter(const Mirel::DataModel::Objects::IConstParamInfo& info_, EDirection direction_,
+    /// All but the identifier must outlive the use of the adapter.
+    CAAXPluginParamAdapter(const Mirel::DataModel::Objects::IConstParamInfo& info_,
+                           Mirel::Core::TIValue<float>& value_, EDirection direction_,
                            std::string identifier_, const CAudioThreadMark& audioThread_);
 
     /// Before MakeParameter.
     void SetIdentifier(const char* newIdentifier) { identifier = newIdentifier; }
 
-    /// The host's parameter of this one, with the value that stands here. It must outlive the use of the
-    /// adapter, which keeps no value of its own from now on. Once, before other threads know the adapter.
+    /// The host's parameter of this one, over the same value. It must outlive the use of the adapter. Once,
+    /// before other threads know the adapter; until then there is no host, and values are set directly.
     std::unique_ptr<CAAXPluginParameter> MakeParameter(std::string_view prefix);
 
     const Mirel::DataModel::Objects::IConstParamInfo& GetInfo() const override { return info; }
-    float GetValue() const override;
+    float GetValue() const override { return value.GetValue(); }
 
     /// An input asks the host, so that it can record the change; an output takes the value as it is.
     void SetValue(float newValue) override;
@@ -61,11 +63,11 @@ private:
     void NotifyValueChanged() const;
 
     const Mirel::DataModel::Objects::IConstParamInfo& info;
+    Mirel::Core::TIValue<float>& value;
     EDirection direction;
     std::string identifier;
     const CAudioThreadMark& audioThread;
     CAAXPluginParameter* parameter = nullptr;
-    std::atomic<float> ownValue; ///< Until there is a parameter.
     mutable Mirel::System::CMTEventProvider changed;
 };
 

@@ -45,7 +45,7 @@ int StepCountOf(const IConstParamInfo& info)
 }
 
 CAAXPluginParameter::CAAXPluginParameter(std::string identifier_, const IConstParamInfo& info,
-                                         std::string_view prefix)
+                                         std::string_view prefix, Mirel::Core::TIValue<float>& value_)
     : identifier(std::move(identifier_)),
       name(NameOf(info, prefix)),
       taper(info.GetMin(), info.GetMax()),
@@ -53,17 +53,19 @@ CAAXPluginParameter::CAAXPluginParameter(std::string identifier_, const IConstPa
       defaultValue(info.GetDefault()),
       continuous(!IsWholeValueKind(info.GetType())),
       stepCount(StepCountOf(info)),
-      value(info.GetDefault())
+      value(value_)
 {
 }
 
 void CAAXPluginParameter::SetValue(float newValue)
 {
     const float clamped = taper.Clamp(newValue);
-    if (std::isnan(clamped) || !Differ(clamped, value.exchange(clamped, std::memory_order_relaxed)))
+    const float old = value.GetValue();
+    if (!Differ(clamped, old))
     {
         return;
     }
+    value.SetValue(clamped);
     if (listener)
     {
         listener();

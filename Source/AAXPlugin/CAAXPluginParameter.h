@@ -2,6 +2,7 @@
 
 #include "AAXPlugin/CAAXPluginDisplayDelegate.h"
 #include "AAXPlugin/CLinearTaper.h"
+#include "Mirel/Core/TIValue.h"
 #include "Mirel/DataModel/Objects/IConstParamInfo.h"
 
 #include <atomic>
@@ -14,14 +15,15 @@ namespace MirelExt::AAXPlugin
 
 class AAXExtAutomationDelegate;
 
-/// One parameter as the host knows it. Its identity is immutable; its value is one float that any thread may
-/// read and write.
+/// One parameter as the host knows it. Its identity is immutable; its value is one float of the framework's,
+/// which any thread may read and write.
 class CAAXPluginParameter
 {
 public:
-    /// The name is the description's with the prefix before it. The description is read here only.
+    /// The name is the description's with the prefix before it. The description is read here only; the value
+    /// must outlive the parameter.
     CAAXPluginParameter(std::string identifier_, const Mirel::DataModel::Objects::IConstParamInfo& info,
-                        std::string_view prefix);
+                        std::string_view prefix, Mirel::Core::TIValue<float>& value_);
     CAAXPluginParameter(const CAAXPluginParameter&) = delete;
     CAAXPluginParameter& operator=(const CAAXPluginParameter&) = delete;
 
@@ -35,7 +37,7 @@ public:
     const CAAXPluginDisplayDelegate& GetDisplay() const { return display; }
     float GetDefault() const { return defaultValue; }
 
-    float GetValue() const { return value.load(std::memory_order_relaxed); }
+    float GetValue() const { return value.GetValue(); }
 
     /// Clamps to the range and stores. NaN is no change. A change is told to the listener.
     void SetValue(float newValue);
@@ -46,9 +48,9 @@ public:
     /// Not owned; null for none. Set while nobody posts.
     void SetAutomation(AAXExtAutomationDelegate* automation_) { automation = automation_; }
 
-    /// A change that begins inside the plug-in: the host is asked for it, and SetValue follows when it agrees.
-    /// Without automation the value is set at once. Outside Touch and Release the change is a gesture of its
-    /// own. An unchanged value is not posted.
+    /// A change that begins inside the plug-in: the host is asked for it, and SetValue follows when it
+    /// agrees. Without automation the value is set at once. Outside Touch and Release the change is a gesture
+    /// of its own. An unchanged value is not posted.
     void PostValue(float newValue);
     void Touch();
     void Release();
@@ -61,7 +63,7 @@ private:
     float defaultValue;
     bool continuous;
     int stepCount;
-    std::atomic<float> value;
+    Mirel::Core::TIValue<float>& value;
     std::atomic<bool> touched = false;
     AAXExtAutomationDelegate* automation = nullptr;
     std::function<void()> listener;
