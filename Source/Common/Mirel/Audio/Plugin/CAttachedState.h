@@ -25,6 +25,9 @@ public:
     /// Keeps the state of the object and lets go of it.
     void Detach();
 
+    /// Forgets what is kept, as if it had never been loaded.
+    void DropKept();
+
     bool Serialize(Serialization::IWriteDataStream& stream) const override;
 
     /// What is not in the stream is reset.
@@ -35,5 +38,10 @@ private:
     Serialization::ISerializable* object = nullptr;
     Serialization::CKeptDataObject kept;
 };
+
+/// Has the object read itself from the key; without the key, from nothing, so that it resets. False in the
+/// latter case and if the object could not read.
+bool ReadOrReset(const Serialization::IReadDataStream& stream, const char* key,
+                 Serialization::IDeSerialize& object);
 
 } // namespace Mirel::Audio::Plugin

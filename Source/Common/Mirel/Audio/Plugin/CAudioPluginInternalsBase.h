@@ -115,6 +115,9 @@ public:
     /// The factory preset file; without an element if there is none.
     const Serialization::IReadDataStream& GetPresetsData() const { return presetsData; }
 
+    /// Takes over the state that the factory preset file has under the key; false if it has none.
+    bool LoadFromPresetsData(const char* key);
+
     CAudioPluginModel& GetModel() { return model; }
 
     /// The key "GUI" of the state: an editor attaches itself while it is open.
@@ -124,18 +127,18 @@ private:
     void ApplyRefreshRate();
     void MakePresets();
     bool SerializeInputs(Serialization::IWriteDataStream& stream) const;
-    bool SerializeBindings(Serialization::IWriteDataStream& stream) const;
     void DeserializeInputs(const Serialization::IReadDataStream& stream);
+    void DropWhatCannotBeSaved();
 
     std::unique_ptr<DSP::IFilter> filter;
     int hostData;
     DSP::CParamsInfo bypassInfo;
-    mutable Containers::TVectorMux<DataModel::Objects::IParamInfo> inputParams;
+    Containers::TVectorMux<DataModel::Objects::IParamInfo> inputParams;
     std::unique_ptr<CAudioPluginDefaultSettings> defaultSettings;
     CInputParamValues inputValues;
     COutputParamValues outputValues;
-    IInputParams* inputs = nullptr;   ///< The shell's parameters, or the values themselves.
-    IOutputParams* outputs = nullptr; ///< Likewise.
+    IInputParams* inputs;   ///< The shell's parameters, or the values themselves.
+    IOutputParams* outputs; ///< Likewise.
 
     CMIDICCSettings inputMIDISettings;
     CMIDICCSettings outputMIDISettings;
