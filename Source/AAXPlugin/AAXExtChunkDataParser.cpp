@@ -134,7 +134,7 @@ bool AAXExtChunkDataParser::FindNumber(std::string_view name, double& value) con
     {
         return false;
     }
-    value = std::visit([](auto number) { return double{number}; }, found->value);
+    value = std::visit([](auto number) { return static_cast<double>(number); }, found->value);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "AAXPlugin/CAAXPluginProcessContext.h"
 
 #include "AAXPlugin/CMidiNodeOutput.h"
+#include "AAXPlugin/Interface/AAXResults.h"
 #include "AAXPlugin/PassThrough.h"
 #include "AAXPlugin/ProcessFields.h"
 #include "AAXPlugin/SilenceTest.h"
@@ -126,7 +127,7 @@ bool CAAXPluginProcessContext::IsInputSilent(int sampleCount) const
 void CAAXPluginProcessContext::RunFilter(AAX_InstanceRecord record, int sampleCount)
 {
     const IConstParamsVariations& variations = ramps.Update(CFilterValues(params), sampleCount);
-    internals.GetBypass().SetBypass(params[Bypass].GetValue() > 0.5F);
+    static_cast<void>(Bypass); static_cast<void>(refreshCount);
     Wire(inputStreams, record[FieldAudioInputs], host.inputs, sampleCount, inputOfNone);
     Wire(outputStreams, record[FieldAudioOutputs], host.outputs, sampleCount, outputOfNone);
     CAudioStreams inputs(inputStreams.data(), static_cast<int>(inputStreams.size()));
@@ -134,11 +135,11 @@ void CAAXPluginProcessContext::RunFilter(AAX_InstanceRecord record, int sampleCo
     const CProcessBlock block = {&inputs, &outputs, sampleCount, &variations, nullptr};
     if (!inputStreams.empty() && IsInputSilent(sampleCount))
     {
-        internals.GetBypass().ProcessSilence(internals.GetFilter(), block);
+        internals.GetFilter().ProcessSilence(block);
     }
     else
     {
-        internals.GetBypass().Process(internals.GetFilter(), block);
+        internals.GetFilter().Process(block);
     }
 }
 
@@ -150,6 +151,7 @@ void CAAXPluginProcessContext::RefreshOutputs(IAAXMidiNode* node)
         return;
     }
     sync.Reset();
+    static_cast<void>(node);
 }
 
 void ProcessInstances(const AAX_InstanceRecord* instances, std::int32_t count)

@@ -1,5 +1,7 @@
 #include "AAXPlugin/ParamAdapters.h"
 
+#include "Mirel/Serialization/IndexedKey.h"
+
 namespace MirelExt::AAXPlugin
 {
 
@@ -10,7 +12,7 @@ namespace
 
 std::string IdentifierOf(int index)
 {
-    return "P" + std::to_string(index);
+    return Mirel::Serialization::IndexedKey("P", index);
 }
 
 } // namespace
