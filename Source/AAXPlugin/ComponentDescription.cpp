@@ -1,10 +1,10 @@
 #include "AAXPlugin/ComponentDescription.h"
 
+#include "AAXPlugin/CAAXPluginProcessContext.h"
 #include "AAXPlugin/CFirstFailure.h"
 #include "AAXPlugin/Identity.h"
 #include "AAXPlugin/Interface/AAX_Properties.h"
 #include "AAXPlugin/Interface/AAX_VComponentDescriptor.h"
-#include "AAXPlugin/PassThrough.h"
 #include "AAXPlugin/ProcessFields.h"
 #include "AAXPlugin/StemFormats.h"
 
@@ -82,7 +82,7 @@ std::int32_t DescribeComponent(AAX_VComponentDescriptor& component, CChannelCoun
     }
     return CFirstFailure()
         .Then([&] { return SetProperties(properties, used, pluginId); })
-        .Then([&] { return component.AddProcessProcedure(GetPassThroughProcedure(used), properties); })
+        .Then([&] { return component.AddProcessProcedure(ProcessInstances, properties); })
         .GetResult();
 }
 

@@ -2,14 +2,15 @@
 
 class IACFUnknown;
 
-/// What the host calls to make the objects of an instance. The caller owns the reference that it gets.
-///
-/// Null tells the host that no instance can be made: this module describes itself and processes audio, and
-/// has neither parameters nor an editor to hand out.
+/// What the host calls to make the objects of an instance. The caller owns the reference that it gets; null
+/// tells it that there is no such object.
 namespace MirelExt::AAXPlugin
 {
 
+/// A CAAXPluginParameters; null if it cannot be made.
 IACFUnknown* CreateEffectParameters();
+
+/// Null: the module has no editor.
 IACFUnknown* CreateGui();
 
 } // namespace MirelExt::AAXPlugin

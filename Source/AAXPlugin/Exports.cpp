@@ -1,5 +1,6 @@
 #include "AAXPlugin/CHostHolder.h"
 #include "AAXPlugin/Description.h"
+#include "AAXPlugin/Guarded.h"
 #include "AAXPlugin/Interface/AAXResults.h"
 #include "AAXPlugin/Interface/AAX_VCollection.h"
 #include "AAXPlugin/Interface/ACFExports.h"
@@ -15,20 +16,6 @@ namespace
 {
 
 constexpr std::int32_t StillInUse = 1;
-
-/// The boundary: nothing thrown inside gets out.
-template <class TBody>
-std::int32_t Guarded(const TBody& body) noexcept
-{
-    try
-    {
-        return body();
-    }
-    catch (...)
-    {
-        return AAXResult::Unexpected;
-    }
-}
 
 void SetNull(void** out)
 {

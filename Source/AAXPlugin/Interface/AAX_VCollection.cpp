@@ -2,24 +2,14 @@
 
 #include "AAXPlugin/Interface/AAXResults.h"
 #include "AAXPlugin/Interface/IAAXHost.h"
-#include "AAXPlugin/Interface/InterfaceIds.h"
+#include "AAXPlugin/Interface/QueryFor.h"
 
 namespace
 {
 
-TACFReference<IAAXHost> QueryHost(IACFUnknown* unknown)
-{
-    void* host = nullptr;
-    if (unknown == nullptr || unknown->QueryInterface(InterfaceIdOf<IAAXHost>, &host) != AAXResult::Ok)
-    {
-        host = nullptr;
-    }
-    return TACFReference<IAAXHost>::Adopt(static_cast<IAAXHost*>(host));
-}
-
 TACFReference<IAAXCollection> CreateCollection(IACFUnknown* unknown)
 {
-    const TACFReference<IAAXHost> host = QueryHost(unknown);
+    const TACFReference<IAAXHost> host = QueryFor<IAAXHost>(unknown);
     IAAXCollection* collection = nullptr;
     if (host && host->CreateCollection(&collection) != AAXResult::Ok)
     {

@@ -4,6 +4,7 @@
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/Serialization/WholeFile.h"
 
+#include <cstddef>
 #include <cstring>
 #include <string_view>
 #include <vector>
@@ -22,110 +23,100 @@ constexpr std::size_t BesideText = 58;
 
 constexpr std::size_t LargestFile = 64U << 20U;
 
-/// A chunk in memory that is aligned for its head.
-class CChunk
-{
-public:
-    explicit CChunk(std::size_t dataSize) : words((sizeof(SAAXChunk) + dataSize + 7) / 8) {}
-
-    SAAXChunk* Get() { return reinterpret_cast<SAAXChunk*>(words.data()); }
-    char* GetBytes() { return reinterpret_cast<char*>(words.data()); }
-
-private:
-    std::vector<std::uint64_t> words;
-};
-
 bool Fail(std::string& error, const std::string& what, const std::string& path)
 {
     error = what + " \"" + path + '"';
     return false;
 }
 
-/// The state chunk of the instance; the data size in `size`.
-bool GetChunk(AAX_IEffectParameters& parameters, CChunk& chunk, std::uint32_t& size)
+bool WriteBytes(const std::string& path, std::string_view bytes, std::string& error)
 {
-    if (parameters.GetChunkSize(StateChunk, &size) != AAXResult::Ok)
-    {
-        return false;
-    }
-    chunk = CChunk(size);
-    return parameters.GetChunk(StateChunk, chunk.Get()) == AAXResult::Ok;
+    return Mirel::Serialization::WriteFileWhole(path.c_str(), bytes) || Fail(error, "cannot write", path);
 }
 
 /// A plug-in ignores what it cannot read, without a word; so the host looks first.
-bool IsDocument(const char* text, std::size_t length)
+bool IsDocument(std::string_view text)
 {
-    return Mirel::Serialization::CXmlDataObject("Preset").LoadFromMemory(text, length);
+    return Mirel::Serialization::CXmlDataObject("Preset").LoadFromMemory(text.data(), text.size());
 }
 
-void Put(AAX_IEffectParameters& parameters, CChunk& chunk)
+bool IsStateChunk(const std::vector<char>& bytes)
 {
-    // The result is that of the plug-in's own list of chunks, which the state chunk is never in.
-    static_cast<void>(parameters.SetChunk(StateChunk, chunk.Get()));
+    SAAXChunk head = {};
+    if (bytes.size() < sizeof(head) + BesideText)
+    {
+        return false;
+    }
+    std::memcpy(&head, bytes.data(), sizeof(head));
+    return head.chunkId == StateChunk && head.size == bytes.size() - sizeof(head) &&
+           IsDocument({bytes.data() + sizeof(head), head.size - BesideText});
+}
+
+/// The chunk with that text as a plug-in's own would be.
+std::vector<char> MakeStateChunk(std::string_view text)
+{
+    SAAXChunk head = {};
+    head.size = static_cast<std::uint32_t>(text.size() + BesideText);
+    head.chunkId = StateChunk;
+    std::vector<char> bytes(sizeof(head) + head.size);
+    std::memcpy(bytes.data(), &head, sizeof(head));
+    std::memcpy(bytes.data() + sizeof(head), text.data(), text.size());
+    return bytes;
 }
 
 } // namespace
 
-bool SaveState(AAX_IEffectParameters& parameters, const std::string& path, std::string& error)
+bool SaveState(CHostInstance& instance, const std::string& path, std::string& error)
 {
-    CChunk chunk(0);
-    std::uint32_t size = 0;
-    if (!GetChunk(parameters, chunk, size))
-    {
-        return Fail(error, "the plug-in gave no state for", path);
-    }
-    const std::string_view bytes(chunk.GetBytes(), sizeof(SAAXChunk) + size);
-    return Mirel::Serialization::WriteFileWhole(path.c_str(), bytes) || Fail(error, "cannot write", path);
+    std::vector<char> bytes;
+    return instance.SaveChunk(StateChunk, bytes, error) &&
+           WriteBytes(path, {bytes.data(), bytes.size()}, error);
 }
 
-bool LoadState(AAX_IEffectParameters& parameters, const std::string& path, std::string& error)
+bool LoadState(CHostInstance& instance, const std::string& path, std::string& error)
 {
-    std::string bytes;
-    if (!Mirel::Serialization::ReadFileWhole(path.c_str(), LargestFile, bytes))
+    std::string content;
+    if (!Mirel::Serialization::ReadFileWhole(path.c_str(), LargestFile, content))
     {
         return Fail(error, "cannot read", path);
     }
-    CChunk chunk(bytes.size());
-    std::memcpy(chunk.GetBytes(), bytes.data(), bytes.size());
-    const bool whole = bytes.size() >= sizeof(SAAXChunk) + BesideText &&
-                       chunk.Get()->size == bytes.size() - sizeof(SAAXChunk) &&
-                       chunk.Get()->chunkId == StateChunk;
-    if (!whole || !IsDocument(ChunkData(chunk.Get()), chunk.Get()->size - BesideText))
+    const std::vector<char> bytes(content.begin(), content.end());
+    if (!IsStateChunk(bytes))
     {
         return Fail(error, "damaged state in", path);
     }
-    Put(parameters, chunk);
+    // The result says nothing: a plug-in gives that of the chunks that hosts interpret, of which this is none.
+    instance.LoadChunk(bytes);
     return true;
 }
 
-bool SavePreset(AAX_IEffectParameters& parameters, const std::string& path, std::string& error)
+bool SavePreset(CHostInstance& instance, const std::string& path, std::string& error)
 {
-    CChunk chunk(0);
-    std::uint32_t size = 0;
-    if (!GetChunk(parameters, chunk, size) || size < BesideText)
+    std::vector<char> bytes;
+    if (!instance.SaveChunk(StateChunk, bytes, error))
+    {
+        return false;
+    }
+    if (!IsStateChunk(bytes))
     {
         return Fail(error, "the plug-in gave no state for", path);
     }
-    const std::string_view text(ChunkData(chunk.Get()), size - BesideText);
-    return Mirel::Serialization::WriteFileWhole(path.c_str(), text) || Fail(error, "cannot write", path);
+    const std::size_t head = sizeof(SAAXChunk);
+    return WriteBytes(path, {bytes.data() + head, bytes.size() - head - BesideText}, error);
 }
 
-bool LoadPreset(AAX_IEffectParameters& parameters, const std::string& path, std::string& error)
+bool LoadPreset(CHostInstance& instance, const std::string& path, std::string& error)
 {
     std::string text;
     if (!Mirel::Serialization::ReadFileWhole(path.c_str(), LargestFile, text))
     {
         return Fail(error, "cannot read", path);
     }
-    if (!IsDocument(text.data(), text.size()))
+    if (!IsDocument(text))
     {
         return Fail(error, "damaged preset in", path);
     }
-    CChunk chunk(text.size() + BesideText);
-    chunk.Get()->size = static_cast<std::uint32_t>(text.size() + BesideText);
-    chunk.Get()->chunkId = StateChunk;
-    std::memcpy(ChunkData(chunk.Get()), text.c_str(), text.size() + 1);
-    Put(parameters, chunk);
+    instance.LoadChunk(MakeStateChunk(text));
     return true;
 }
 

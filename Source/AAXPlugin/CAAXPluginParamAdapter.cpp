@@ -1,0 +1,91 @@
+#include "AAXPlugin/CAAXPluginParamAdapter.h"
+
+namespace MirelExt::AAXPlugin
+{
+
+using Mirel::Core::CCapture;
+using Mirel::Core::IEventProvider;
+using Mirel::DataModel::Objects::IConstParamInfo;
+
+CAAXPluginParamAdapter::CAAXPluginParamAdapter(const IConstParamInfo& info_,
+                                               Mirel::Core::TIValue<float>& value_, EDirection direction_,
+                                               std::string identifier_, const CAudioThreadMark& audioThread_)
+    : info(info_),
+      value(value_),
+      direction(direction_),
+      identifier(std::move(identifier_)),
+      audioThread(audioThread_)
+{
+}
+
+std::unique_ptr<CAAXPluginParameter> CAAXPluginParamAdapter::MakeParameter(std::string_view prefix)
+{
+    auto made = std::make_unique<CAAXPluginParameter>(identifier, info, prefix, value);
+    made->SetListener([this] { NotifyValueChanged(); });
+    parameter = made.get();
+    return made;
+}
+
+void CAAXPluginParamAdapter::SetValue(float newValue)
+{
+    if (parameter == nullptr)
+    {
+        value.SetValue(newValue);
+    }
+    else if (direction == EDirection::Input)
+    {
+        parameter->PostValue(newValue);
+    }
+    else
+    {
+        parameter->SetValue(newValue);
+    }
+}
+
+void CAAXPluginParamAdapter::Automate(float newValue)
+{
+    if (parameter == nullptr)
+    {
+        value.SetValue(newValue);
+        return;
+    }
+    parameter->PostValue(newValue);
+}
+
+void CAAXPluginParamAdapter::BeginCapture()
+{
+    if (parameter != nullptr)
+    {
+        parameter->Touch();
+    }
+    CCapture::BeginCapture();
+}
+
+void CAAXPluginParamAdapter::EndCapture()
+{
+    if (parameter != nullptr)
+    {
+        parameter->Release();
+    }
+    CCapture::EndCapture();
+}
+
+IEventProvider& CAAXPluginParamAdapter::GetBeginCaptureEventProvider() const
+{
+    return CCapture::GetBeginCaptureEventProvider();
+}
+
+IEventProvider& CAAXPluginParamAdapter::GetEndCaptureEventProvider() const
+{
+    return CCapture::GetEndCaptureEventProvider();
+}
+
+void CAAXPluginParamAdapter::NotifyValueChanged() const
+{
+    if (!audioThread.IsOwn())
+    {
+        changed.Notify();
+    }
+}
+
+} // namespace MirelExt::AAXPlugin

@@ -1,0 +1,64 @@
+#include "AAXPlugin/StateText.h"
+
+#include "AAXPlugin/ChunkIds.h"
+#include "AAXPlugin/ChunkName.h"
+#include "Mirel/Serialization/CXmlDataObject.h"
+
+#include <cstring>
+
+namespace MirelExt::AAXPlugin
+{
+
+using Mirel::Serialization::CXmlDataObject;
+
+namespace
+{
+
+constexpr const char* RootName = "Preset";
+constexpr std::size_t ReaderOffset = 57;
+constexpr std::size_t TerminatingZero = 1;
+
+} // namespace
+
+std::string MakeStateText(const Mirel::Serialization::ISerialize& state)
+{
+    CXmlDataObject document(RootName);
+    std::string text;
+    // What an object could not write is missing in the text, and keeps its value when the text is read.
+    state.Serialize(document);
+    document.SaveToText(text);
+    return text;
+}
+
+bool ReadStateText(std::string_view text, Mirel::Serialization::IDeSerialize& state)
+{
+    CXmlDataObject document(RootName);
+    return document.LoadFromMemory(text.data(), text.size()) && state.Deserialize(document);
+}
+
+std::size_t StateChunkSize(std::string_view text)
+{
+    return text.size() + TerminatingZero + ReaderOffset;
+}
+
+void WriteStateChunk(std::string_view text, SAAXChunk& chunk)
+{
+    const std::size_t size = StateChunkSize(text);
+    chunk.size = static_cast<std::uint32_t>(size);
+    chunk.chunkId = StateChunkId;
+    SetChunkName(chunk, StateChunkName);
+    std::memset(ChunkData(&chunk), 0, size);
+    text.copy(ChunkData(&chunk), text.size());
+}
+
+std::string_view StateTextOf(const SAAXChunk& chunk)
+{
+    if (chunk.size <= ReaderOffset)
+    {
+        return {};
+    }
+    const char* text = ChunkData(&chunk);
+    return {text, strnlen(text, chunk.size - ReaderOffset)};
+}
+
+} // namespace MirelExt::AAXPlugin

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Mirel/Audio/Plugin/CMIDICCMessage.h"
+#include "Mirel/Core/CEventProvider.h"
+#include "Mirel/Core/IValueChangedEventProvider.h"
+#include "Mirel/Core/TCommand.h"
+#include "Mirel/System/ITimerProvider.h"
+
+namespace Mirel::Audio::Plugin
+{
+
+/// A copy of the last controller message that follows it by a timer: what the audio thread wrote becomes an
+/// event on the thread of the timer, as a rule the GUI's. That thread only.
+class CConstMIDICCMessageTimerProxy : public virtual IConstMIDICCMessage,
+                                      public virtual Core::IValueChangedEventProvider
+{
+public:
+    /// Both must outlive this object; the period is in milliseconds.
+    CConstMIDICCMessageTimerProxy(const CMIDICCMessage& source_, System::ITimerProvider& timer_,
+                                  int periodMs);
+    CConstMIDICCMessageTimerProxy(const CConstMIDICCMessageTimerProxy&) = delete;
+    CConstMIDICCMessageTimerProxy& operator=(const CConstMIDICCMessageTimerProxy&) = delete;
+    ~CConstMIDICCMessageTimerProxy() override;
+
+    int GetChannel() const override { return copy.channel; }
+    int GetNumber() const override { return copy.number; }
+    int GetValue() const override { return copy.value; }
+
+    Core::IEventProvider& GetValueChangedEventProvider() const override { return changed; }
+
+private:
+    void Refresh();
+
+    const CMIDICCMessage& source;
+    System::ITimerProvider& timer;
+    CMIDICCMessage::CSnapshot copy;
+    mutable Core::CEventProvider changed; ///< Listening changes nothing of the message.
+    Core::TCommand<CConstMIDICCMessageTimerProxy> refresh;
+};
+
+} // namespace Mirel::Audio::Plugin

@@ -1,0 +1,20 @@
+#include "Mirel/Audio/Plugin/ReadText.h"
+
+#include <memory>
+
+namespace Mirel::Audio::Plugin
+{
+
+bool ReadText(const Serialization::IReadDataStream& stream, const char* key, std::string& text)
+{
+    char* read = nullptr;
+    if (!stream.Read(key, read))
+    {
+        return false;
+    }
+    const std::unique_ptr<char[]> holder(read);
+    text = read == nullptr ? "" : read;
+    return true;
+}
+
+} // namespace Mirel::Audio::Plugin
