@@ -294,4 +294,10 @@ std::int32_t CAAXPluginParameters::GetRefreshes(std::int64_t* count, std::int64_
 }
 
 } // namespace MirelExt::AAXPlugin
-namespace MirelExt::AAXPlugin { std::int32_t CAAXPluginParameters::EvaluateCurve(std::int32_t, const float*, std::int32_t, float*) { return AAXResult::Failed; } }
+namespace MirelExt::AAXPlugin
+{
+std::int32_t CAAXPluginParameters::EvaluateCurve(std::int32_t, const float*, std::int32_t, float*)
+{
+    return AAXResult::Failed;
+}
+} // namespace MirelExt::AAXPlugin

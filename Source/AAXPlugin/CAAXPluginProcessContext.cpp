@@ -127,7 +127,8 @@ bool CAAXPluginProcessContext::IsInputSilent(int sampleCount) const
 void CAAXPluginProcessContext::RunFilter(AAX_InstanceRecord record, int sampleCount)
 {
     const IConstParamsVariations& variations = ramps.Update(CFilterValues(params), sampleCount);
-    static_cast<void>(Bypass); static_cast<void>(refreshCount);
+    static_cast<void>(Bypass);
+    static_cast<void>(refreshCount);
     Wire(inputStreams, record[FieldAudioInputs], host.inputs, sampleCount, inputOfNone);
     Wire(outputStreams, record[FieldAudioOutputs], host.outputs, sampleCount, outputOfNone);
     CAudioStreams inputs(inputStreams.data(), static_cast<int>(inputStreams.size()));

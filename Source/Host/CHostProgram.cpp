@@ -42,7 +42,8 @@ bool HasResult(const CRunOptions& options)
 
 } // namespace
 
-CHostProgram::CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_, bool onTerminal_)
+CHostProgram::CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_,
+                           bool onTerminal_)
     : out(out_),
       error(error_),
       onTerminal(onTerminal_)
@@ -55,9 +56,12 @@ int CHostProgram::Run(int argumentCount, const char* const* arguments)
     std::string message;
     switch (ParseCommandLine(argumentCount, arguments, out, options, message))
     {
-        case EParsed::Done: return Success;
-        case EParsed::Failed: return Fail(message);
-        case EParsed::Run: break;
+    case EParsed::Done:
+        return Success;
+    case EParsed::Failed:
+        return Fail(message);
+    case EParsed::Run:
+        break;
     }
     CPluginSession session;
     if (!session.Open(options.modulePath, message))

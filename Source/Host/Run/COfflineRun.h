@@ -33,7 +33,8 @@ public:
 
     /// Plays the source from where it stands, at most `frames`. `writer` is given what came out; null for
     /// none.
-    CRunSummary Play(IAudioSource& source, std::int64_t frames, CSoundFileWriter* writer, CProgressBar& progress);
+    CRunSummary Play(IAudioSource& source, std::int64_t frames, CSoundFileWriter* writer,
+                     CProgressBar& progress);
 
 private:
     struct CChange

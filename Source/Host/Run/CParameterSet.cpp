@@ -1,10 +1,12 @@
 #include "Host/Run/CParameterSet.h"
 
+#include "AAXPlugin/Interface/AAXResults.h"
 #include "Host/Run/NearestName.h"
 #include "Host/Run/TimedEvents.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <ostream>
 
@@ -16,8 +18,21 @@ namespace
 
 constexpr int TextCapacity = 256;
 
-/// More steps than these are not texts to choose from but numbers.
-constexpr int MostNamedSteps = 1000;
+/// Values that may have a name: the steps, or the whole numbers of a continuous parameter, which an
+/// enumeration can name, too. More than so many are no texts to choose from.
+std::vector<double> NamedPlaces(const CParameterSet::CParameter& parameter)
+{
+    constexpr double most = 1000.0;
+    const double range = parameter.max - parameter.min;
+    const double steps = parameter.steps < 0 ? std::floor(range) + 1.0 : parameter.steps;
+    const double last = parameter.steps < 0 ? range : steps - 1.0;
+    std::vector<double> places;
+    for (double i = 0.0; i < steps && steps <= most; i += 1.0)
+    {
+        places.push_back(last > 0.0 ? i / last : 0.0);
+    }
+    return places;
+}
 
 /// A number without a needless tail, the same in every locale.
 std::string NumberText(double number)
@@ -116,10 +131,8 @@ bool CParameterSet::ParseValue(const CParameter& parameter, const std::string& t
 
 bool CParameterSet::FindText(const CParameter& parameter, const std::string& text, double& normalized) const
 {
-    const int steps = std::min(parameter.steps, MostNamedSteps);
-    for (int i = 0; i < steps; ++i)
+    for (const double place : NamedPlaces(parameter))
     {
-        const double place = steps > 1 ? static_cast<double>(i) / (steps - 1) : 0.0;
         if (IsSameName(GetText(parameter, place), text))
         {
             normalized = place;

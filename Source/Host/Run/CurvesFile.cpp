@@ -60,7 +60,7 @@ CColumn ReadColumn(IPublishedCurves& curves, std::int32_t curve, const std::vect
     places.reserve(shares.size());
     for (const double share : shares)
     {
-        places.push_back(static_cast<float>(minX + share * (static_cast<double>(maxX) - minX)));
+        places.push_back(static_cast<float>(double{minX} + share * (double{maxX} - double{minX})));
     }
     CColumn column = {name, std::vector<float>(shares.size())};
     curves.EvaluateCurve(curve, places.data(), static_cast<std::int32_t>(places.size()),

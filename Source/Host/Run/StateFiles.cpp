@@ -85,7 +85,8 @@ bool LoadState(CHostInstance& instance, const std::string& path, std::string& er
     {
         return Fail(error, "damaged state in", path);
     }
-    // The result says nothing: a plug-in gives that of the chunks that hosts interpret, of which this is none.
+    // The result says nothing: a plug-in gives that of the chunks that hosts interpret, of which this is
+    // none.
     instance.LoadChunk(bytes);
     return true;
 }

@@ -131,8 +131,8 @@ void CAudioPluginInternalsBase::PublishOutputParams(IMIDIOutput* midi)
     const DSP::IConstParamsValues& values = filter->GetOutputParams();
     const CMIDICCSettings& midiSettings = GetActiveOutputMIDISettings();
     const CAutomationSettings& automationSettings = GetActiveOutputAutomationSettings();
-    const int count =
-        std::min({values.GetCount(), outputs->GetCount(), midiSettings.GetCount(), automationSettings.GetCount()});
+    const int count = std::min(
+        {values.GetCount(), outputs->GetCount(), midiSettings.GetCount(), automationSettings.GetCount()});
     for (int i = 0; i < count; ++i)
     {
         const float value = values.GetValue(i);
