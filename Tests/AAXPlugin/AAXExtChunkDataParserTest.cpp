@@ -1,8 +1,8 @@
 #include "AAXPlugin/AAXExtChunkDataParser.h"
 
+#include "rapidcheck/gtest.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include "rapidcheck/gtest.h"
 
 #include <limits>
 
@@ -57,18 +57,22 @@ struct CRecordCase
 };
 
 // Written out by hand: tag, name, zero, padding to 4 from the start of the data, high byte first.
-const CRecordCase Cases[] = {
-    {"float 1.5", [](AAXExtChunkDataParser& parser) { parser.AddFloat("P1", 1.5F); },
-     {'f', '_', 'P', '1', 0, 0, 0, 0, 0x3F, 0xC0, 0, 0}},
-    {"integer -2", [](AAXExtChunkDataParser& parser) { parser.AddInt32("abc", -2); },
-     {'l', '_', 'a', 'b', 'c', 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFE}},
-    {"double 2", [](AAXExtChunkDataParser& parser) { parser.AddDouble("x", 2.0); },
-     {'d', '_', 'x', 0, 0x40, 0, 0, 0, 0, 0, 0, 0}},
-    {"short 0x1234", [](AAXExtChunkDataParser& parser) { parser.AddInt16("", 0x1234); },
-     {'s', '_', 0, 0, 0x12, 0x34, 0, 0}},
-    {"master bypass", [](AAXExtChunkDataParser& parser) { parser.AddFloat("MasterBypassID", 1.0F); },
-     {'f', '_', 'M', 'a', 's', 't', 'e', 'r', 'B', 'y', 'p', 'a', 's', 's', 'I', 'D', 0, 0, 0, 0, 0x3F, 0x80, 0,
-      0}}};
+const CRecordCase Cases[] = {{"float 1.5",
+                              [](AAXExtChunkDataParser& parser) { parser.AddFloat("P1", 1.5F); },
+                              {'f', '_', 'P', '1', 0, 0, 0, 0, 0x3F, 0xC0, 0, 0}},
+                             {"integer -2",
+                              [](AAXExtChunkDataParser& parser) { parser.AddInt32("abc", -2); },
+                              {'l', '_', 'a', 'b', 'c', 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFE}},
+                             {"double 2",
+                              [](AAXExtChunkDataParser& parser) { parser.AddDouble("x", 2.0); },
+                              {'d', '_', 'x', 0, 0x40, 0, 0, 0, 0, 0, 0, 0}},
+                             {"short 0x1234",
+                              [](AAXExtChunkDataParser& parser) { parser.AddInt16("", 0x1234); },
+                              {'s', '_', 0, 0, 0x12, 0x34, 0, 0}},
+                             {"master bypass",
+                              [](AAXExtChunkDataParser& parser) { parser.AddFloat("MasterBypassID", 1.0F); },
+                              {'f', '_', 'M', 'a', 's', 't', 'e', 'r', 'B',  'y',  'p', 'a',
+                               's', 's', 'I', 'D', 0,   0,   0,   0,   0x3F, 0x80, 0,   0}}};
 
 TEST(AAXExtChunkDataParser, WritesEachTypeByteForByte)
 {
@@ -175,7 +179,8 @@ RC_GTEST_PROP(AAXExtChunkDataParser, ReadsBackWhatItWrote, (const std::vector<st
     int index = 0;
     for (const auto& [type, number] : numbers)
     {
-        const std::string name = std::string(static_cast<std::size_t>(index % 9), '-') + std::to_string(index);
+        const std::string name =
+            std::string(static_cast<std::size_t>(index % 9), '-') + std::to_string(index);
         switch (type & 3)
         {
         case 0:

@@ -17,7 +17,8 @@ public:
 
 TEST(AAX_VController, HandsEveryCallToTheHostsObject)
 {
-    const auto host = TACFReference<Host::CHostController>::Adopt(new Host::CHostController(1, 0x10002, 96000.0));
+    const auto host =
+        TACFReference<Host::CHostController>::Adopt(new Host::CHostController(1, 0x10002, 96000.0));
     host->GetPorts().Add({1, 2, 1});
     AAX_VController controller(static_cast<IAAXController*>(host.Get()));
     ASSERT_TRUE(controller);
