@@ -80,9 +80,21 @@ IEventProvider& CAAXPluginParamAdapter::GetEndCaptureEventProvider() const
     return CCapture::GetEndCaptureEventProvider();
 }
 
-void CAAXPluginParamAdapter::NotifyValueChanged() const
+void CAAXPluginParamAdapter::DeliverChange() const
 {
-    if (!audioThread.IsOwn())
+    if (isChanged.exchange(false, std::memory_order_relaxed))
+    {
+        changed.Notify();
+    }
+}
+
+void CAAXPluginParamAdapter::NotifyValueChanged()
+{
+    if (audioThread.IsOwn())
+    {
+        isChanged.store(true, std::memory_order_relaxed);
+    }
+    else
     {
         changed.Notify();
     }

@@ -52,6 +52,10 @@ public:
 
     Mirel::Core::IEventProvider& GetValueChangedEventProvider() const override { return changed; }
 
+    /// Fires the change event if the value was changed on the audio thread since the last delivery. Any
+    /// thread but the audio thread.
+    void DeliverChange() const;
+
     /// A hand on the parameter: the host records what comes between the two as one gesture.
     void BeginCapture() override;
     void EndCapture() override;
@@ -60,7 +64,7 @@ public:
     Mirel::Core::IEventProvider& GetEndCaptureEventProvider() const override;
 
 private:
-    void NotifyValueChanged() const;
+    void NotifyValueChanged();
 
     const Mirel::DataModel::Objects::IConstParamInfo& info;
     Mirel::Core::TIValue<float>& value;
@@ -68,6 +72,8 @@ private:
     std::string identifier;
     const CAudioThreadMark& audioThread;
     CAAXPluginParameter* parameter = nullptr;
+    // Listening and delivering change nothing of the value.
+    mutable std::atomic<bool> isChanged = false;
     mutable Mirel::System::CMTEventProvider changed;
 };
 

@@ -281,6 +281,26 @@ std::int32_t CAAXPluginParameters::GetCurveRange(std::int32_t curve, float* minX
     return AAXResult::Ok;
 }
 
+std::int32_t CAAXPluginParameters::EvaluateCurve(std::int32_t curve, const float* x, std::int32_t count,
+                                                 float* y)
+{
+    if (FindCurve(curve) == nullptr || x == nullptr || y == nullptr || count < 0)
+    {
+        return AAXResult::Failed;
+    }
+    const auto evaluate = [&](const Mirel::Math::IFunction& function)
+    { std::transform(x, x + count, y, [&](float place) { return function(place); }); };
+    return Guarded(
+        [&]
+        {
+            if (!internals->GetOutputCaptures().GetCurves()[curve].Read(evaluate))
+            {
+                std::fill_n(y, count, 0.0F);
+            }
+            return AAXResult::Ok;
+        });
+}
+
 std::int32_t CAAXPluginParameters::GetRefreshes(std::int64_t* count, std::int64_t* lastPosition)
 {
     if (count == nullptr || lastPosition == nullptr)
@@ -293,11 +313,4 @@ std::int32_t CAAXPluginParameters::GetRefreshes(std::int64_t* count, std::int64_
     return AAXResult::Ok;
 }
 
-} // namespace MirelExt::AAXPlugin
-namespace MirelExt::AAXPlugin
-{
-std::int32_t CAAXPluginParameters::EvaluateCurve(std::int32_t, const float*, std::int32_t, float*)
-{
-    return AAXResult::Failed;
-}
 } // namespace MirelExt::AAXPlugin

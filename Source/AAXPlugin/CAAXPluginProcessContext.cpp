@@ -127,8 +127,7 @@ bool CAAXPluginProcessContext::IsInputSilent(int sampleCount) const
 void CAAXPluginProcessContext::RunFilter(AAX_InstanceRecord record, int sampleCount)
 {
     const IConstParamsVariations& variations = ramps.Update(CFilterValues(params), sampleCount);
-    static_cast<void>(Bypass);
-    static_cast<void>(refreshCount);
+    internals.GetBypass().SetBypass(params[Bypass].GetValue() > 0.5F);
     Wire(inputStreams, record[FieldAudioInputs], host.inputs, sampleCount, inputOfNone);
     Wire(outputStreams, record[FieldAudioOutputs], host.outputs, sampleCount, outputOfNone);
     CAudioStreams inputs(inputStreams.data(), static_cast<int>(inputStreams.size()));
@@ -136,11 +135,11 @@ void CAAXPluginProcessContext::RunFilter(AAX_InstanceRecord record, int sampleCo
     const CProcessBlock block = {&inputs, &outputs, sampleCount, &variations, nullptr};
     if (!inputStreams.empty() && IsInputSilent(sampleCount))
     {
-        internals.GetFilter().ProcessSilence(block);
+        internals.GetBypass().ProcessSilence(internals.GetFilter(), block);
     }
     else
     {
-        internals.GetFilter().Process(block);
+        internals.GetBypass().Process(internals.GetFilter(), block);
     }
 }
 
@@ -151,8 +150,32 @@ void CAAXPluginProcessContext::RefreshOutputs(IAAXMidiNode* node)
     {
         return;
     }
+    internals.GetFilter().UpdateOutputs();
+    if (!areParamsPublished)
+    {
+        PublishParams(node);
+        areParamsPublished = true;
+    }
+    if (!internals.PublishOutputs())
+    {
+        // A reader is at the captures: output stays due, and the next block tries again.
+        return;
+    }
+    areParamsPublished = false;
     sync.Reset();
-    static_cast<void>(node);
+    refreshCount.fetch_add(1, std::memory_order_relaxed);
+    lastRefresh.store(processedSamples, std::memory_order_relaxed);
+}
+
+void CAAXPluginProcessContext::PublishParams(IAAXMidiNode* node)
+{
+    if (node == nullptr)
+    {
+        internals.PublishOutputParams(nullptr);
+        return;
+    }
+    CMidiNodeOutput midi(*node);
+    internals.PublishOutputParams(&midi);
 }
 
 void ProcessInstances(const AAX_InstanceRecord* instances, std::int32_t count)

@@ -53,6 +53,7 @@ private:
     bool IsInputSilent(int sampleCount) const;
     void RunFilter(AAX_InstanceRecord record, int sampleCount);
     void RefreshOutputs(IAAXMidiNode* node);
+    void PublishParams(IAAXMidiNode* node);
 
     Mirel::Audio::Plugin::CAudioPluginInternalsBase& internals;
     const CInputAdapters& params;
@@ -61,8 +62,9 @@ private:
     CStreams outputStreams;
     CParamRamps ramps;
     CAudioThreadMark& audioThread;
-    float inputOfNone = 0.0F;  ///< What a channel that the host does not offer reads.
-    float outputOfNone = 0.0F; ///< What a channel that the host does not take is written to.
+    float inputOfNone = 0.0F;        ///< What a channel that the host does not offer reads.
+    float outputOfNone = 0.0F;       ///< What a channel that the host does not take is written to.
+    bool areParamsPublished = false; ///< In the refresh that is due.
     std::int64_t processedSamples = 0;
     std::atomic<std::int64_t> refreshCount = 0;
     std::atomic<std::int64_t> lastRefresh = 0;

@@ -98,14 +98,33 @@ private:
 
         IFunction* Clone() const override
         {
-            const auto frozen = counts.GetCounts();
-            L table(range.low, range.high, binCount);
-            std::transform(frozen.begin(), frozen.begin() + binCount, table.GetPositions(),
-                           [](std::uint32_t count) { return static_cast<float>(count); });
-            return new TLUTFunction<L>(std::move(table));
+            auto* const frozen = new TLUTFunction<L>(L(range.low, range.high, binCount));
+            Freeze(*frozen);
+            return frozen;
+        }
+
+        bool UpdateClone(IFunction& older) const override
+        {
+            auto* const frozen = dynamic_cast<TLUTFunction<L>*>(&older);
+            return frozen != nullptr && HasSameRange(frozen->GetTable()) && Freeze(*frozen);
         }
 
     private:
+        bool HasSameRange(const L& table) const
+        {
+            return table.GetXMin() == range.low && table.GetXMax() == range.high;
+        }
+
+        /// False for a table of another size.
+        bool Freeze(TLUTFunction<L>& frozen) const
+        {
+            const auto current = counts.GetCounts();
+            std::array<float, maxBins> values;
+            std::transform(current.begin(), current.begin() + binCount, values.begin(),
+                           [](std::uint32_t count) { return static_cast<float>(count); });
+            return frozen.SetValues({values.data(), static_cast<std::size_t>(binCount)});
+        }
+
         int binCount;
         CBinRange range;
         CSlidingCounts counts;
