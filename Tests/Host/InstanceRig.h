@@ -19,17 +19,24 @@ public:
     explicit CInstanceRig(Host::CInstanceSetup setup = {})
     {
         EXPECT_TRUE(session.Open(ScopeBankModule(), error)) << error;
-        instance = Host::CHostInstance::Make(*session.GetCollection(), setup, error);
-        EXPECT_NE(instance, nullptr) << error;
+        instance = MakeAnother(setup);
     }
 
     Host::CHostInstance& Get() { return *instance; }
 
+    /// A further instance of the same module, to go before this object: a module has one host at a time.
+    std::unique_ptr<Host::CHostInstance> MakeAnother(Host::CInstanceSetup setup = {})
+    {
+        auto made = Host::CHostInstance::Make(*session.GetCollection(), setup, error);
+        EXPECT_NE(made, nullptr) << error;
+        return made;
+    }
+
     /// The normalised value of a parameter.
-    double GetValue(const char* id)
+    static double GetValue(Host::CHostInstance& of, const char* id)
     {
         double value = -1.0;
-        EXPECT_EQ(instance->GetParameters().GetParameterValue(id, &value), AAXResult::Ok);
+        EXPECT_EQ(of.GetParameters().GetParameterValue(id, &value), AAXResult::Ok);
         return value;
     }
 

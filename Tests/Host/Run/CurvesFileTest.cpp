@@ -1,6 +1,7 @@
 #include "Host/Run/CurvesFile.h"
 
 #include "AAXPlugin/Interface/CACFUnknown.h"
+#include "AAXPlugin/Interface/TACFReference.h"
 #include "Support/CTemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -25,10 +25,10 @@ TEST_F(StateFilesTest, StateComesBackInAnotherInstance)
 {
     rig.Get().GetParameters().SetParameterValue("P4", 0.5);
     ASSERT_TRUE(SaveState(rig.Get(), Path("state"), error)) << error;
-    Tests::CInstanceRig other;
-    ASSERT_TRUE(LoadState(other.Get(), Path("state"), error)) << error;
-    EXPECT_EQ(other.GetValue("P4"), 0.5);
-    ASSERT_TRUE(SaveState(other.Get(), Path("again"), error)) << error;
+    const auto other = rig.MakeAnother();
+    ASSERT_TRUE(LoadState(*other, Path("state"), error)) << error;
+    EXPECT_EQ(rig.GetValue(*other, "P4"), 0.5);
+    ASSERT_TRUE(SaveState(*other, Path("again"), error)) << error;
     EXPECT_EQ(folder.Read("again"), folder.Read("state"));
 }
 
@@ -48,9 +48,9 @@ TEST_F(StateFilesTest, PresetComesBackInAnotherInstance)
 {
     rig.Get().GetParameters().SetParameterValue("P2", 1.0);
     ASSERT_TRUE(SavePreset(rig.Get(), Path("a.preset"), error)) << error;
-    Tests::CInstanceRig other;
-    ASSERT_TRUE(LoadPreset(other.Get(), Path("a.preset"), error)) << error;
-    EXPECT_EQ(other.GetValue("P2"), 1.0);
+    const auto other = rig.MakeAnother();
+    ASSERT_TRUE(LoadPreset(*other, Path("a.preset"), error)) << error;
+    EXPECT_EQ(rig.GetValue(*other, "P2"), 1.0);
 }
 
 TEST_F(StateFilesTest, DamagedFilesLeaveTheInstanceAsItIs)
@@ -77,7 +77,7 @@ TEST_F(StateFilesTest, DamagedFilesLeaveTheInstanceAsItIs)
     EXPECT_EQ(error, "damaged preset in \"" + Path("state") + '"');
     EXPECT_FALSE(LoadState(rig.Get(), Path("missing"), error));
     EXPECT_EQ(error, "cannot read \"" + Path("missing") + '"');
-    EXPECT_EQ(rig.GetValue("P4"), 0.25);
+    EXPECT_EQ(rig.GetValue(rig.Get(), "P4"), 0.25);
 }
 
 TEST_F(StateFilesTest, SaysWhereItCannotWrite)
