@@ -6,6 +6,7 @@
 #include "Mirel/Audio/Plugin/PresetFiles.h"
 
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <utility>
