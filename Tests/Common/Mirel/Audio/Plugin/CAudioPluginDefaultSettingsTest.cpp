@@ -1,6 +1,7 @@
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "CTestInstance.h"
 #include "Mirel/Serialization/CMemDataObject.h"
+#include "Mirel/Serialization/CXmlDataObject.h"
 #include "Support/EventCounter.h"
 
 #include <cmath>
@@ -291,9 +292,26 @@ TEST_F(CDefaultSettingsTest, AProductOverridesTheFactoryValues)
     EXPECT_NE(places.ReadSettings().find("<skinFile>own.xml</skinFile>"), std::string::npos);
 }
 
-RC_GTEST_PROP(CDefaultSettings, ComeBackFromTheFileAndAreWrittenTheSameAgain, ())
+std::string TextOf(const CAudioPluginDefaultSettings& settings)
 {
-    const CTestPlaces places;
+    Mirel::Serialization::CXmlDataObject document("GlobalSettings");
+    EXPECT_TRUE(settings.Serialize(document));
+    std::string text;
+    EXPECT_TRUE(document.SaveToText(text));
+    return text;
+}
+
+TEST_F(CDefaultSettingsTest, SavesThatText)
+{
+    const auto settings = Make();
+    settings->SetOutputRefreshRate(33.0);
+    settings->Save();
+    EXPECT_EQ(places.ReadSettings(), TextOf(*settings));
+}
+
+RC_GTEST_PROP(CDefaultSettings, ComeBackFromTheTextAndAreWrittenTheSameAgain, ())
+{
+    static const CTestPlaces places; // one folder for all cases: they write nothing to it
     const CTestFilter filter(2, 2);
     const auto settings = Tests::MakeSettings(places, filter);
     for (CMIDICCSetting& each : settings->GetInputMIDISettings())
@@ -309,10 +327,12 @@ RC_GTEST_PROP(CDefaultSettings, ComeBackFromTheFileAndAreWrittenTheSameAgain, ()
         each.SetEnabled(*rc::gen::arbitrary<bool>());
     }
     settings->SetOutputRefreshRate(std::abs(*rc::gen::arbitrary<double>()));
-    settings->Save();
-    const std::string saved = places.ReadSettings();
+    const std::string saved = TextOf(*settings);
 
+    Mirel::Serialization::CXmlDataObject document("Root");
+    RC_ASSERT(document.LoadFromMemory(saved.data(), saved.size()));
     const auto loaded = Tests::MakeSettings(places, filter);
+    RC_ASSERT(loaded->Deserialize(document));
     RC_ASSERT(!(loaded->GetOutputRefreshRate() < settings->GetOutputRefreshRate() ||
                 loaded->GetOutputRefreshRate() > settings->GetOutputRefreshRate()));
     for (int i = 0; i < 2; ++i)
@@ -320,8 +340,7 @@ RC_GTEST_PROP(CDefaultSettings, ComeBackFromTheFileAndAreWrittenTheSameAgain, ()
         RC_ASSERT(loaded->GetOutputAutomationSettings()[i].IsEnabled() ==
                   settings->GetOutputAutomationSettings()[i].IsEnabled());
     }
-    loaded->Save();
-    RC_ASSERT(places.ReadSettings() == saved);
+    RC_ASSERT(TextOf(*loaded) == saved);
 }
 
 } // namespace

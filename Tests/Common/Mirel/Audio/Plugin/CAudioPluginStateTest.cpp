@@ -355,7 +355,7 @@ void AssertSame(CAudioPluginInternalsBase& a, CAudioPluginInternalsBase& b)
 
 RC_GTEST_PROP(State, MakesAnotherInstanceEqualInEveryValue, ())
 {
-    const CTestPlaces places;
+    static const CTestPlaces places; // one folder for all cases: they write nothing to it
     CTestInstance first(places);
     CTestInstance second(places);
     Shuffle(first.internals);
@@ -368,7 +368,7 @@ RC_GTEST_PROP(State, MakesAnotherInstanceEqualInEveryValue, ())
 
 RC_GTEST_PROP(State, SavedLoadedAndSavedAgainHasTheSameBytes, ())
 {
-    const CTestPlaces places;
+    static const CTestPlaces places; // one folder for all cases: they write nothing to it
     CTestInstance instance(places);
     Shuffle(instance.internals);
     const std::string saved = instance.SaveText();
@@ -378,7 +378,7 @@ RC_GTEST_PROP(State, SavedLoadedAndSavedAgainHasTheSameBytes, ())
 
 RC_GTEST_PROP(State, GoesThroughMemoryAsWell, ())
 {
-    const CTestPlaces places;
+    static const CTestPlaces places; // one folder for all cases: they write nothing to it
     CTestInstance first(places);
     CTestInstance second(places);
     Shuffle(first.internals);
@@ -391,8 +391,8 @@ RC_GTEST_PROP(State, GoesThroughMemoryAsWell, ())
 
 RC_GTEST_PROP(State, OfTheOscilloscopeComesBack, ())
 {
-    const CTestPlaces places;
-    const auto make = [&places]
+    static const CTestPlaces places; // one folder for all cases: they write nothing to it
+    const auto make = []
     {
         auto filter = PluginsFilters::CreateTopLevelFilter();
         auto settings = Tests::MakeSettings(places, *filter);
