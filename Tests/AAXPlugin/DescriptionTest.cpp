@@ -1,9 +1,9 @@
 #include "AAXPlugin/Description.h"
 
+#include "AAXPlugin/CAAXPluginProcessContext.h"
 #include "AAXPlugin/CScriptedHost.h"
 #include "AAXPlugin/ComponentDescription.h"
 #include "AAXPlugin/Interface/AAX_VCollection.h"
-#include "AAXPlugin/PassThrough.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,8 +93,7 @@ TEST(DescribeModule, RegistersWorkingProcedures)
 {
     const auto host = MakeHost();
     Describe(*host, {2, 0});
-    EXPECT_THAT(host->procedures,
-                ElementsAre(GetPassThroughProcedure({2, 2}), GetPassThroughProcedure({1, 1})));
+    EXPECT_THAT(host->procedures, ElementsAre(&ProcessInstances, &ProcessInstances));
 }
 
 TEST(DescribeModule, AsksForTheFilterOnceAndAfterTheDescriptor)

@@ -1,6 +1,5 @@
 #include "AAXPlugin/CHostHolder.h"
 #include "AAXPlugin/CScriptedHost.h"
-#include "AAXPlugin/CreationProcedures.h"
 #include "AAXPlugin/Interface/ACFExports.h"
 
 #include <gmock/gmock.h>
@@ -163,12 +162,6 @@ TEST(Exports, ExceptionsBecomeACode)
     host.throwsOnAdd = true;
     EXPECT_EQ(ACFStartup(&host), UnexpectedCode);
     EXPECT_FALSE(CHostHolder::GetInstance().Get());
-}
-
-TEST(CreationProcedures, MakeNoInstance)
-{
-    EXPECT_EQ(MirelExt::AAXPlugin::CreateEffectParameters(), nullptr);
-    EXPECT_EQ(MirelExt::AAXPlugin::CreateGui(), nullptr);
 }
 
 } // namespace

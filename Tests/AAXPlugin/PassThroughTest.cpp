@@ -49,11 +49,7 @@ public:
     CInstance(const CInstance&) = delete;
     CInstance& operator=(const CInstance&) = delete;
 
-    void Run(CChannelCounts channels)
-    {
-        const AAX_InstanceRecord record = fields.data();
-        PassThrough(&record, 1, channels);
-    }
+    void Run(CChannelCounts channels) { PassThrough(fields.data(), channels); }
 
     std::vector<std::vector<float>> inputs;
     std::vector<std::vector<float>> outputs;
@@ -148,26 +144,6 @@ TEST(PassThrough, RecordWithoutOutputsOrSampleCountIsLeftOut)
     EXPECT_THAT(withoutCount.outputs[0], Each(Untouched));
 }
 
-TEST(PassThrough, MissingRecordDoesNotStopTheOthers)
-{
-    CInstance first(1, 1, 2);
-    CInstance last(1, 1, 2);
-    const std::array<AAX_InstanceRecord, 3> records = {first.fields.data(), nullptr, last.fields.data()};
-    PassThrough(records.data(), 3, {1, 1});
-    EXPECT_THAT(first.outputs[0], ElementsAre(1.0F, 1.25F));
-    EXPECT_THAT(last.outputs[0], ElementsAre(1.0F, 1.25F));
-}
-
-TEST(PassThrough, NoRecordsAreNoWork)
-{
-    PassThrough(nullptr, 1, {2, 2});
-    CInstance instance(1, 1, 2);
-    const AAX_InstanceRecord record = instance.fields.data();
-    PassThrough(&record, 0, {1, 1});
-    PassThrough(&record, -1, {1, 1});
-    EXPECT_THAT(instance.outputs[0], Each(Untouched));
-}
-
 TEST(PassThrough, InPlaceAndOverlappingBuffersKeepTheirSamples)
 {
     std::vector<float> buffer = {1.0F, 2.0F, 3.0F, 4.0F};
@@ -200,33 +176,6 @@ TEST(PassThrough, AllocatesNothing)
     const Tests::CAllocationCounter allocations;
     instance.Run({2, 3});
     EXPECT_EQ(allocations.GetCount(), 0U);
-}
-
-TEST(PassThrough, ProcedureOfEveryStemFormatHandlesItsChannels)
-{
-    for (int inputs = 1; inputs <= 8; ++inputs)
-    {
-        for (int outputs = 1; outputs <= 8; ++outputs)
-        {
-            CInstance instance(inputs, 9, 1);
-            const AAX_InstanceRecord record = instance.fields.data();
-            GetPassThroughProcedure({inputs, outputs})(&record, 1);
-            for (int channel = 0; channel < 9; ++channel)
-            {
-                const float expected = channel >= outputs  ? Untouched
-                                       : channel >= inputs ? 0.0F
-                                                           : static_cast<float>(channel + 1);
-                EXPECT_EQ(instance.outputs[static_cast<std::size_t>(channel)][0], expected)
-                    << inputs << " in, " << outputs << " out, channel " << channel;
-            }
-        }
-    }
-}
-
-TEST(PassThrough, CountOutsideTheStemFormatsIsTakenAsTheNearest)
-{
-    EXPECT_EQ(GetPassThroughProcedure({0, -3}), GetPassThroughProcedure({1, 1}));
-    EXPECT_EQ(GetPassThroughProcedure({9, 100}), GetPassThroughProcedure({8, 8}));
 }
 
 } // namespace

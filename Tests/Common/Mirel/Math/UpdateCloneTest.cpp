@@ -13,7 +13,9 @@
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Support/AllocationCounter.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <memory>
@@ -363,4 +365,62 @@ TEST(UpdateClone, AFunctionWithoutAWayOfItsOwnIsCloned)
     const CFunctionsComposition identity;
     const auto clone = CloneOf(identity);
     EXPECT_FALSE(identity.UpdateClone(*clone));
+}
+
+RC_GTEST_PROP(UpdateClone, AHistogramIsFrozenToTheBitWhateverHappenedToIt, ())
+{
+    const int length = *rc::gen::inRange(0, 40);
+    auto histogram = std::make_unique<THistogram<CNearestTable>>(9, -1.0f, 1.0f);
+    histogram->SetLength(length);
+    const auto older = CloneOf(histogram->GetFunction());
+    std::vector<float> history; // the second computation: what is in the window, and the last factor
+    float factor = 0.0f;
+    const auto countIn = [&](int bin)
+    {
+        const auto inWindow = std::min(history.size(), static_cast<std::size_t>(length));
+        return std::count_if(history.end() - static_cast<std::ptrdiff_t>(inWindow), history.end(),
+                             [bin](float value)
+                             {
+                                 const float clamped = std::clamp(value, -1.0f, 1.0f);
+                                 return static_cast<int>((clamped + 1.0f) * 4.0f + 0.5f) == bin;
+                             });
+    };
+    const int steps = *rc::gen::inRange(1, 30);
+    for (int step = 0; step < steps; ++step)
+    {
+        switch (*rc::gen::inRange(0, 6))
+        {
+        case 0:
+            histogram->Reset();
+            history.clear();
+            break;
+        case 1:
+            histogram = std::make_unique<THistogram<CNearestTable>>(*histogram);
+            break;
+        case 2:
+        {
+            histogram->Normalise();
+            std::ptrdiff_t fullest = 0;
+            for (int bin = 0; bin < 9; ++bin)
+            {
+                fullest = std::max(fullest, countIn(bin));
+            }
+            factor = fullest > 0 ? 1.0f / static_cast<float>(fullest) : 0.0f;
+            break;
+        }
+        default:
+        {
+            const std::vector<float> block = ArbitraryBlock(60);
+            histogram->Add(block);
+            history.insert(history.end(), block.begin(), block.end());
+        }
+        }
+        RC_ASSERT(histogram->GetFunction().UpdateClone(*older));
+        RC_ASSERT(Picture(*older) == Picture(*CloneOf(histogram->GetFunction())));
+        for (int bin = 0; bin < 9; ++bin)
+        {
+            RC_ASSERT((*older)(static_cast<float>(bin - 4) / 4.0f) ==
+                      static_cast<float>(countIn(bin)) * factor);
+        }
+    }
 }
