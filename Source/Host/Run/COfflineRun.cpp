@@ -143,6 +143,7 @@ void COfflineRun::NoteRefresh(CRunSummary& summary) const
         summary.duePositions.push_back(position);
     }
     summary.dueCount = count;
+    curves->GetPublications(&summary.published);
 }
 
 } // namespace Host

@@ -45,6 +45,7 @@ public:
         return AAXResult::Ok;
     }
     std::int32_t GetRefreshes(std::int64_t*, std::int64_t*) override { return AAXResult::Failed; }
+    std::int32_t GetPublications(std::int64_t*) override { return AAXResult::Failed; }
 };
 
 TEST(WriteCurves, WritesAColumnForEachCurveOverItsOwnRange)
