@@ -4,8 +4,9 @@
 #include "AAXPlugin/ChunkIds.h"
 #include "AAXPlugin/Guarded.h"
 #include "AAXPlugin/ProcessFields.h"
-#include "AAXPlugin/StateText.h"
+#include "AAXPlugin/StateChunk.h"
 #include "Mirel/Audio/DSP/IFilter.h"
+#include "Mirel/Audio/Plugin/PresetFiles.h"
 #include "Plugins/Oscilloscope/CreateTopLevelFilter.h"
 
 #include <algorithm>
@@ -17,6 +18,8 @@ namespace MirelExt::AAXPlugin
 using Mirel::Audio::DSP::IFilter;
 using Mirel::Audio::Plugin::CAudioPluginDefaultSettings;
 using Mirel::Audio::Plugin::CAudioPluginInternalsBase;
+using Mirel::Audio::Plugin::StateFromText;
+using Mirel::Audio::Plugin::StateToText;
 using Mirel::DataModel::Objects::ICurveInfo;
 
 namespace
@@ -152,11 +155,12 @@ std::int32_t CAAXPluginParameters::GetChunkSize(std::uint32_t chunkId, std::uint
     return Guarded(
         [&]
         {
-            if (size == nullptr)
+            std::string text;
+            if (size == nullptr || !StateToText(*internals, text))
             {
                 return AAXResult::Failed;
             }
-            announcedStateSize = StateChunkSize(MakeStateText(*internals));
+            announcedStateSize = StateChunkSize(text);
             *size = static_cast<std::uint32_t>(announcedStateSize);
             return AAXResult::Ok;
         });
@@ -174,7 +178,11 @@ std::int32_t CAAXPluginParameters::GetChunk(std::uint32_t chunkId, SAAXChunk* ch
 std::int32_t CAAXPluginParameters::GetStateChunk(SAAXChunk& chunk)
 {
     // The state may have grown since the host made room for it.
-    const std::string text = MakeStateText(*internals);
+    std::string text;
+    if (!StateToText(*internals, text))
+    {
+        return AAXResult::Failed;
+    }
     if (StateChunkSize(text) > announcedStateSize)
     {
         return AAXResult::WrongChunkSize;
@@ -193,7 +201,7 @@ std::int32_t CAAXPluginParameters::SetChunk(std::uint32_t chunkId, const SAAXChu
                 const std::string_view text = StateTextOf(*chunk);
                 if (!text.empty())
                 {
-                    ReadStateText(text, *internals);
+                    StateFromText(text.data(), text.size(), *internals);
                 }
                 return AAXResult::Ok;
             });
@@ -217,7 +225,8 @@ std::int32_t CAAXPluginParameters::CompareActiveChunk(const SAAXChunk* chunk, st
         {
             *equal = 0;
             const std::string_view text = StateTextOf(*chunk);
-            *equal = !text.empty() && text == MakeStateText(*internals) ? 1 : 0;
+            std::string present;
+            *equal = !text.empty() && StateToText(*internals, present) && text == present ? 1 : 0;
             return AAXResult::Ok;
         });
 }

@@ -1,4 +1,4 @@
-#include "AAXPlugin/StateText.h"
+#include "AAXPlugin/StateChunk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,42 +10,7 @@ namespace
 {
 
 using namespace MirelExt::AAXPlugin;
-using Mirel::Serialization::IReadDataStream;
-using Mirel::Serialization::IWriteDataStream;
 using testing::ElementsAreArray;
-using testing::HasSubstr;
-
-class CNumber : public Mirel::Serialization::ISerializable
-{
-public:
-    int number = 0;
-
-    bool Serialize(IWriteDataStream& stream) const override { return stream.Write("number", number); }
-    bool Deserialize(const IReadDataStream& stream) override { return stream.Read("number", number); }
-};
-
-TEST(StateText, IsADocumentWithRootPreset)
-{
-    CNumber number;
-    number.number = 42;
-    const std::string text = MakeStateText(number);
-    EXPECT_THAT(text, HasSubstr("<Preset"));
-    EXPECT_THAT(text, HasSubstr("42"));
-    CNumber read;
-    EXPECT_TRUE(ReadStateText(text, read));
-    EXPECT_EQ(read.number, 42);
-}
-
-TEST(StateText, ThatCannotBeReadLeavesTheStateAlone)
-{
-    CNumber number;
-    number.number = 42;
-    for (const char* text : {"", "<Preset", "Preset", "<Preset></preset>"})
-    {
-        EXPECT_FALSE(ReadStateText(text, number)) << text;
-        EXPECT_EQ(number.number, 42) << text;
-    }
-}
 
 TEST(StateChunk, IsAsWrittenDownHere)
 {

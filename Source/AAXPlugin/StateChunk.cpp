@@ -1,40 +1,20 @@
-#include "AAXPlugin/StateText.h"
+#include "AAXPlugin/StateChunk.h"
 
 #include "AAXPlugin/ChunkIds.h"
 #include "AAXPlugin/ChunkName.h"
-#include "Mirel/Serialization/CXmlDataObject.h"
 
 #include <cstring>
 
 namespace MirelExt::AAXPlugin
 {
 
-using Mirel::Serialization::CXmlDataObject;
-
 namespace
 {
 
-constexpr const char* RootName = "Preset";
 constexpr std::size_t ReaderOffset = 57;
 constexpr std::size_t TerminatingZero = 1;
 
 } // namespace
-
-std::string MakeStateText(const Mirel::Serialization::ISerialize& state)
-{
-    CXmlDataObject document(RootName);
-    std::string text;
-    // What an object could not write is missing in the text, and keeps its value when the text is read.
-    state.Serialize(document);
-    document.SaveToText(text);
-    return text;
-}
-
-bool ReadStateText(std::string_view text, Mirel::Serialization::IDeSerialize& state)
-{
-    CXmlDataObject document(RootName);
-    return document.LoadFromMemory(text.data(), text.size()) && state.Deserialize(document);
-}
 
 std::size_t StateChunkSize(std::string_view text)
 {
