@@ -92,6 +92,24 @@ TEST_F(RealTime, WatchSeesNothingWithoutACause)
     EXPECT_EQ(count, 0U);
 }
 
+TEST_F(RealTime, WatchSeesInsideTheModule)
+{
+    CPluginSession session;
+    std::string error;
+    ASSERT_TRUE(session.Open(SCOPE_BANK_MODULE, error)) << error;
+    const auto instance = CHostInstance::Make(*session.GetCollection(), {2, 44100.0}, error);
+    ASSERT_NE(instance, nullptr) << error;
+    std::uint32_t size = 0;
+    std::size_t count = 0;
+    {
+        // The state becomes a text, which takes memory of the module's own.
+        const CRealTimeWatch watch;
+        instance->GetParameters().GetChunkSize(State, &size);
+        count = watch.GetCount();
+    }
+    EXPECT_GT(count, 0U);
+}
+
 /// The state of an instance with all its input parameters bound to controllers 0 to 6.
 std::vector<char> StateWithBoundControllers()
 {
