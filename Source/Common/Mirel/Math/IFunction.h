@@ -3,6 +3,8 @@
 #include "Mirel/Math/FunctionsRegistration.h"
 #include "Mirel/Serialization/ITypeSerializable.h"
 
+#include <typeinfo>
+
 namespace Mirel::Math
 {
 
@@ -17,6 +19,23 @@ class TIParametrizedFunction : public Serialization::ITypeSerializable
 public:
     /// A new object, owned by the caller, with clones of all that this one holds.
     virtual I* Clone() const = 0;
+
+    /// Makes `older`, which may be any object, what Clone would return now, as far as that takes no
+    /// allocation. An earlier clone of this object is brought up to date at the price of what has changed
+    /// since. False if it cannot be done; `older` may then be anything of its own class.
+    virtual bool UpdateClone(I& older) const
+    {
+        static_cast<void>(older);
+        return false;
+    }
+
+protected:
+    /// `other` as a T if it is of the very class of `self`, otherwise null.
+    template <class T>
+    static T* AsClassOf(const T& self, I& other)
+    {
+        return typeid(self) == typeid(other) ? static_cast<T*>(&other) : nullptr;
+    }
 };
 
 /// A function of one variable.

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Mirel/Math/CWriteCount.h"
 #include "Mirel/Math/IFunction.h"
 #include "Mirel/Math/TableRange.h"
 #include "Mirel/Serialization/TLookupTableSerializer.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <utility>
 
@@ -34,6 +36,7 @@ public:
     void SetSize(int size)
     {
         table.SetSize(size);
+        writes.Restart();
         writePos = 0;
         start = 0;
     }
@@ -42,6 +45,7 @@ public:
     void Reset()
     {
         table.Fill(0.0f);
+        writes.Restart();
         writePos = 0;
         start = 0;
     }
@@ -123,7 +127,44 @@ public:
 
     TCircularLUTFunction* Clone() const override { return new TCircularLUTFunction(*this); }
 
+    /// Copies what was written since `older` was a clone of this, or all if it never was. False if it has
+    /// another size.
+    bool UpdateClone(IFunction& older) const override
+    {
+        TCircularLUTFunction* const clone = AsClassOf(*this, older);
+        if (clone == nullptr || clone->GetSize() != GetSize())
+        {
+            return false;
+        }
+        const auto missing = writes.GetWrittenSince(clone->writes);
+        if (missing && *missing < static_cast<std::uint64_t>(GetSize()))
+        {
+            CopyWritten(static_cast<std::size_t>(*missing), *clone);
+        }
+        else
+        {
+            clone->table = table;
+        }
+        clone->writes = writes;
+        clone->start = start;
+        clone->writePos = writePos;
+        clone->stop = stop;
+        return true;
+    }
+
 private:
+    /// Copies the `count` positions that were written last, which begin where the clone would write next.
+    void CopyWritten(std::size_t count, TCircularLUTFunction& clone) const
+    {
+        const auto begin = static_cast<std::size_t>(clone.writePos);
+        const std::size_t upToEnd = std::min(count, static_cast<std::size_t>(GetSize()) - begin);
+        const float* const from = table.GetPositions();
+        float* const to = clone.table.GetPositions();
+        std::copy_n(from + begin, upToEnd, to + begin);
+        std::copy_n(from, count - upToEnd, to);
+        std::copy_n(from + GetSize(), L::guardsAfter, to + GetSize());
+    }
+
     bool IsConsistent() const
     {
         const int size = table.GetSize();
@@ -153,6 +194,7 @@ private:
         {
             return;
         }
+        writes.Add(length);
         std::size_t offset = 0;
         auto position = static_cast<std::size_t>(writePos);
         if (length > size)
@@ -187,6 +229,7 @@ private:
     }
 
     L table;
+    CWriteCount writes;
     int start = 0;
     int writePos = 0;
     int stop = 0;

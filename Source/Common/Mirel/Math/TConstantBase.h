@@ -28,6 +28,17 @@ public:
         return stream.Read("value", value);
     }
 
+    bool UpdateClone(I& older) const override
+    {
+        TConstantBase* const clone = I::AsClassOf(*this, older);
+        if (clone == nullptr)
+        {
+            return false;
+        }
+        clone->value = value;
+        return true;
+    }
+
 private:
     float value;
 };

@@ -44,6 +44,12 @@ public:
         return new TDeprecatedCircularLUTFunction(*this);
     }
 
+    bool UpdateClone(IFunction& older) const override
+    {
+        TDeprecatedCircularLUTFunction* const clone = this->AsClassOf(*this, older);
+        return clone != nullptr && ring.UpdateClone(clone->ring);
+    }
+
     bool Serialize(Serialization::IWriteDataStream& stream) const override { return ring.Serialize(stream); }
 
     /// Without a range in the stream the object keeps its own. On false all is as it was.

@@ -12,6 +12,19 @@ namespace Mirel::Math
 template <class I>
 using TFunctionHolder = Core::TOwnershipWithClone<const I>;
 
+/// UpdateClone for the function of a holder whose copy is to be brought up to date. False if the copy holds
+/// something that is not its own.
+template <class I>
+bool UpdateHeldClone(const TFunctionHolder<I>& source, TFunctionHolder<I>& copy)
+{
+    if (source.Get() == nullptr || copy.Get() == nullptr)
+    {
+        return source.Get() == copy.Get();
+    }
+    // What it owns was made by Clone, so is no constant, and belongs to nobody else.
+    return copy.IsOwned() && source->UpdateClone(const_cast<I&>(*copy));
+}
+
 /// Reads a function that its object cannot do without. False if there is none under the key, none that could
 /// be created, or a saved null.
 template <class I>

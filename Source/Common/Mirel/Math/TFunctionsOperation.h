@@ -19,6 +19,12 @@ public:
 
     /// Owns clones of all the functions.
     TFunctionsOperation* Clone() const override { return new TFunctionsOperation(*this); }
+
+    bool UpdateClone(IFunction& older) const override
+    {
+        TFunctionsOperation* const clone = AsClassOf(*this, older);
+        return clone != nullptr && this->UpdateFunctions(*clone);
+    }
 };
 
 } // namespace Mirel::Math

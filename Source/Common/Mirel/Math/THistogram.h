@@ -3,6 +3,7 @@
 #include "Mirel/Math/BinIndices.h"
 #include "Mirel/Math/CConstantFunction.h"
 #include "Mirel/Math/CSlidingCounts.h"
+#include "Mirel/Math/CWriteCount.h"
 #include "Mirel/Math/FunctionsLibrary.h"
 #include "Mirel/Math/TFunctionsOperation.h"
 #include "Mirel/Math/TLUTFunction.h"
@@ -35,26 +36,18 @@ public:
     ~THistogram() = default;
 
     /// Counts over the last `length` values, 0 for none; forgets all. Allocates.
-    void SetLength(int length) { bins.GetCounts().SetLength(length); }
+    void SetLength(int length) { bins.SetLength(length); }
     int GetLength() const { return bins.GetCounts().GetLength(); }
 
-    void Reset() { bins.GetCounts().Reset(); }
+    void Reset() { bins.Reset(); }
 
-    void Add(std::span<const float> values)
-    {
-        bins.GetCounts().Add(values.size(),
-                             [this, &values](std::span<std::uint8_t> indices)
-                             {
-                                 FindBins(values.first(indices.size()), bins.GetRange(), indices.data());
-                                 values = values.subspan(indices.size());
-                             });
-    }
+    void Add(std::span<const float> values) { bins.Add(values); }
 
     /// Sets the factor that makes the fullest bin read 1; 0 while all bins are empty.
     void Normalise()
     {
-        const auto counts = bins.GetCounts().GetCounts();
-        const auto fullest = static_cast<float>(*std::max_element(counts.begin(), counts.end()));
+        const auto values = bins.KeepValues();
+        const float fullest = *std::max_element(values.begin(), values.end());
         normalisation.SetValue(fullest != 0.0f ? 1.0f / fullest : 0.0f);
     }
 
@@ -79,10 +72,40 @@ private:
         {
         }
 
-        CSlidingCounts& GetCounts() { return counts; }
         const CSlidingCounts& GetCounts() const { return counts; }
         int GetBinCount() const { return binCount; }
-        const CBinRange& GetRange() const { return range; }
+
+        void SetLength(int length)
+        {
+            counts.SetLength(length);
+            writes.Restart();
+        }
+
+        void Reset()
+        {
+            counts.Reset();
+            writes.Restart();
+        }
+
+        void Add(std::span<const float> values)
+        {
+            writes.Add(values.size());
+            counts.Add(values.size(),
+                       [this, &values](std::span<std::uint8_t> indices)
+                       {
+                           FindBins(values.first(indices.size()), range, indices.data());
+                           values = values.subspan(indices.size());
+                       });
+        }
+
+        /// The bins as they are now. They are kept for the clones that are wanted of the same state: to count
+        /// what is in no table takes longer than all else in bringing a clone up to date.
+        std::span<const float> KeepValues()
+        {
+            ComputeValues(kept.data());
+            keptAt = writes;
+            return {kept.data(), static_cast<std::size_t>(binCount)};
+        }
         float GetBin(std::uint8_t index) const { return static_cast<float>(counts.GetCount(index)); }
 
         float operator()(float x) const override
@@ -98,17 +121,49 @@ private:
 
         IFunction* Clone() const override
         {
-            const auto frozen = counts.GetCounts();
-            L table(range.low, range.high, binCount);
-            std::transform(frozen.begin(), frozen.begin() + binCount, table.GetPositions(),
-                           [](std::uint32_t count) { return static_cast<float>(count); });
-            return new TLUTFunction<L>(std::move(table));
+            auto* const frozen = new TLUTFunction<L>(L(range.low, range.high, binCount));
+            Freeze(*frozen);
+            return frozen;
+        }
+
+        bool UpdateClone(IFunction& older) const override
+        {
+            auto* const frozen = dynamic_cast<TLUTFunction<L>*>(&older);
+            return frozen != nullptr && HasSameRange(frozen->GetTable()) && Freeze(*frozen);
         }
 
     private:
+        bool HasSameRange(const L& table) const
+        {
+            return table.GetXMin() == range.low && table.GetXMax() == range.high;
+        }
+
+        void ComputeValues(float* values) const
+        {
+            const auto current = counts.GetCounts();
+            std::transform(current.begin(), current.begin() + binCount, values,
+                           [](std::uint32_t count) { return static_cast<float>(count); });
+        }
+
+        /// False for a table of another size.
+        bool Freeze(TLUTFunction<L>& frozen) const
+        {
+            const auto size = static_cast<std::size_t>(binCount);
+            if (writes.GetWrittenSince(keptAt) == 0U)
+            {
+                return frozen.SetValues({kept.data(), size});
+            }
+            std::array<float, maxBins> values;
+            ComputeValues(values.data());
+            return frozen.SetValues({values.data(), size});
+        }
+
         int binCount;
         CBinRange range;
         CSlidingCounts counts;
+        CWriteCount writes;
+        std::array<float, maxBins> kept{}; ///< The bins at the last KeepValues,
+        CWriteCount keptAt;                ///< which was here.
     };
 
     void Connect()

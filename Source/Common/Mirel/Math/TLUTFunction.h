@@ -7,6 +7,8 @@
 #include "Mirel/Serialization/TLookupTableSerializer.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 namespace Mirel::Math
@@ -47,6 +49,19 @@ public:
 
     const L& GetTable() const { return table; }
 
+    /// Takes as many values as the table has positions over; false for another number. Not for an object that
+    /// others may be evaluating at the time.
+    bool SetValues(std::span<const float> values)
+    {
+        if (values.size() != static_cast<std::size_t>(table.GetSize()))
+        {
+            return false;
+        }
+        std::copy(values.begin(), values.end(), table.GetPositions());
+        FillGuards();
+        return true;
+    }
+
     float operator()(float x) const override { return table(x); }
 
     const char* GetTypeKey() const override { return classKey; }
@@ -78,6 +93,17 @@ public:
     }
 
     TLUTFunction* Clone() const override { return new TLUTFunction(*this); }
+
+    bool UpdateClone(IFunction& older) const override
+    {
+        TLUTFunction* const clone = AsClassOf(*this, older);
+        if (clone == nullptr || clone->table.GetSize() != table.GetSize())
+        {
+            return false;
+        }
+        clone->table = table;
+        return true;
+    }
 
 private:
     void FillGuards()

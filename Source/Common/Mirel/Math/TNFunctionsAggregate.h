@@ -43,6 +43,18 @@ public:
         return true;
     }
 
+protected:
+    /// UpdateClone for all functions of the list.
+    bool UpdateFunctions(TNFunctionsAggregate& clone) const
+    {
+        bool ok = clone.GetCount() == GetCount();
+        for (int i = 0; ok && i < GetCount(); ++i)
+        {
+            ok = UpdateHeldClone(functions[i], clone.functions[i]);
+        }
+        return ok;
+    }
+
 private:
     using CFunctions = Containers::TDynamicVector<TFunctionHolder<I>>;
 

@@ -4,6 +4,7 @@
 #include "Mirel/Audio/Plugin/CAudioPluginLegacyPresets.h"
 #include "Mirel/Audio/Plugin/CAudioPluginXMLPresets.h"
 #include "Mirel/Core/CAutoLock.h"
+#include "Mirel/Core/Numeric.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +13,17 @@ namespace Mirel::Audio::Plugin
 {
 
 using Core::CAutoLock;
+
+namespace
+{
+
+/// Hosts send no larger ones; a filter with outputs would have to allocate for them.
+constexpr int largestBlock = 8192;
+
+/// Short enough to feel immediate, long enough not to click.
+constexpr double bypassFadeSeconds = 0.02;
+
+} // namespace
 
 CAudioPluginInternalsBase::CAudioPluginInternalsBase(
     std::unique_ptr<DSP::IFilter> filter_, std::unique_ptr<CAudioPluginDefaultSettings> defaultSettings_,
@@ -24,6 +36,7 @@ CAudioPluginInternalsBase::CAudioPluginInternalsBase(
       inputs(&inputValues),
       outputs(&outputValues),
       currentPresetName("User"),
+      captures(*filter),
       model(defaultSettings->GetModelFile()),
       applyRefreshRate(this, &CAudioPluginInternalsBase::ApplyRefreshRate),
       refreshRateConnection(&defaultSettings->GetOutputRefreshRateChangedEventProvider(), &applyRefreshRate)
@@ -76,6 +89,9 @@ bool CAudioPluginInternalsBase::InitFilter(double sampleRate)
     bool ok = false;
     filter->Init(sampleRate, ok);
     fallbackSync.SetSampleRate(sampleRate);
+    bypass.Init(filter->GetProcessInfo().GetOutputs().GetCount(), largestBlock);
+    bypass.SetFadeLength(Core::TruncateToInt32(sampleRate * bypassFadeSeconds));
+    captures.Prepare(*filter);
     return ok;
 }
 
@@ -93,6 +109,7 @@ void CAudioPluginInternalsBase::Init(IInputParams& inputs_, IOutputParams& outpu
     bindings.outputMIDISettings = &outputMIDISettings;
     bindings.outputAutomationSettings = &outputAutomationSettings;
     bindings.lastMIDIMessage = &lastMIDIMessage;
+    bindings.outputCaptures = &captures;
     bindings.presets = presets.get();
     bindings.defaultSettings = defaultSettings.get();
     bindings.filter = filter.get();
@@ -131,8 +148,8 @@ void CAudioPluginInternalsBase::PublishOutputParams(IMIDIOutput* midi)
     const DSP::IConstParamsValues& values = filter->GetOutputParams();
     const CMIDICCSettings& midiSettings = GetActiveOutputMIDISettings();
     const CAutomationSettings& automationSettings = GetActiveOutputAutomationSettings();
-    const int count =
-        std::min({values.GetCount(), outputs->GetCount(), midiSettings.GetCount(), automationSettings.GetCount()});
+    const int count = std::min(
+        {values.GetCount(), outputs->GetCount(), midiSettings.GetCount(), automationSettings.GetCount()});
     for (int i = 0; i < count; ++i)
     {
         const float value = values.GetValue(i);
