@@ -8,7 +8,8 @@ namespace Mirel::Serialization
 
 /// Keeps the content of a data object for a reader that is not there yet, and writes it back as it came.
 /// Content is kept as texts, which read as any kind of value; so what comes from a text form and goes to one
-/// stays the same, except that empty values and empty objects are not told apart there. Belongs to one thread.
+/// stays the same, except that empty values and empty objects are not told apart there. Belongs to one
+/// thread.
 class CKeptDataObject : public ISerializable
 {
 public:

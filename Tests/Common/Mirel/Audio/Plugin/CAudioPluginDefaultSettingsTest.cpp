@@ -52,8 +52,8 @@ TEST_F(CDefaultSettingsTest, AMissingFileLeavesTheFactoryValues)
 
 TEST_F(CDefaultSettingsTest, ADamagedFileLeavesTheFactoryValues)
 {
-    for (const char* content : {"", "text", "<GlobalSettings>", "<GlobalSettings><outputRefreshRate>20",
-                                "<a/><b", "\xFF\xFE"})
+    for (const char* content :
+         {"", "text", "<GlobalSettings>", "<GlobalSettings><outputRefreshRate>20", "<a/><b", "\xFF\xFE"})
     {
         places.WriteSettings(content);
         ExpectFactoryValues(*Make(), places);
@@ -174,8 +174,7 @@ TEST_F(CDefaultSettingsTest, ASkinIsWrittenRelativeToTheDefaultSkinsFolder)
         const auto settings = Make();
         settings->SetSkinFile(each.skin);
         settings->Save();
-        EXPECT_NE(places.ReadSettings().find("<skinFile>" + each.written + "</skinFile>"),
-                  std::string::npos)
+        EXPECT_NE(places.ReadSettings().find("<skinFile>" + each.written + "</skinFile>"), std::string::npos)
             << places.ReadSettings();
         EXPECT_EQ(Make()->GetSkinFile(), each.skin);
     }

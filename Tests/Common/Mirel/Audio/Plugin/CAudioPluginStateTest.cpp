@@ -1,8 +1,9 @@
-// The state of an instance: what is written, in which order, and what a state does to the instance that loads it.
+// The state of an instance: what is written, in which order, and what a state does to the instance that loads
+// it.
 
 #include "CTestInstance.h"
-#include "MIDIMappingRig.h"
 #include "Common/Mirel/Serialization/Values.h"
+#include "MIDIMappingRig.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Plugins/Oscilloscope/CreateTopLevelFilter.h"
@@ -33,14 +34,15 @@ TEST(State, WritesItsKeysInOrder)
     CTestInstance instance(places);
     instance.SetInput(0, 1.0f);
     instance.SetInput(1, -0.25f);
-    EXPECT_EQ(instance.SaveText(), std::string(declaration) +
-                                       "<Preset><version>2</version><progName>User</progName><bypass>1</bypass>"
-                                       "<inputParams><paramCount>3</paramCount><param0>-0.25</param0>"
-                                       "<param1>0.5</param1><param2>0.5</param2></inputParams>"
-                                       "<MIDIInputDefault>1</MIDIInputDefault>"
-                                       "<MIDIOutputDefault>1</MIDIOutputDefault>"
-                                       "<GUI /><model />"
-                                       "<AutomationOutputDefault>1</AutomationOutputDefault></Preset>");
+    EXPECT_EQ(instance.SaveText(),
+              std::string(declaration) +
+                  "<Preset><version>2</version><progName>User</progName><bypass>1</bypass>"
+                  "<inputParams><paramCount>3</paramCount><param0>-0.25</param0>"
+                  "<param1>0.5</param1><param2>0.5</param2></inputParams>"
+                  "<MIDIInputDefault>1</MIDIInputDefault>"
+                  "<MIDIOutputDefault>1</MIDIOutputDefault>"
+                  "<GUI /><model />"
+                  "<AutomationOutputDefault>1</AutomationOutputDefault></Preset>");
 }
 
 TEST(State, WritesThePresetsOwnSettingsWhereTheyApply)
@@ -52,22 +54,23 @@ TEST(State, WritesThePresetsOwnSettingsWhereTheyApply)
     internals.GetUseDefaultOutputMIDI().SetValue(false);
     internals.GetUseDefaultOutputAutomation().SetValue(false);
     internals.GetOutputAutomationSettings()[0].SetEnabled(true);
-    EXPECT_EQ(instance.SaveText(),
-              std::string(declaration) +
-                  "<Preset><version>2</version><progName>User</progName>"
-                  "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>1</settingCount>"
-                  "<setting0><channel>0</channel><version>1</version><number>65</number>"
-                  "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
-                  "</MIDIInputSettings>"
-                  "<MIDIOutputDefault>0</MIDIOutputDefault><MIDIOutputSettings>"
-                  "<settingCount>1</settingCount>"
-                  "<setting0><channel>1</channel><version>1</version><number>65</number>"
-                  "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
-                  "</MIDIOutputSettings>"
-                  "<GUI /><model />"
-                  "<AutomationOutputDefault>0</AutomationOutputDefault><AutomationOutputSettings>"
-                  "<settingCount>1</settingCount><setting0><version>1</version><enabled>1</enabled></setting0>"
-                  "</AutomationOutputSettings></Preset>");
+    EXPECT_EQ(
+        instance.SaveText(),
+        std::string(declaration) +
+            "<Preset><version>2</version><progName>User</progName>"
+            "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>1</settingCount>"
+            "<setting0><channel>0</channel><version>1</version><number>65</number>"
+            "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
+            "</MIDIInputSettings>"
+            "<MIDIOutputDefault>0</MIDIOutputDefault><MIDIOutputSettings>"
+            "<settingCount>1</settingCount>"
+            "<setting0><channel>1</channel><version>1</version><number>65</number>"
+            "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
+            "</MIDIOutputSettings>"
+            "<GUI /><model />"
+            "<AutomationOutputDefault>0</AutomationOutputDefault><AutomationOutputSettings>"
+            "<settingCount>1</settingCount><setting0><version>1</version><enabled>1</enabled></setting0>"
+            "</AutomationOutputSettings></Preset>");
 }
 
 TEST(State, AFilterWithoutParametersHasNoInputsInItsState)
@@ -166,8 +169,9 @@ TEST(State, WithTheGlobalSettingsLeavesThePresetsListsAlone)
     auto& internals = instance.internals;
     Bind(internals.GetInputMIDISettings()[1], 3, 4);
     internals.GetOutputAutomationSettings()[0].SetEnabled(true);
-    instance.LoadKeys("<MIDIInputDefault>1</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
-                      "<setting1><number>9</number></setting1></MIDIInputSettings>");
+    instance.LoadKeys(
+        "<MIDIInputDefault>1</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
+        "<setting1><number>9</number></setting1></MIDIInputSettings>");
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetNumber(), 4);
     EXPECT_TRUE(internals.GetInputMIDISettings()[1].IsEnabled());
     EXPECT_TRUE(internals.GetOutputAutomationSettings()[0].IsEnabled());
@@ -204,8 +208,9 @@ TEST(State, APartialListLeavesTheGlobalSettingsInTheRest)
     internals.GetDefaultSettings().GetInputMIDISettings()[1].SetMax(0.25f);
     internals.GetDefaultSettings().GetInputMIDISettings()[2].SetNumber(30);
     internals.GetInputMIDISettings()[2].SetNumber(99);
-    instance.LoadKeys("<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
-                      "<setting1><number>9</number></setting1></MIDIInputSettings>");
+    instance.LoadKeys(
+        "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
+        "<setting1><number>9</number></setting1></MIDIInputSettings>");
     EXPECT_FALSE(internals.GetUseDefaultInputMIDI().GetValue());
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetNumber(), 9);
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetMax(), 0.25f);
@@ -304,8 +309,8 @@ void Shuffle(CAudioPluginInternalsBase& internals)
     internals.GetUseDefaultInputMIDI().SetValue(*rc::gen::arbitrary<bool>());
     internals.GetUseDefaultOutputMIDI().SetValue(*rc::gen::arbitrary<bool>());
     internals.GetUseDefaultOutputAutomation().SetValue(*rc::gen::arbitrary<bool>());
-    internals.SetCurrentPresetName(
-        *rc::gen::element<std::string>("", "Plain", "a & b <c>", "  blanks  ", "\xC3\xA9t\xC3\xA9", "&#x41;"));
+    internals.SetCurrentPresetName(*rc::gen::element<std::string>("", "Plain", "a & b <c>", "  blanks  ",
+                                                                  "\xC3\xA9t\xC3\xA9", "&#x41;"));
 }
 
 bool Same(float a, float b)
