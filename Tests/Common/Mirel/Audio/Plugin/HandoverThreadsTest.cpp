@@ -72,7 +72,8 @@ void RunAudio(const CRepeater& reader, const std::function<void()>& block)
                  i < 300 || (reader.GetRounds() < wanted && std::chrono::steady_clock::now() < end); ++i)
             {
                 block();
-                std::this_thread::yield();
+                // As a host would: without a pause the readers hardly get the lock.
+                std::this_thread::sleep_for(std::chrono::microseconds(20));
             }
         });
     audio.join();
