@@ -212,6 +212,30 @@ bool CDataBuffer::Serialize(IWriteDataStream& stream) const
     return stream.Write("value", static_cast<const void*>(data), size) && typeWritten;
 }
 
+bool CDataBuffer::WriteTo(IWriteDataStream& stream, const char* key) const
+{
+    switch (type)
+    {
+    case CValueKind::Object:
+        return Object() != nullptr &&
+               stream.Write(key, static_cast<const ISerialize&>(CContentSerializer(*Object())));
+    case CValueKind::Bool:
+        return WriteNumber<bool>(stream, key);
+    case CValueKind::Int:
+        return WriteNumber<int>(stream, key);
+    case CValueKind::Float:
+        return WriteNumber<float>(stream, key);
+    case CValueKind::Double:
+        return WriteNumber<double>(stream, key);
+    case CValueKind::String:
+        return stream.Write(key, static_cast<const char*>(data));
+    case CValueKind::Binary:
+        return stream.Write(key, static_cast<const void*>(data), size);
+    default:
+        return false;
+    }
+}
+
 bool CDataBuffer::Deserialize(const IReadDataStream& stream)
 {
     Free();
@@ -254,6 +278,13 @@ bool CDataBuffer::DeserializeObject(const IReadDataStream& stream)
     data = stored.release();
     size = objectSize;
     return true;
+}
+
+template <class T>
+bool CDataBuffer::WriteNumber(IWriteDataStream& stream, const char* key) const
+{
+    T value{};
+    return Get(value) && stream.Write(key, value);
 }
 
 template <class T>

@@ -71,6 +71,9 @@ public:
     /// is held. A text whose bytes do not end in a zero does not fit.
     bool Deserialize(const IReadDataStream& stream) override;
 
+    /// Writes the value alone, as what it is, under the key. False for a buffer that holds none.
+    bool WriteTo(IWriteDataStream& stream, const char* key) const;
+
     const char* GetTypeKey() const override { return classKey; }
 
     /// One of CValueKind, or what a stream named.
@@ -78,6 +81,8 @@ public:
     std::uint32_t GetSize() const { return size; }
 
 private:
+    template <class T>
+    bool WriteNumber(IWriteDataStream& stream, const char* key) const;
     template <class T>
     bool GetNumber(std::int32_t kind, T& value) const;
     template <class T>

@@ -3,7 +3,10 @@
 #include "Mirel/Serialization/CItemsBudget.h"
 #include "Mirel/Serialization/IndexedKey.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Mirel::Serialization
 {
@@ -173,6 +176,23 @@ bool CMemDataObject::Deserialize(const IReadDataStream& stream)
         }
     }
     return true;
+}
+
+bool CMemDataObject::CopyContentTo(IWriteDataStream& target) const
+{
+    std::vector<std::pair<std::string_view, const CDataBuffer*>> sorted;
+    sorted.reserve(items.size());
+    for (const auto& [key, item] : items)
+    {
+        sorted.emplace_back(key, item.get());
+    }
+    std::sort(sorted.begin(), sorted.end());
+    bool copied = true;
+    for (const auto& [key, item] : sorted)
+    {
+        copied = item->WriteTo(target, key.data()) && copied; // the views are of whole strings
+    }
+    return copied;
 }
 
 bool CMemDataObject::ReadNumbered(const IReadDataStream& stream, int index)

@@ -3,6 +3,7 @@
 #include "Mirel/Containers/TStringMap.h"
 #include "Mirel/Serialization/CDataBuffer.h"
 #include "Mirel/Serialization/DataStreams.h"
+#include "Mirel/Serialization/IContentSource.h"
 
 #include <memory>
 
@@ -15,7 +16,7 @@ namespace Mirel::Serialization
 ///
 /// Serialize writes "ItemsCount" and, for each entry in no particular order, the key under "ItemName" and the
 /// value under "Item", each followed by the entry's number.
-class CMemDataObject : public IReadWriteDataStream, public ISerializable
+class CMemDataObject : public IReadWriteDataStream, public ISerializable, public IContentSource
 {
 public:
     CMemDataObject() = default;
@@ -47,6 +48,9 @@ public:
     /// Replaces all entries by those found; true if there was a count. False, with no entries, for a count
     /// above CLimits::maxItems, or if far more items are missing than there (CLimits::maxMissingItems).
     bool Deserialize(const IReadDataStream& stream) override;
+
+    /// In the order of the keys' bytes, with the kinds of the values.
+    bool CopyContentTo(IWriteDataStream& target) const override;
 
     int GetCount() const { return static_cast<int>(items.size()); }
 

@@ -10,6 +10,8 @@
 #include <tinyxml.h>
 
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 
 namespace Mirel::Serialization
 {
@@ -189,6 +191,44 @@ void CXmlBaseDataObject::Clear()
         const std::string name = attribute->Name();
         element->RemoveAttribute(name.c_str());
     }
+}
+
+bool CXmlBaseDataObject::CopyContentTo(IWriteDataStream& target) const
+{
+    if (element == nullptr)
+    {
+        return false;
+    }
+    bool copied = true;
+    std::unordered_set<std::string_view> keys;
+    const TiXmlAttribute* attribute = mode == CXmlMode::Attributes ? element->FirstAttribute() : nullptr;
+    for (; attribute != nullptr; attribute = attribute->Next())
+    {
+        keys.insert(attribute->Name());
+        copied = target.Write(attribute->Name(), attribute->Value()) && copied;
+    }
+    for (TiXmlElement* child = element->FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement())
+    {
+        const char* key = mode == CXmlMode::NamedElements ? child->Attribute("name") : child->Value();
+        if (key != nullptr && keys.insert(key).second)
+        {
+            copied = CopyChild(*child, key, target) && copied;
+        }
+    }
+    return copied;
+}
+
+bool CXmlBaseDataObject::CopyChild(TiXmlElement& child, const char* key, IWriteDataStream& target) const
+{
+    std::string joined;
+    const char* text = mode == CXmlMode::Attributes ? nullptr : GetXmlText(child, joined);
+    if (text != nullptr && child.FirstChildElement() == nullptr)
+    {
+        return target.Write(key, text);
+    }
+    const CXmlBaseDataObject content(&child, mode);
+    return target.Write(key, static_cast<const ISerialize&>(CContentSerializer(content)));
 }
 
 /// The text of the value of that key; null if there is none.

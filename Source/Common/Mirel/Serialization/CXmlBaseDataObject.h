@@ -2,6 +2,7 @@
 
 #include "Mirel/Serialization/CXmlChildren.h"
 #include "Mirel/Serialization/DataStreams.h"
+#include "Mirel/Serialization/IContentSource.h"
 
 #include <string>
 
@@ -20,7 +21,7 @@ namespace Mirel::Serialization
 /// - objects nested deeper, and attributes longer, than CLimits has it.
 /// Two losses are part of the form: a null text is stored as the empty text, and infinities and NaN are
 /// written but leave the reader's value as it is.
-class CXmlBaseDataObject : public IReadWriteDataStream
+class CXmlBaseDataObject : public IReadWriteDataStream, public IContentSource
 {
 public:
     /// mode is one of CXmlMode.
@@ -55,6 +56,10 @@ public:
     void Remove(const char* key) override;
     void Clear() override;
 
+    /// Of several values under one key the first is copied, which is the one that is read. What holds neither
+    /// text nor element may be an empty text or an empty object; it is copied as the latter.
+    bool CopyContentTo(IWriteDataStream& target) const override;
+
 protected:
     /// Puts another element, or none, in the place of the present one.
     void SetElement(TiXmlElement* newElement);
@@ -62,6 +67,7 @@ protected:
     int GetMode() const { return mode; }
 
 private:
+    bool CopyChild(TiXmlElement& child, const char* key, IWriteDataStream& target) const;
     const char* FindText(const char* key, std::string& joined) const;
     template <class T>
     bool ReadNumber(const char* key, T& value) const;

@@ -18,12 +18,15 @@ public:
     CAttachedState(const CAttachedState&) = delete;
     CAttachedState& operator=(const CAttachedState&) = delete;
 
-    /// Hands what was kept to the object, which answers for the state from then on. It is not owned and must
-    /// be detached before it dies.
+    /// Hands what was kept, or the state of the object attached before, to the object, which answers for the
+    /// state from then on. It is not owned and must be detached before it dies.
     void Attach(Serialization::ISerializable& object_);
 
     /// Keeps the state of the object and lets go of it.
     void Detach();
+
+    /// Forgets what is kept, as if it had never been loaded.
+    void DropKept();
 
     bool Serialize(Serialization::IWriteDataStream& stream) const override;
 
@@ -35,5 +38,10 @@ private:
     Serialization::ISerializable* object = nullptr;
     Serialization::CKeptDataObject kept;
 };
+
+/// Has the object read itself from the key; without the key, from nothing, so that it resets. False in the
+/// latter case and if the object could not read.
+bool ReadOrReset(const Serialization::IReadDataStream& stream, const char* key,
+                 Serialization::IDeSerialize& object);
 
 } // namespace Mirel::Audio::Plugin

@@ -6,9 +6,11 @@
 #include "Mirel/Audio/Plugin/CAttachedState.h"
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CAudioPluginModel.h"
+#include "Mirel/Audio/Plugin/CBypassProcessor.h"
 #include "Mirel/Audio/Plugin/CMIDICCMessage.h"
 #include "Mirel/Audio/Plugin/CMIDIInputMapping.h"
 #include "Mirel/Audio/Plugin/CMIDIOutputMapping.h"
+#include "Mirel/Audio/Plugin/COutputCaptures.h"
 #include "Mirel/Audio/Plugin/CSharedFlag.h"
 #include "Mirel/Audio/Plugin/IPresets.h"
 #include "Mirel/Audio/Plugin/PluginParams.h"
@@ -56,6 +58,9 @@ public:
 
     DSP::IFilter& GetFilter() { return *filter; }
     const DSP::IFilter& GetFilter() const { return *filter; }
+
+    /// Runs the filter, or goes past it. Audio thread.
+    CBypassProcessor& GetBypass() { return bypass; }
     int GetHostData() const { return hostData; }
     CAudioPluginDefaultSettings& GetDefaultSettings() { return *defaultSettings; }
     const CAudioPluginDefaultSettings& GetDefaultSettings() const { return *defaultSettings; }
@@ -86,6 +91,13 @@ public:
     /// thread, after the filter's UpdateOutputs.
     void PublishOutputParams(IMIDIOutput* midi);
 
+    /// Hands the filter's other outputs over to the captures. False if a reader holds them: then the refresh
+    /// clock must not be reset, and the next block publishes. Audio thread, after the filter's UpdateOutputs.
+    [[nodiscard]] bool PublishOutputs() { return captures.Publish(*filter); }
+
+    /// What was published last. Any thread but the audio thread.
+    const COutputCaptures& GetOutputCaptures() const { return captures; }
+
     /// The last controller message received.
     const CMIDICCMessage& GetLastMIDIMessage() const { return lastMIDIMessage; }
 
@@ -115,6 +127,9 @@ public:
     /// The factory preset file; without an element if there is none.
     const Serialization::IReadDataStream& GetPresetsData() const { return presetsData; }
 
+    /// Takes over the state that the factory preset file has under the key; false if it has none.
+    bool LoadFromPresetsData(const char* key);
+
     CAudioPluginModel& GetModel() { return model; }
 
     /// The key "GUI" of the state: an editor attaches itself while it is open.
@@ -124,18 +139,18 @@ private:
     void ApplyRefreshRate();
     void MakePresets();
     bool SerializeInputs(Serialization::IWriteDataStream& stream) const;
-    bool SerializeBindings(Serialization::IWriteDataStream& stream) const;
     void DeserializeInputs(const Serialization::IReadDataStream& stream);
+    void DropWhatCannotBeSaved();
 
     std::unique_ptr<DSP::IFilter> filter;
     int hostData;
     DSP::CParamsInfo bypassInfo;
-    mutable Containers::TVectorMux<DataModel::Objects::IParamInfo> inputParams;
+    Containers::TVectorMux<DataModel::Objects::IParamInfo> inputParams;
     std::unique_ptr<CAudioPluginDefaultSettings> defaultSettings;
     CInputParamValues inputValues;
     COutputParamValues outputValues;
-    IInputParams* inputs = nullptr;   ///< The shell's parameters, or the values themselves.
-    IOutputParams* outputs = nullptr; ///< Likewise.
+    IInputParams* inputs;   ///< The shell's parameters, or the values themselves.
+    IOutputParams* outputs; ///< Likewise.
 
     CMIDICCSettings inputMIDISettings;
     CMIDICCSettings outputMIDISettings;
@@ -150,6 +165,8 @@ private:
     Serialization::CXmlDataObject presetsData{"Presets"};
     mutable System::CCriticalSection nameLock;
     std::string currentPresetName;
+    CBypassProcessor bypass;
+    COutputCaptures captures;
     DSP::COutputDataSync fallbackSync;
     std::unique_ptr<IPresets> presets;
     CAttachedState editorState;

@@ -7,7 +7,6 @@
 #include "Mirel/System/CMessageLoopThread.h"
 #include "Mirel/System/TSingletonInstance.h"
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,24 +54,27 @@ public:
     /// What is not in the stream is reset.
     bool Deserialize(const Serialization::IReadDataStream& stream) override;
 
+    /// Forgets a state that was loaded for a model that is not there.
+    void DropKeptState() { state.DropKept(); }
+
 private:
     using CLoop = System::TSingletonInstance<System::CMessageLoopThread, System::CCriticalSection>;
     class CLoadCommand;
     struct CLoadTarget;
 
-    void LoadNow(const std::string& path);
+    void LoadNow(const std::string& path, const CAudioPluginBindings& loadBindings);
 
     std::string modelPath;
     ISkinModelFactory* factory = nullptr;
-    std::optional<CAudioPluginBindings> bindings;
 
     mutable System::CCriticalSection lock;
+    std::optional<CAudioPluginBindings> bindings;
     std::unique_ptr<Serialization::ISerializable> skinModel;
     std::string loadedPath;
     CAttachedState state;
+    bool loading = false;
     mutable System::CMTEventProvider loaded; ///< Listening changes nothing of the model.
 
-    std::atomic<bool> loading{false};
     std::shared_ptr<CLoadTarget> loadTarget;
     std::optional<CLoop> loop; ///< From the first load on.
 };

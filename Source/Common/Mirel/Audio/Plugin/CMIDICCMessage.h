@@ -44,8 +44,8 @@ private:
 
     static CSnapshot Unpack(std::uint32_t bits)
     {
-        return {static_cast<int>(bits >> 2 * byteBits & byteMask), static_cast<int>(bits >> byteBits & byteMask),
-                static_cast<int>(bits & byteMask)};
+        return {static_cast<int>(bits >> 2 * byteBits & byteMask),
+                static_cast<int>(bits >> byteBits & byteMask), static_cast<int>(bits & byteMask)};
     }
 
     std::atomic<std::uint32_t> packed{Pack(CSnapshot{})};

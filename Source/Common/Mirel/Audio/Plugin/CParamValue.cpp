@@ -5,6 +5,14 @@
 namespace Mirel::Audio::Plugin
 {
 
+void SetWithinRange(Core::TIValue<float>& param, const DataModel::Objects::IConstParamInfo& info, float value)
+{
+    if (!std::isnan(value))
+    {
+        param.SetValue(ClampToRange(value, info.GetMin(), info.GetMax()));
+    }
+}
+
 CParamValue::CParamValue(const DataModel::Objects::IConstParamInfo& info)
     : min(info.GetMin()),
       max(info.GetMax()),
@@ -14,19 +22,10 @@ CParamValue::CParamValue(const DataModel::Objects::IConstParamInfo& info)
 
 void CParamValue::SetValue(float newValue)
 {
-    if (std::isnan(newValue))
+    if (!std::isnan(newValue))
     {
-        return;
+        value.store(ClampToRange(newValue, min, max), std::memory_order_relaxed);
     }
-    if (min > newValue)
-    {
-        newValue = min;
-    }
-    if (newValue > max)
-    {
-        newValue = max;
-    }
-    value.store(newValue, std::memory_order_relaxed);
 }
 
 } // namespace Mirel::Audio::Plugin

@@ -9,8 +9,8 @@ namespace Mirel::Audio::Plugin
 struct CPluginPaths
 {
     /// For a module "folder/Name.extension" the data folder is "folder/Name data", and the user folder
-    /// "Tarnwell/Name.extension" below the folder of the user's preferences; that is created if it is missing.
-    /// Without a module path all are empty; without a user folder the preferences are.
+    /// "Tarnwell/Name.extension" below the folder of the user's preferences; that is created if it is
+    /// missing. Without a module path all are empty; without a user folder the preferences are.
     CPluginPaths(const std::string& modulePath, const std::string& preferencesFolder);
 
     std::string model;
