@@ -1,5 +1,5 @@
-// The whole process callback of the module as it ships, refreshes included, beside a copy of the same audio: the
-// least that a plug-in which lets audio through can cost.
+// The whole process callback of the module as it ships, refreshes included, beside a copy of the same audio:
+// the least that a plug-in which lets audio through can cost.
 
 #include "Host/CHostInstance.h"
 #include "Host/CPluginSession.h"

@@ -1,7 +1,8 @@
 #include "AAXPlugin/SilenceTest.h"
 
-#include <cmath>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 
 namespace MirelExt::AAXPlugin
 {
@@ -9,28 +10,40 @@ namespace MirelExt::AAXPlugin
 namespace
 {
 
-/// In single precision, so that this number itself counts as silent.
-constexpr float Loudest = 1e-10F;
+/// Without their sign, the bits of numbers grow as the numbers do, and those of infinity and NaN are above
+/// all others. So compared, many samples go side by side.
+std::int32_t LoudnessBits(float sample)
+{
+    constexpr std::uint32_t withoutSign = 0x7FFFFFFF;
+    return static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(sample) & withoutSign);
+}
+
+/// Below 0 if the sample is louder than 1e-10 in single precision, which itself is silent.
+std::int32_t Margin(float sample)
+{
+    constexpr auto loudest = std::bit_cast<std::int32_t>(1e-10F);
+    return loudest - LoudnessBits(sample);
+}
 
 bool IsLoud(float sample)
 {
-    return !(std::abs(sample) <= Loudest); // so written, NaN is loud
+    return Margin(sample) < 0;
 }
 
-/// Looks at all of a few samples at once, which the processor does side by side.
+/// Looks at all samples.
 bool HasLoud(const float* samples, std::size_t count)
 {
-    bool loud = false;
+    std::int32_t signs = 0;
     for (std::size_t i = 0; i < count; ++i)
     {
-        loud |= IsLoud(samples[i]);
+        signs |= Margin(samples[i]);
     }
-    return loud;
+    return signs < 0;
 }
 
 bool IsSilentRow(const float* samples, std::size_t count)
 {
-    constexpr std::size_t atOnce = 32;
+    constexpr std::size_t atOnce = 64;
     // Ordinary audio ends the search here.
     if (count > 0 && IsLoud(samples[0]))
     {
