@@ -37,8 +37,8 @@ int StepCountOf(const IConstParamInfo& info)
     case ValueKindSwitch:
         return 2;
     case ValueKindInteger:
-        return Mirel::Core::TruncateToInt32(std::abs(double{info.GetMax()} - double{info.GetMin()}) + 1.0 +
-                                            0.5);
+        return Mirel::Core::TruncateToInt32(
+            std::abs(static_cast<double>(info.GetMax()) - static_cast<double>(info.GetMin())) + 1.0 + 0.5);
     default:
         return NoSteps;
     }

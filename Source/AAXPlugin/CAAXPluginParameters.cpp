@@ -116,7 +116,6 @@ std::int32_t CAAXPluginParameters::InitProcessing()
         return AAXResult::Failed;
     }
     const CAAXPluginProcessContext* context = &processContext;
-    static_assert(sizeof(context) == PointerPacketSize);
     return GetController().PostPacket(FieldProcessContext, &context, PointerPacketSize);
 }
 
@@ -239,12 +238,12 @@ std::int32_t CAAXPluginParameters::GetCustomData(std::uint32_t dataId, std::uint
         return AAXExtEffectParameters::GetCustomData(dataId, size, data, written);
     }
     CAudioPluginInternalsBase* pointer = internals.get();
-    if (size != sizeof(pointer) || data == nullptr || written == nullptr)
+    if (size != PointerPacketSize || data == nullptr || written == nullptr)
     {
         return AAXResult::Failed;
     }
-    std::memcpy(data, &pointer, sizeof(pointer));
-    *written = sizeof(pointer);
+    std::memcpy(data, &pointer, PointerPacketSize);
+    *written = PointerPacketSize;
     return AAXResult::Ok;
 }
 
