@@ -7,8 +7,8 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstring>
 #include <random>
 
@@ -72,7 +72,9 @@ private:
 
 bool SameBits(const std::vector<float>& a, const std::vector<float>& b)
 {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(float)) == 0;
+    const auto sameBits = [](float x, float y)
+    { return std::bit_cast<std::uint32_t>(x) == std::bit_cast<std::uint32_t>(y); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameBits);
 }
 
 /// Runs one block of noise and compares what comes out, bit by bit, up to the end of the block and no
