@@ -82,7 +82,7 @@ inline std::string SavedState(CAudioPluginInternalsBase& internals)
 {
     std::string text;
     Require(Mirel::Audio::Plugin::StateToText(internals, text));
-    const auto other = MakeInstance();
+    static const auto other = MakeInstance(); // a state leaves nothing of the one before it
     Require(Mirel::Audio::Plugin::StateFromText(text.data(), text.size(), *other));
     std::string again;
     Require(Mirel::Audio::Plugin::StateToText(*other, again));

@@ -9,9 +9,9 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text(data, data + size);
-    const auto instance = Fuzz::MakeInstance();
-    std::string before;
-    Fuzz::Require(Mirel::Audio::Plugin::StateToText(*instance, before));
+    static const auto instance = Fuzz::MakeInstance();
+    static const std::string before = Fuzz::SavedState(*instance);
+    Fuzz::Require(Mirel::Audio::Plugin::StateFromText(before.data(), before.size(), *instance));
     const bool loaded = Mirel::Audio::Plugin::StateFromText(text.data(), text.size(), *instance);
     Fuzz::CheckInstance(*instance);
     const std::string after = Fuzz::SavedState(*instance);

@@ -101,10 +101,12 @@ TEST_F(CDefaultSettingsTest, AnAutomationSettingHasItsVersionAndSwitch)
 
 TEST_F(CDefaultSettingsTest, LoadsWhateverTheRootIsCalled)
 {
-    for (const std::string root : {"GlobalSettings", "Root", "Anything"})
+    for (const char* file : {"<GlobalSettings><outputRefreshRate>25</outputRefreshRate></GlobalSettings>",
+                             "<Root><outputRefreshRate>25</outputRefreshRate></Root>",
+                             "<Anything><outputRefreshRate>25</outputRefreshRate></Anything>"})
     {
-        places.WriteSettings("<" + root + "><outputRefreshRate>25</outputRefreshRate></" + root + ">");
-        EXPECT_EQ(Make()->GetOutputRefreshRate(), 25.0) << root;
+        places.WriteSettings(file);
+        EXPECT_EQ(Make()->GetOutputRefreshRate(), 25.0) << file;
     }
 }
 
