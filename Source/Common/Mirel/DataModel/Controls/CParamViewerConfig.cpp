@@ -57,9 +57,9 @@ const Math::IFunction& OrIdentity(const Core::TOwnership<const Math::IFunction>&
 /// Truncated; what no 32-bit integer holds gives the nearest that one holds, NaN the lowest.
 int TruncateWithin(double value)
 {
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    return Core::TruncateToInt32(std::clamp(value, lowest, highest));
+    const int truncated = Core::TruncateToInt32(value);
+    return truncated == std::numeric_limits<int>::min() && value > 0.0 ? std::numeric_limits<int>::max()
+                                                                       : truncated;
 }
 
 } // namespace

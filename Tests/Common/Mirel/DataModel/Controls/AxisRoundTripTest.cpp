@@ -1,0 +1,252 @@
+// PositionToValue undoes ValueToPosition, as precisely as single precision lets an axis be. How precise that
+// is follows from the axis: the tests send an interval through the same chain in double precision, widened at
+// each step by what the step's roundings can add, and the value must come back within it.
+
+#include "Common/Mirel/DataModel/Controls/AxisInfos.h"
+#include "Mirel/DataModel/Controls/CParamViewerConfig.h"
+#include "Mirel/Math/TFunction.h"
+#include "rapidcheck/gtest.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using Mirel::DataModel::Controls::CParamViewerConfig;
+using Mirel::DataModel::Objects::CParamInfo;
+using Mirel::Math::IFunction;
+using Mirel::Math::SharedFunction;
+
+namespace Library = Mirel::Math::FunctionsLibrary;
+
+namespace
+{
+
+constexpr double epsilon = std::numeric_limits<float>::epsilon();
+
+/// What the sums, products and the elementary function of one step can add at most to a number of up to 1:
+/// the steepest of them, e to the 6.9 x, turns one rounding of its argument into seven.
+constexpr double stepError = 32.0 * epsilon;
+
+using Reference = double (*)(double);
+
+double ExpNorm(double x, double factor)
+{
+    return std::expm1(x * std::log1p(factor)) / factor;
+}
+
+double LogNorm(double x, double factor)
+{
+    return std::log1p(factor * x) / std::log1p(factor);
+}
+
+struct CPair
+{
+    const IFunction* response;
+    const IFunction* inverse;
+    Reference responseReference;
+    Reference inverseReference;
+};
+
+double Same(double x)
+{
+    return x;
+}
+
+double Squared(double x)
+{
+    return x > 0.0 ? x * x : 0.0;
+}
+
+double Root(double x)
+{
+    return x > 0.0 ? std::sqrt(x) : 0.0;
+}
+
+template <int Factor>
+double Exp(double x)
+{
+    return ExpNorm(x, Factor);
+}
+
+template <int Factor>
+double Log(double x)
+{
+    return LogNorm(x, Factor);
+}
+
+template <float (*Response)(float), float (*Inverse)(float)>
+CPair Pair(Reference responseReference, Reference inverseReference)
+{
+    return {&SharedFunction<Response>(), &SharedFunction<Inverse>(), responseReference, inverseReference};
+}
+
+const std::array<CPair, 11>& Pairs()
+{
+    static const std::array<CPair, 11> pairs = {
+        Pair<&Library::NormLog3, &Library::NormExp3>(Log<1000>, Exp<1000>),
+        Pair<&Library::NormLog2, &Library::NormExp2>(Log<100>, Exp<100>),
+        Pair<&Library::NormLog1, &Library::NormExp1>(Log<10>, Exp<10>),
+        Pair<&Library::SquareRoot, &Library::Square>(Root, Squared),
+        Pair<&Library::NormLog, &Library::NormExp>(Log<1>, Exp<1>),
+        Pair<&Library::Identity, &Library::Identity>(Same, Same),
+        Pair<&Library::NormExp, &Library::NormLog>(Exp<1>, Log<1>),
+        Pair<&Library::Square, &Library::SquareRoot>(Squared, Root),
+        Pair<&Library::NormExp1, &Library::NormLog1>(Exp<10>, Log<10>),
+        Pair<&Library::NormExp2, &Library::NormLog2>(Exp<100>, Log<100>),
+        Pair<&Library::NormExp3, &Library::NormLog3>(Exp<1000>, Log<1000>),
+    };
+    return pairs;
+}
+
+struct CSpan
+{
+    double low;
+    double high;
+};
+
+CSpan Widen(CSpan span, double error)
+{
+    return {span.low - error, span.high + error};
+}
+
+struct CAxis
+{
+    float min;
+    float max;
+    bool logScale;
+    const CPair* pair;
+
+    double Normalized(double value) const
+    {
+        return logScale ? std::log(value / min) / std::log(static_cast<double>(max) / min)
+                        : (value - min) / (static_cast<double>(max) - min);
+    }
+
+    double Value(double normalized) const
+    {
+        return logScale ? min * std::pow(static_cast<double>(max) / min, normalized)
+                        : min + (static_cast<double>(max) - min) * normalized;
+    }
+
+    /// The positions, before zoom, stops and reversal, that a value may be given.
+    CSpan Positions(double value) const
+    {
+        const double n = Normalized(value);
+        const double error =
+            logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(static_cast<double>(max) / min))
+                     : 4.0 * epsilon * n;
+        return Widen({pair->inverseReference(std::max(n - error, 0.0)), pair->inverseReference(n + error)},
+                     stepError);
+    }
+
+    /// The values that may be read at these positions.
+    CSpan Values(CSpan positions) const
+    {
+        const CSpan f =
+            Widen({pair->responseReference(positions.low), pair->responseReference(positions.high)},
+                  stepError);
+        const double size = std::max(std::abs(static_cast<double>(min)), std::abs(static_cast<double>(max)));
+        return Widen({Value(f.low), Value(f.high)}, 4.0 * epsilon * size);
+    }
+};
+
+/// From low to high, in a thousand steps.
+rc::Gen<float> Between(float low, float high)
+{
+    return rc::gen::map(rc::gen::inRange(0, 1001),
+                        [=](int i) { return low + (high - low) * static_cast<float>(i) * 0.001F; });
+}
+
+CAxis AnyAxis()
+{
+    CAxis axis{};
+    axis.logScale = *rc::gen::arbitrary<bool>();
+    axis.min = axis.logScale ? *Between(0.5F, 20.0F) : *Between(-10.0F, 10.0F);
+    axis.max = axis.logScale ? axis.min * *Between(1.5F, 1000.0F) : axis.min + *Between(1.0F, 100.0F);
+    axis.pair = &Pairs()[*rc::gen::inRange<std::size_t>(0, Pairs().size())];
+    return axis;
+}
+
+void Configure(CParamViewerConfig& viewer, const CAxis& axis)
+{
+    viewer.SetLogScale(axis.logScale);
+    viewer.SetResponseCurve(axis.pair->response, axis.pair->inverse, false);
+    viewer.SetReverse(*rc::gen::arbitrary<bool>());
+    viewer.SetOffset(*Between(0.0F, 1.0F));
+}
+
+} // namespace
+
+RC_GTEST_PROP(AxisRoundTrip, AValueOnAContinuousAxisComesBack, ())
+{
+    const CAxis axis = AnyAxis();
+    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    CParamViewerConfig viewer(info);
+    Configure(viewer, axis);
+    viewer.SetZoom(*Between(1.0F, 50.0F));
+    const float value =
+        std::clamp(static_cast<float>(axis.Value(static_cast<double>(*Between(0.0F, 1.0F)))), axis.min,
+                   axis.max);
+
+    const float back = viewer.PositionToValue(viewer.ValueToPosition(value, false));
+
+    const CSpan expected = axis.Values(axis.Positions(static_cast<double>(value)));
+    RC_LOG() << value << " came back as " << back << ", expected " << expected.low << " to " << expected.high;
+    RC_ASSERT(static_cast<double>(back) >= expected.low);
+    RC_ASSERT(static_cast<double>(back) <= expected.high);
+}
+
+RC_GTEST_PROP(AxisRoundTrip, AValueOnAStopComesBackFromThatStop, ())
+{
+    const CAxis axis = AnyAxis();
+    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    CParamViewerConfig viewer(info);
+    Configure(viewer, axis);
+    const int count = *rc::gen::inRange(2, 22);
+    const int zoom = *rc::gen::inRange(1, 5);
+    const bool zoomPositions = *rc::gen::arbitrary<bool>();
+    viewer.SetPositionsCount(count);
+    viewer.SetZoom(static_cast<float>(zoom));
+    viewer.SetZoomPositions(zoomPositions);
+    const int last = zoomPositions ? count - 1 : (count - 1) * zoom;
+    const int stop = *rc::gen::inRange(0, last + 1);
+    const double atStop = static_cast<double>(stop) / last;
+    const auto value = static_cast<float>(axis.Value(axis.pair->responseReference(atStop)));
+
+    const float back = viewer.PositionToValue(viewer.ValueToPosition(value, false));
+
+    const CSpan expected = axis.Values(Widen({atStop, atStop}, epsilon));
+    RC_LOG() << value << " came back as " << back << ", expected " << expected.low << " to " << expected.high;
+    RC_ASSERT(static_cast<double>(back) >= expected.low);
+    RC_ASSERT(static_cast<double>(back) <= expected.high);
+}
+
+RC_GTEST_PROP(AxisRoundTrip, EveryIntegerOfANaturalAxisComesBackExactly, ())
+{
+    const int min = *rc::gen::inRange(-2000, 2000);
+    const int size = *rc::gen::inRange(0, 4000);
+    const CParamInfo info = Tests::Integer(static_cast<float>(min), static_cast<float>(min + size));
+    CParamViewerConfig viewer(info);
+    viewer.SetReverse(*rc::gen::arbitrary<bool>());
+    viewer.SetZoom(*Between(1.0F, 50.0F));
+    viewer.SetOffset(*Between(0.0F, 1.0F));
+    const auto value = static_cast<float>(min + *rc::gen::inRange(0, size + 1));
+
+    RC_ASSERT(viewer.PositionToValue(viewer.ValueToPosition(value, false)) == value);
+}
+
+RC_GTEST_PROP(AxisRoundTrip, ClampedPositionsStayWithinTheWidget, ())
+{
+    const CAxis axis = AnyAxis();
+    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    CParamViewerConfig viewer(info);
+    Configure(viewer, axis);
+    viewer.SetZoom(*Between(1.0F, 50.0F));
+    viewer.SetPositionsCount(*rc::gen::inRange(-1, 20));
+    const float position = viewer.ValueToPosition(*rc::gen::arbitrary<float>(), true);
+
+    RC_ASSERT(position >= 0.0F);
+    RC_ASSERT(position <= 1.0F);
+}
