@@ -7,6 +7,7 @@
 #include "Mirel/DataModel/Objects/ValueToString.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -20,8 +21,9 @@ namespace
 
 using Objects::IConstParamInfo;
 
-constexpr int lowestThousands = -3;
-constexpr int highestThousands = 4;
+/// The powers of a thousand that texts of values know, the plain number first: one that is too small for its
+/// prefix prints without, and would be taken for it.
+constexpr std::array<int, 8> allThousands = {0, -3, -2, -1, 1, 2, 3, 4};
 
 std::string_view Trim(std::string_view text)
 {
@@ -109,7 +111,7 @@ bool PrintedSuffix(const IConstParamInfo& info, double value, std::string& suffi
 bool ReadPrintedSuffix(const IConstParamInfo& info, double number, std::string_view suffix, double& value)
 {
     std::string printed;
-    for (int thousands = lowestThousands; thousands <= highestThousands; ++thousands)
+    for (const int thousands : allThousands)
     {
         const double candidate = Scaled(number, thousands);
         if (PrintedSuffix(info, candidate, printed) && suffix == printed)

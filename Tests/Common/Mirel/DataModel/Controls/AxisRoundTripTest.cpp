@@ -113,21 +113,23 @@ CSpan Widen(CSpan span, double error)
 
 struct CAxis
 {
-    float min;
-    float max;
+    double min; ///< Both are numbers that single precision holds.
+    double max;
     bool logScale;
     const CPair* pair;
 
+    CParamInfo Info() const { return Tests::Real(static_cast<float>(min), static_cast<float>(max)); }
+
     double Normalized(double value) const
     {
-        return logScale ? std::log(value / min) / std::log(static_cast<double>(max) / min)
-                        : (value - min) / (static_cast<double>(max) - min);
+        return logScale ? std::log(value / min) / std::log(max / min)
+                        : (value - min) / (max - min);
     }
 
     double Value(double normalized) const
     {
-        return logScale ? min * std::pow(static_cast<double>(max) / min, normalized)
-                        : min + (static_cast<double>(max) - min) * normalized;
+        return logScale ? min * std::pow(max / min, normalized)
+                        : min + (max - min) * normalized;
     }
 
     /// The positions, before zoom, stops and reversal, that a value may be given.
@@ -135,7 +137,7 @@ struct CAxis
     {
         const double n = Normalized(value);
         const double error =
-            logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(static_cast<double>(max) / min))
+            logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(max / min))
                      : 4.0 * epsilon * n;
         return Widen({pair->inverseReference(std::max(n - error, 0.0)), pair->inverseReference(n + error)},
                      stepError);
@@ -147,7 +149,7 @@ struct CAxis
         const CSpan f =
             Widen({pair->responseReference(positions.low), pair->responseReference(positions.high)},
                   stepError);
-        const double size = std::max(std::abs(static_cast<double>(min)), std::abs(static_cast<double>(max)));
+        const double size = std::max(std::abs(min), std::abs(max));
         return Widen({Value(f.low), Value(f.high)}, 4.0 * epsilon * size);
     }
 };
@@ -163,8 +165,10 @@ CAxis AnyAxis()
 {
     CAxis axis{};
     axis.logScale = *rc::gen::arbitrary<bool>();
-    axis.min = axis.logScale ? *Between(0.5F, 20.0F) : *Between(-10.0F, 10.0F);
-    axis.max = axis.logScale ? axis.min * *Between(1.5F, 1000.0F) : axis.min + *Between(1.0F, 100.0F);
+    const float min = axis.logScale ? *Between(0.5F, 20.0F) : *Between(-10.0F, 10.0F);
+    const float max = axis.logScale ? min * *Between(1.5F, 1000.0F) : min + *Between(1.0F, 100.0F);
+    axis.min = static_cast<double>(min);
+    axis.max = static_cast<double>(max);
     axis.pair = &Pairs()[*rc::gen::inRange<std::size_t>(0, Pairs().size())];
     return axis;
 }
@@ -182,13 +186,12 @@ void Configure(CParamViewerConfig& viewer, const CAxis& axis)
 RC_GTEST_PROP(AxisRoundTrip, AValueOnAContinuousAxisComesBack, ())
 {
     const CAxis axis = AnyAxis();
-    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    const CParamInfo info = axis.Info();
     CParamViewerConfig viewer(info);
     Configure(viewer, axis);
     viewer.SetZoom(*Between(1.0F, 50.0F));
-    const float value =
-        std::clamp(static_cast<float>(axis.Value(static_cast<double>(*Between(0.0F, 1.0F)))), axis.min,
-                   axis.max);
+    const double exact = axis.Value(static_cast<double>(*Between(0.0F, 1.0F)));
+    const auto value = static_cast<float>(std::clamp(exact, axis.min, axis.max));
 
     const float back = viewer.PositionToValue(viewer.ValueToPosition(value, false));
 
@@ -201,7 +204,7 @@ RC_GTEST_PROP(AxisRoundTrip, AValueOnAContinuousAxisComesBack, ())
 RC_GTEST_PROP(AxisRoundTrip, AValueOnAStopComesBackFromThatStop, ())
 {
     const CAxis axis = AnyAxis();
-    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    const CParamInfo info = axis.Info();
     CParamViewerConfig viewer(info);
     Configure(viewer, axis);
     const int count = *rc::gen::inRange(2, 22);
@@ -240,7 +243,7 @@ RC_GTEST_PROP(AxisRoundTrip, EveryIntegerOfANaturalAxisComesBackExactly, ())
 RC_GTEST_PROP(AxisRoundTrip, ClampedPositionsStayWithinTheWidget, ())
 {
     const CAxis axis = AnyAxis();
-    const CParamInfo info = Tests::Real(axis.min, axis.max);
+    const CParamInfo info = axis.Info();
     CParamViewerConfig viewer(info);
     Configure(viewer, axis);
     viewer.SetZoom(*Between(1.0F, 50.0F));

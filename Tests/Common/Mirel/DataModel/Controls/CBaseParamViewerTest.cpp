@@ -12,6 +12,7 @@
 
 using Mirel::DataModel::Controls::CBaseParamViewer;
 using Mirel::DataModel::Objects::CCaptureParam;
+using Mirel::Math::SharedFunction;
 using Tests::CEventCounter;
 using Tests::CFunctionCommand;
 using Tests::Real;
