@@ -122,23 +122,19 @@ struct CAxis
 
     double Normalized(double value) const
     {
-        return logScale ? std::log(value / min) / std::log(max / min)
-                        : (value - min) / (max - min);
+        return logScale ? std::log(value / min) / std::log(max / min) : (value - min) / (max - min);
     }
 
     double Value(double normalized) const
     {
-        return logScale ? min * std::pow(max / min, normalized)
-                        : min + (max - min) * normalized;
+        return logScale ? min * std::pow(max / min, normalized) : min + (max - min) * normalized;
     }
 
     /// The positions, before zoom, stops and reversal, that a value may be given.
     CSpan Positions(double value) const
     {
         const double n = Normalized(value);
-        const double error =
-            logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(max / min))
-                     : 4.0 * epsilon * n;
+        const double error = logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(max / min)) : 4.0 * epsilon * n;
         return Widen({pair->inverseReference(std::max(n - error, 0.0)), pair->inverseReference(n + error)},
                      stepError);
     }
@@ -146,9 +142,8 @@ struct CAxis
     /// The values that may be read at these positions.
     CSpan Values(CSpan positions) const
     {
-        const CSpan f =
-            Widen({pair->responseReference(positions.low), pair->responseReference(positions.high)},
-                  stepError);
+        const CSpan f = Widen(
+            {pair->responseReference(positions.low), pair->responseReference(positions.high)}, stepError);
         const double size = std::max(std::abs(min), std::abs(max));
         return Widen({Value(f.low), Value(f.high)}, 4.0 * epsilon * size);
     }

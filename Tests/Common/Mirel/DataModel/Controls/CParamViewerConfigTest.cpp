@@ -440,8 +440,8 @@ TEST(CParamViewerConfig, CountsOfWholeKindsStayWithinTheNaturalOne)
     {
         CParamInfo info;
         int natural;
-    } cases[] = {{Integer(-3.0F, 3.0F), 7},  {Integer(5.0F, 5.0F), 1},      {Integer(5.0F, 1.0F), 1},
-                 {Integer(0.0F, 2.9F), 3},   {TwoState(0, 0.0F, 1.0F), 2},  {TwoState(3, 0.0F, 1.0F), 2},
+    } cases[] = {{Integer(-3.0F, 3.0F), 7},    {Integer(5.0F, 5.0F), 1},      {Integer(5.0F, 1.0F), 1},
+                 {Integer(0.0F, 2.9F), 3},     {TwoState(0, 0.0F, 1.0F), 2},  {TwoState(3, 0.0F, 1.0F), 2},
                  {TwoState(0, 0.0F, 9.0F), 2}, {Integer(notANumber, 1.0F), 1}};
     for (const auto& row : cases)
     {
@@ -669,7 +669,8 @@ TEST(CParamViewerConfig, MappingAllocatesNothing)
 {
     const CParamInfo info = Integer(1.0F, 1000.0F);
     CParamViewerConfig axis(info);
-    axis.SetResponseCurve(&SharedFunction<&Library::NormExp3>(), &SharedFunction<&Library::NormLog3>(), false);
+    axis.SetResponseCurve(&SharedFunction<&Library::NormExp3>(), &SharedFunction<&Library::NormLog3>(),
+                          false);
     axis.SetZoomPositions(false);
     axis.SetZoom(3.0F);
     axis.SetReverse(true);

@@ -41,7 +41,7 @@ TEST(CSurfaceViewer, GivesTheZPositionOfTheSurfaceAtTwoPositions)
     EXPECT_EQ(&viewer.GetYViewer().GetInfo(), &surface.GetInfo().GetYInfo());
     EXPECT_EQ(&viewer.GetZViewer().GetInfo(), &surface.GetInfo().GetZInfo());
 
-    EXPECT_EQ(viewer.GetValue(1.0F, 0.0F, false), 0.625F); // 2 - 0
+    EXPECT_EQ(viewer.GetValue(1.0F, 0.0F, false), 0.625F);  // 2 - 0
     EXPECT_EQ(viewer.GetValue(0.5F, 0.5F, false), 0.3125F); // 1 - 4
     viewer.GetZViewer().SetZoom(2.0F);
     EXPECT_EQ(viewer.GetValue(1.0F, 0.0F, false), 1.25F);

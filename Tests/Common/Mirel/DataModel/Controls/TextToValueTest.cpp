@@ -48,7 +48,7 @@ TEST(TextToValue, ReadsPlainNumbers)
     {
         const char* text;
         float value;
-    } rows[] = {{"2.5", 2.5F}, {"-2.5", -2.5F}, {"+2.5", 2.5F},  {"  7\t", 7.0F},
+    } rows[] = {{"2.5", 2.5F}, {"-2.5", -2.5F},  {"+2.5", 2.5F}, {"  7\t", 7.0F},
                 {".5", 0.5F},  {"1e3", 1000.0F}, {"0", 0.0F},    {"1E-2", 0.01F}};
     const CParamInfo info = Real(-10.0F, 10.0F);
     for (const auto& row : rows)
@@ -60,8 +60,8 @@ TEST(TextToValue, ReadsPlainNumbers)
 TEST(TextToValue, RefusesWhatIsNoNumber)
 {
     const CParamInfo info = WithUnit("Hz");
-    for (const char* text : {"", " ", "Hz", "k", "+", "-", "+-1", ".", "inf", "nan", "-infinity", "1e999", "2,5",
-                             "1 2", "5 HzHz", "5 kk", "5 q", "0x10", "five"})
+    for (const char* text : {"", " ", "Hz", "k", "+", "-", "+-1", ".", "inf", "nan", "-infinity", "1e999",
+                             "2,5", "1 2", "5 HzHz", "5 kk", "5 q", "0x10", "five"})
     {
         EXPECT_EQ(Read(info, text), std::nullopt) << text;
     }
@@ -82,13 +82,13 @@ TEST(TextToValue, ReadsPrefixAndUnit)
         const char* unit;
         const char* text;
         float value;
-    } rows[] = {{"Hz", "440Hz", 440.0F},     {"Hz", "440 Hz", 440.0F},   {"Hz", "440 hz", 440.0F},
-                {"Hz", "1.5k", 1500.0F},     {"Hz", "1.5 kHz", 1500.0F}, {"Hz", "1.5 k Hz", 1500.0F},
-                {"Hz", "1.5KHz", 1500.0F},   {"Hz", "2MHz", 2e6F},       {"Hz", "2 G", 2e9F},
-                {"Hz", "2T", 2e12F},         {"s", "5 ms", 0.005F},      {"s", "5m", 0.005F},
-                {"s", "5 \u00B5s", 5e-6F},   {"s", "5 \u03BCs", 5e-6F},  {"s", "5us", 5e-6F},
-                {"s", "5ns", 5e-9F},         {"s", "5ps", 5e-9F},        {"m", "5 m", 5.0F},
-                {"m", "5 mm", 0.005F},       {"%", "50%", 50.0F},        {" dB ", "-6 dB", -6.0F},
+    } rows[] = {{"Hz", "440Hz", 440.0F},   {"Hz", "440 Hz", 440.0F},   {"Hz", "440 hz", 440.0F},
+                {"Hz", "1.5k", 1500.0F},   {"Hz", "1.5 kHz", 1500.0F}, {"Hz", "1.5 k Hz", 1500.0F},
+                {"Hz", "1.5KHz", 1500.0F}, {"Hz", "2MHz", 2e6F},       {"Hz", "2 G", 2e9F},
+                {"Hz", "2T", 2e12F},       {"s", "5 ms", 0.005F},      {"s", "5m", 0.005F},
+                {"s", "5 \u00B5s", 5e-6F}, {"s", "5 \u03BCs", 5e-6F},  {"s", "5us", 5e-6F},
+                {"s", "5ns", 5e-9F},       {"s", "5ps", 5e-9F},        {"m", "5 m", 5.0F},
+                {"m", "5 mm", 0.005F},     {"%", "50%", 50.0F},        {" dB ", "-6 dB", -6.0F},
                 {nullptr, "3k", 3000.0F}};
     for (const auto& row : rows)
     {
