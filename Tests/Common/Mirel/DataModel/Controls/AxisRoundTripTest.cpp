@@ -5,7 +5,7 @@
 #include "Common/Mirel/DataModel/Controls/AxisInfos.h"
 #include "Mirel/DataModel/Controls/CParamViewerConfig.h"
 #include "Mirel/Math/TFunction.h"
-#include "rapidcheck/gtest.h"
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <array>
@@ -23,7 +23,7 @@ namespace Library = Mirel::Math::FunctionsLibrary;
 namespace
 {
 
-constexpr double epsilon = std::numeric_limits<float>::epsilon();
+constexpr auto epsilon = static_cast<double>(std::numeric_limits<float>::epsilon());
 
 /// What the sums, products and the elementary function of one step can add at most to a number of up to 1:
 /// the steepest of them, e to the 6.9 x, turns one rounding of its argument into seven.

@@ -7,7 +7,7 @@
 #include "Support/AllocationCounter.h"
 #include "Support/CFunctionCommand.h"
 #include "Support/EventCounter.h"
-#include "rapidcheck/gtest.h"
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <gtest/gtest.h>

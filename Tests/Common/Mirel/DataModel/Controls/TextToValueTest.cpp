@@ -5,7 +5,7 @@
 #include "Mirel/DataModel/Objects/CParamValueToText.h"
 #include "Mirel/DataModel/Objects/ValueToString.h"
 #include "Support/CommaLocale.h"
-#include "rapidcheck/gtest.h"
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
