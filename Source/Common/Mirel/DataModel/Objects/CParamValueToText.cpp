@@ -8,6 +8,7 @@
 #include "Mirel/DataModel/Objects/SignificantDigits.h"
 
 #include <cmath>
+#include <cstddef>
 
 namespace Mirel::DataModel::Objects
 {

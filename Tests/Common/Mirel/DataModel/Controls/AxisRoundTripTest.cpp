@@ -4,21 +4,20 @@
 
 #include "Common/Mirel/DataModel/Controls/AxisInfos.h"
 #include "Mirel/DataModel/Controls/CParamViewerConfig.h"
-#include "Mirel/Math/TFunction.h"
+#include "Mirel/DataModel/Objects/ResponseCurves.h"
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <limits>
 
 using Mirel::DataModel::Controls::CParamViewerConfig;
 using Mirel::DataModel::Objects::CParamInfo;
-using Mirel::Math::IFunction;
-using Mirel::Math::SharedFunction;
-
-namespace Library = Mirel::Math::FunctionsLibrary;
+using Mirel::DataModel::Objects::GetResponsePair;
+using Mirel::DataModel::Objects::responseCurveCount;
 
 namespace
 {
@@ -29,7 +28,7 @@ constexpr auto epsilon = static_cast<double>(std::numeric_limits<float>::epsilon
 /// the steepest of them, e to the 6.9 x, turns one rounding of its argument into seven.
 constexpr double stepError = 32.0 * epsilon;
 
-using Reference = double (*)(double);
+using Curve = double (*)(double);
 
 double ExpNorm(double x, double factor)
 {
@@ -40,14 +39,6 @@ double LogNorm(double x, double factor)
 {
     return std::log1p(factor * x) / std::log1p(factor);
 }
-
-struct CPair
-{
-    const IFunction* response;
-    const IFunction* inverse;
-    Reference responseReference;
-    Reference inverseReference;
-};
 
 double Same(double x)
 {
@@ -76,29 +67,26 @@ double Log(double x)
     return LogNorm(x, Factor);
 }
 
-template <float (*Response)(float), float (*Inverse)(float)>
-CPair Pair(Reference responseReference, Reference inverseReference)
+struct CReferencePair
 {
-    return {&SharedFunction<Response>(), &SharedFunction<Inverse>(), responseReference, inverseReference};
-}
+    Curve response;
+    Curve inverse;
+};
 
-const std::array<CPair, 11>& Pairs()
-{
-    static const std::array<CPair, 11> pairs = {
-        Pair<&Library::NormLog3, &Library::NormExp3>(Log<1000>, Exp<1000>),
-        Pair<&Library::NormLog2, &Library::NormExp2>(Log<100>, Exp<100>),
-        Pair<&Library::NormLog1, &Library::NormExp1>(Log<10>, Exp<10>),
-        Pair<&Library::SquareRoot, &Library::Square>(Root, Squared),
-        Pair<&Library::NormLog, &Library::NormExp>(Log<1>, Exp<1>),
-        Pair<&Library::Identity, &Library::Identity>(Same, Same),
-        Pair<&Library::NormExp, &Library::NormLog>(Exp<1>, Log<1>),
-        Pair<&Library::Square, &Library::SquareRoot>(Squared, Root),
-        Pair<&Library::NormExp1, &Library::NormLog1>(Exp<10>, Log<10>),
-        Pair<&Library::NormExp2, &Library::NormLog2>(Exp<100>, Log<100>),
-        Pair<&Library::NormExp3, &Library::NormLog3>(Exp<1000>, Log<1000>),
-    };
-    return pairs;
-}
+/// By code, as GetResponsePair gives them; the straight lines among them are three.
+constexpr std::array<CReferencePair, responseCurveCount> references = {{{Log<1000>, Exp<1000>},
+                                                                        {Log<100>, Exp<100>},
+                                                                        {Log<10>, Exp<10>},
+                                                                        {Same, Same},
+                                                                        {Root, Squared},
+                                                                        {Log<1>, Exp<1>},
+                                                                        {Same, Same},
+                                                                        {Exp<1>, Log<1>},
+                                                                        {Squared, Root},
+                                                                        {Same, Same},
+                                                                        {Exp<10>, Log<10>},
+                                                                        {Exp<100>, Log<100>},
+                                                                        {Exp<1000>, Log<1000>}}};
 
 struct CSpan
 {
@@ -116,9 +104,11 @@ struct CAxis
     double min; ///< Both are numbers that single precision holds.
     double max;
     bool logScale;
-    const CPair* pair;
+    int curve; ///< A response curve's code.
 
     CParamInfo Info() const { return Tests::Real(static_cast<float>(min), static_cast<float>(max)); }
+
+    const CReferencePair& Reference() const { return references[static_cast<std::size_t>(curve)]; }
 
     double Normalized(double value) const
     {
@@ -135,15 +125,15 @@ struct CAxis
     {
         const double n = Normalized(value);
         const double error = logScale ? 4.0 * epsilon * (1.0 + 1.0 / std::log(max / min)) : 4.0 * epsilon * n;
-        return Widen({pair->inverseReference(std::max(n - error, 0.0)), pair->inverseReference(n + error)},
+        return Widen({Reference().inverse(std::max(n - error, 0.0)), Reference().inverse(n + error)},
                      stepError);
     }
 
     /// The values that may be read at these positions.
     CSpan Values(CSpan positions) const
     {
-        const CSpan f = Widen(
-            {pair->responseReference(positions.low), pair->responseReference(positions.high)}, stepError);
+        const CSpan f =
+            Widen({Reference().response(positions.low), Reference().response(positions.high)}, stepError);
         const double size = std::max(std::abs(min), std::abs(max));
         return Widen({Value(f.low), Value(f.high)}, 4.0 * epsilon * size);
     }
@@ -164,14 +154,15 @@ CAxis AnyAxis()
     const float max = axis.logScale ? min * *Between(1.5F, 1000.0F) : min + *Between(1.0F, 100.0F);
     axis.min = static_cast<double>(min);
     axis.max = static_cast<double>(max);
-    axis.pair = &Pairs()[*rc::gen::inRange<std::size_t>(0, Pairs().size())];
+    axis.curve = *rc::gen::inRange(0, responseCurveCount);
     return axis;
 }
 
 void Configure(CParamViewerConfig& viewer, const CAxis& axis)
 {
     viewer.SetLogScale(axis.logScale);
-    viewer.SetResponseCurve(axis.pair->response, axis.pair->inverse, false);
+    const auto pair = GetResponsePair(axis.curve);
+    viewer.SetResponseCurve(pair.function, pair.inverse, false);
     viewer.SetReverse(*rc::gen::arbitrary<bool>());
     viewer.SetOffset(*Between(0.0F, 1.0F));
 }
@@ -211,7 +202,7 @@ RC_GTEST_PROP(AxisRoundTrip, AValueOnAStopComesBackFromThatStop, ())
     const int last = zoomPositions ? count - 1 : (count - 1) * zoom;
     const int stop = *rc::gen::inRange(0, last + 1);
     const double atStop = static_cast<double>(stop) / last;
-    const auto value = static_cast<float>(axis.Value(axis.pair->responseReference(atStop)));
+    const auto value = static_cast<float>(axis.Value(axis.Reference().response(atStop)));
 
     const float back = viewer.PositionToValue(viewer.ValueToPosition(value, false));
 
