@@ -30,11 +30,23 @@ public:
     const CParamViewerConfig& GetYViewer() const { return yViewer; }
     const Objects::IConstCaptureCurve& GetCurve() const { return source.GetCapture(); }
 
-    /// Fires when either axis changes its mapping.
+    /// Fires when either axis changes its mapping, and when the orientation changes.
     Core::IEventProvider& GetLayoutChangedEventProvider() const { return layoutChanged; }
 
     /// Fires when the curve changes.
     Core::IEventProvider& GetCurveChangedEventProvider() const { return source.GetChangedEventProvider(); }
+
+    /// A vertical curve runs down the widget, with its values to the right. The positions are the same.
+    void SetVertical(bool newVertical)
+    {
+        if (vertical != newVertical)
+        {
+            vertical = newVertical;
+            layoutChanged.Notify();
+        }
+    }
+
+    bool IsVertical() const { return vertical; }
 
     /// Without it every GetValue evaluates what the capture holds at that moment. With it, a clone that the
     /// viewer takes at each change of the curve: a capture that is replaced without its event, or while a
@@ -53,6 +65,7 @@ private:
     CParamViewerConfig xViewer;
     CParamViewerConfig yViewer;
     TFunctionSource<Math::IFunction, Objects::IConstCurveInfo> source;
+    bool vertical = false;
     mutable Core::CEventProvider layoutChanged; ///< Listening to a viewer changes nothing of it.
     Core::TConstCommand<Core::INotify> forwardLayout{&layoutChanged, &Core::INotify::Notify};
     CoreUtilities::CCallbackHelper xConnection;

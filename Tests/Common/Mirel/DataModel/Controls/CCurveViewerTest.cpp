@@ -104,6 +104,21 @@ TEST(CCurveViewer, ChangesOfEitherAxisFireTheLayoutEventAlone)
     EXPECT_EQ(changes.Take(), 0);
 }
 
+TEST(CCurveViewer, OrientationFiresTheLayoutEventAndLeavesThePositions)
+{
+    const CSquares curve;
+    CCurveViewer viewer(curve);
+    CEventCounter layouts(viewer.GetLayoutChangedEventProvider());
+    EXPECT_FALSE(viewer.IsVertical());
+
+    viewer.SetVertical(true);
+    viewer.SetVertical(true);
+
+    EXPECT_TRUE(viewer.IsVertical());
+    EXPECT_EQ(layouts.Take(), 1);
+    EXPECT_EQ(viewer.GetValue(0.5F, false), 0.25F);
+}
+
 TEST(CCurveViewer, ChangesOfTheCurveFireTheCurveEventAlone)
 {
     CSquares curve;
