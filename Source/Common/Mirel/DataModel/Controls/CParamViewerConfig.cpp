@@ -249,7 +249,7 @@ void CParamViewerConfig::UpdateMapping()
     }
     const bool straight = effectiveCount == continuous && !reverse && !logScale;
     straightToPosition = straight && !inverseCurve;
-    straightToValue = straight && !responseCurve && !Objects::IsWholeValueKind(type);
+    straightToValue = straight && !responseCurve; // whole kinds, which round, always have stops
 }
 
 float CParamViewerConfig::BentValueToPosition(float value) const
