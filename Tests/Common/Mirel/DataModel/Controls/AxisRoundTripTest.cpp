@@ -5,7 +5,6 @@
 #include "Common/Mirel/DataModel/Controls/AxisInfos.h"
 #include "Mirel/DataModel/Controls/CParamViewerConfig.h"
 #include "Mirel/DataModel/Objects/ResponseCurves.h"
-#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <array>
@@ -13,6 +12,7 @@
 #include <cstddef>
 #include <gtest/gtest.h>
 #include <limits>
+#include <rapidcheck/gtest.h>
 
 using Mirel::DataModel::Controls::CParamViewerConfig;
 using Mirel::DataModel::Objects::CParamInfo;

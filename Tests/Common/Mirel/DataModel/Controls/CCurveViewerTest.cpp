@@ -7,10 +7,10 @@
 #include "Support/AllocationCounter.h"
 #include "Support/CFunctionCommand.h"
 #include "Support/EventCounter.h"
-#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 using Mirel::DataModel::Controls::CCurveViewer;
 using Mirel::DataModel::Objects::CCaptureCurve;

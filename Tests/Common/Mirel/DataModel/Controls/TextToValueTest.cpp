@@ -5,11 +5,11 @@
 #include "Mirel/DataModel/Objects/CParamValueToText.h"
 #include "Mirel/DataModel/Objects/ValueToString.h"
 #include "Support/CommaLocale.h"
-#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
 #include <optional>
+#include <rapidcheck/gtest.h>
 #include <string>
 
 using Mirel::DataModel::Controls::TextToValue;
