@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <emmintrin.h>
+#include <functional>
 #include <numeric>
 
 namespace Mirel::Math
@@ -40,15 +41,16 @@ void CSlidingCounts::SetLength(int newLength)
     history.SetSize(newLength);
     segmentShift = std::clamp(static_cast<int>(std::bit_width(length)) - 2, 0, maxSegmentShift);
     runSize = std::min(SegmentSize(), maxRunSize);
-    // The window reaches over the whole segments in it and a part of one at either end.
-    segments.assign(std::bit_ceil((length >> segmentShift) + 2), CSegment{});
+    segments.assign(std::bit_ceil(TotalSize() + 1), CSegment{});
     segments.shrink_to_fit();
     Reset();
 }
 
 void CSlidingCounts::Reset()
 {
+    std::fill(segments.begin(), segments.end(), CSegment{});
     open = {};
+    total = {};
     received = 0;
     counted = 0;
 }
@@ -88,17 +90,25 @@ void CSlidingCounts::CountInOpenSegment(std::span<const std::uint8_t> numbers)
 
 void CSlidingCounts::CloseSegment()
 {
-    CSegment& closed = segments[SegmentPlace((counted >> segmentShift) - 1)];
+    const std::uint64_t index = (counted >> segmentShift) - 1;
+    CSegment& closed = segments[SegmentPlace(index)];
+    const CSegment& replaced = segments[SegmentPlace(index - TotalSize())];
     SumTurns(open.front().data(), used, closed.data());
+    for (std::size_t i = 0; i < used; ++i)
+    {
+        total[i] += static_cast<std::uint32_t>(closed[i] - replaced[i]);
+    }
     std::fill_n(open.begin(), used, CTurns{});
 }
 
 template <class Action>
-void CSlidingCounts::ForEachWholeSegment(Action action) const
+void CSlidingCounts::ForEachLeavingSegment(Action action) const
 {
-    for (std::uint64_t index = GetFirstWhole(); index < counted >> segmentShift; ++index)
+    const std::uint64_t complete = counted >> segmentShift;
+    for (std::uint64_t i = complete - std::min<std::uint64_t>(complete, TotalSize()); i < GetFirstWhole();
+         ++i)
     {
-        action(segments[SegmentPlace(index)]);
+        action(segments[SegmentPlace(i)]);
     }
 }
 
@@ -120,18 +130,13 @@ void CSlidingCounts::ForEachUncountedPiece(Action action) const
 
 CSlidingCounts::CCounters CSlidingCounts::GetCounts() const
 {
-    CCounters counts{};
-    const auto add = [&counts, this](const CSegment& segment)
-    {
-        for (std::size_t i = 0; i < used; ++i)
-        {
-            counts[i] += segment[i];
-        }
-    };
-    ForEachWholeSegment(add);
-    CSegment opened;
+    CCounters counts = total;
+    ForEachLeavingSegment(
+        [&counts](const CSegment& segment)
+        { std::transform(counts.begin(), counts.end(), segment.begin(), counts.begin(), std::minus<>()); });
+    CSegment opened{};
     SumTurns(open.front().data(), used, opened.data());
-    add(opened);
+    std::transform(counts.begin(), counts.end(), opened.begin(), counts.begin(), std::plus<>());
     ForEachUncountedPiece(
         [&counts](std::span<const std::uint8_t> numbers)
         {
@@ -145,8 +150,8 @@ CSlidingCounts::CCounters CSlidingCounts::GetCounts() const
 
 std::uint32_t CSlidingCounts::GetCount(std::uint8_t number) const
 {
-    std::uint32_t count = std::accumulate(open[number].begin(), open[number].end(), std::uint32_t{0});
-    ForEachWholeSegment([&count, number](const CSegment& segment) { count += segment[number]; });
+    std::uint32_t count = std::accumulate(open[number].begin(), open[number].end(), total[number]);
+    ForEachLeavingSegment([&count, number](const CSegment& segment) { count -= segment[number]; });
     ForEachUncountedPiece(
         [&count, number](std::span<const std::uint8_t> numbers)
         { count += static_cast<std::uint32_t>(std::count(numbers.begin(), numbers.end(), number)); });

@@ -14,10 +14,10 @@ namespace Mirel::Math
 
 /// Counts how often each of up to 256 numbers occurs among exactly the last so many that came in.
 ///
-/// The stream is cut into segments, of which each complete one is a small table of counts. A reader adds up
-/// the tables that are all in the window and counts anew only what it has of the segment that is partly out.
-/// So a number costs one increment on its way in and nothing on its way out, and a read, of which there are a
-/// few a second, costs a few hundred additions.
+/// The stream is cut into segments. A complete segment is a small table of counts, which joins a running
+/// total and at the same time replaces in it the oldest one there. What of the total is out of the window
+/// again is taken off when somebody reads, and only the numbers of the one segment that is partly out are
+/// counted anew. So a number costs one increment on its way in and next to nothing on its way out.
 ///
 /// Numbers are counted in runs, some time after they were written: the processor then needn't wait for them.
 /// A reader counts what is still waiting, so that every read is exact. Each number has several small counters
@@ -68,6 +68,8 @@ private:
     static constexpr std::size_t maxRunSize = 512;
 
     std::size_t SegmentSize() const { return std::size_t{1} << segmentShift; }
+    /// Complete segments in the total: at least all that are in the window.
+    std::size_t TotalSize() const { return length >> segmentShift; }
     std::size_t SegmentPlace(std::uint64_t index) const { return index & (segments.size() - 1); }
     void CountWaiting();
     void CountInOpenSegment(std::span<const std::uint8_t> numbers);
@@ -78,9 +80,9 @@ private:
     /// Of the segments, the first that is all in the window.
     std::uint64_t GetFirstWhole() const { return (GetOldest() + SegmentSize() - 1) >> segmentShift; }
 
-    /// Calls action(segment) for the complete segments that are all in the window.
+    /// Calls action(segment) for the segments that are in the total, but no longer all in the window.
     template <class Action>
-    void ForEachWholeSegment(Action action) const;
+    void ForEachLeavingSegment(Action action) const;
 
     /// Calls action(numbers) for the contiguous pieces of all that is in the window, but in no table: the
     /// rest of the segment that is partly out, and what still waits to be counted.
@@ -93,8 +95,9 @@ private:
     int segmentShift = 0;
     std::size_t runSize = 1; ///< At most a segment.
     Core::TCircularBuffer<std::uint8_t> history;
-    std::vector<CSegment> segments;        ///< A ring of the complete ones, of a power-of-two size.
+    std::vector<CSegment> segments;        ///< A ring of the complete ones; empty ones before the first.
     std::array<CTurns, maxNumbers> open{}; ///< Of the segment that is filling up.
+    CCounters total{};                     ///< Of the newest complete segments.
     std::uint64_t received = 0;            ///< Numbers since the reset.
     std::uint64_t counted = 0;             ///< Of these, the ones in the open segment or a complete one.
 };
