@@ -53,8 +53,9 @@ TEST(TPointersValueVector, LeavesTheObjectsToTheirOwner)
     {
         const CCircle circle(&destroyed);
         {
-            const TPointersValueVector<IShape> shapes{&circle};
+            TPointersValueVector<IShape> shapes{&circle};
             const TPointersValueVector<IShape> copy(shapes);
+            shapes = {};
             EXPECT_EQ(&copy[0], &circle);
         }
         EXPECT_EQ(destroyed, 0);

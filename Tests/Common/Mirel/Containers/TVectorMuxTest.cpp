@@ -1,5 +1,6 @@
 #include "Mirel/Containers/TVectorMux.h"
 
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <utility>
 #include <vector>
@@ -24,10 +25,10 @@ public:
 
 std::vector<int> Elements(const TIConstVector<int>& list)
 {
-    std::vector<int> elements;
+    std::vector<int> elements(static_cast<std::size_t>(list.GetCount()));
     for (int i = 0; i < list.GetCount(); ++i)
     {
-        elements.push_back(list[i]);
+        elements[static_cast<std::size_t>(i)] = list[i];
     }
     return elements;
 }
