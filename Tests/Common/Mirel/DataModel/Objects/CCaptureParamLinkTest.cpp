@@ -165,7 +165,7 @@ TEST_P(CCaptureParamLinkSettings, WritesWhatTheSettingsSay)
     link.Enable(true);
     if (!onModify)
     {
-        model.Change(double{first});
+        model.Change(static_cast<double>(first));
     }
     EXPECT_EQ(target.IsCaptured(), captured);
     EXPECT_NEAR(target.GetValue(), model.target, 1e-3);
@@ -174,7 +174,7 @@ TEST_P(CCaptureParamLinkSettings, WritesWhatTheSettingsSay)
                               notANumber, 0.0f, 130.0f, 9.0f})
     {
         source.Fire(value);
-        model.Change(double{value});
+        model.Change(static_cast<double>(value));
         EXPECT_NEAR(target.GetValue(), model.target, 1e-3) << value;
         EXPECT_EQ(writes.Take(), std::exchange(model.writes, 0)) << value;
     }
