@@ -5,6 +5,7 @@
 #include "Mirel/Core/IEnable.h"
 #include "Mirel/Core/IUpdate.h"
 #include "Mirel/Core/TCommand.h"
+#include "Mirel/DataModel/CCascadeShare.h"
 
 #include <cstddef>
 #include <memory>
@@ -84,7 +85,7 @@ public:
             }
         }
         std::erase(connections, nullptr);
-        EndCaptures(std::move(removed));
+        GiveUp(std::move(removed));
     }
 
     void RemoveTarget(T* target)
@@ -159,10 +160,10 @@ protected:
         }
     }
 
-    /// Calls write(T&) for each target that is not the source itself. The walk ends once a listener has
-    /// changed the targets or destroyed the link.
+    /// Calls write(T&) for each target that is not the source itself. The walk ends, and gives false, once a
+    /// listener has rewired, disabled or destroyed the link.
     template <class Write>
-    void ForEachTarget(const TConst* source, const Write& write)
+    bool ForEachTarget(const TConst* source, const Write& write)
     {
         const Core::CLifeToken::CWatch watch(life);
         const int wiringBefore = wiring;
@@ -175,9 +176,10 @@ protected:
             write(*targets[i]);
             if (!watch.IsAlive() || wiring != wiringBefore)
             {
-                return;
+                return false;
             }
         }
+        return true;
     }
 
 private:
@@ -210,19 +212,19 @@ private:
         void BeginCapture()
         {
             holding = true;
-            link.ForEachTarget(&source, [](T& target) { target.BeginCapture(); });
+            link.BeginCaptures(this, &source);
         }
 
         void EndCapture()
         {
             if (std::exchange(holding, false))
             {
-                link.ForEachTarget(&source, [](T& target) { target.EndCapture(); });
+                link.EndCaptures(&source);
             }
         }
 
     private:
-        void OnChanged() { link.UpdateFrom(&source); }
+        void OnChanged() { link.RunUpdate(&source); }
 
         TMultipleCaptureObjectLink& link;
         const TConst& source;
@@ -257,11 +259,12 @@ private:
         }
     }
 
-    void Disconnect() { EndCaptures(std::exchange(connections, {})); }
+    void Disconnect() { GiveUp(std::exchange(connections, {})); }
 
-    /// Of connections that the link has given up; cut first, since a listener may destroy the link.
-    void EndCaptures(std::vector<std::unique_ptr<CConnection>> removed)
+    /// The connections are cut before any capture ends, since a listener may destroy the link.
+    void GiveUp(std::vector<std::unique_ptr<CConnection>> removed)
     {
+        ++wiring;
         for (const auto& connection : removed)
         {
             connection->Cut();
@@ -274,6 +277,37 @@ private:
                 connection->EndCapture();
             }
         }
+    }
+
+    // What a listener has rewired is gone through again: to begin or end a capture twice does nothing.
+
+    void BeginCaptures(const CConnection* connection, const TConst* source)
+    {
+        const Core::CLifeToken::CWatch watch(life);
+        while (watch.IsAlive() && HasConnection(connection) &&
+               !ForEachTarget(source, [](T& target) { target.BeginCapture(); }))
+        {
+        }
+    }
+
+    void EndCaptures(const TConst* source)
+    {
+        const Core::CLifeToken::CWatch watch(life);
+        while (watch.IsAlive() && !ForEachTarget(source, [](T& target) { target.EndCapture(); }))
+        {
+        }
+    }
+
+    bool HasConnection(const CConnection* connection) const
+    {
+        for (const auto& each : connections)
+        {
+            if (each.get() == connection)
+            {
+                return true;
+            }
+        }
+        return false;
     }
 
     bool HoldsTarget(const T& target) const
@@ -292,16 +326,26 @@ private:
     {
         if (enabled && !onModifyOnly)
         {
-            Update();
+            RunUpdate(nullptr);
+        }
+    }
+
+    void RunUpdate(const TConst* changedSource)
+    {
+        const CCascadeShare::CUpdate update(cascadeShare);
+        if (update.IsAllowed())
+        {
+            UpdateFrom(changedSource);
         }
     }
 
     std::vector<const TConst*> sources;
     std::vector<T*> targets;
-    int wiring = 0; ///< Counts the changes of the targets.
+    int wiring = 0; ///< Counts the changes that walks over the targets have to heed.
     bool onModifyOnly = false;
     bool enabled = false;
     Core::CLifeToken life;
+    CCascadeShare cascadeShare;
     mutable Core::CEventProvider changed; ///< Listening to a link changes nothing of it.
     std::vector<std::unique_ptr<CConnection>> connections;
 };
