@@ -19,6 +19,23 @@ struct TNearestInterpolator
     }
 };
 
+/// The straight line between each two positions. It reads one entry after the position: the table keeps one
+/// guard.
+template <class V, class A>
+struct TLinearInterpolator
+{
+    static constexpr int guardsBefore = 0;
+    static constexpr int guardsAfter = 1;
+
+    /// position: 0 to size, exclusive.
+    static V Interpolate(const V* values, A position)
+    {
+        const auto index = static_cast<std::ptrdiff_t>(position);
+        const V a = values[index];
+        return (values[index + 1] - a) * (position - static_cast<A>(index)) + a;
+    }
+};
+
 /// A cubic between each two positions whose slope is 0 at a local extremum of the data, so that the curve
 /// never overshoots a sample. It reads one entry before and two after the position: the table keeps that many
 /// guards.

@@ -10,9 +10,11 @@ namespace Mirel::Math
 class CConstantBinaryFunction : public TConstantBase<IBinaryFunction>
 {
 public:
+    static constexpr const char* classKey = "{D21815E0-885C-4996-B493-90E08E953055}";
+
     explicit CConstantBinaryFunction(float value_ = 0.0F) : TConstantBase(value_) {}
 
-    const char* GetTypeKey() const override { return "{D21815E0-885C-4996-B493-90E08E953055}"; }
+    const char* GetTypeKey() const override { return classKey; }
     CConstantBinaryFunction* Clone() const override { return new CConstantBinaryFunction(*this); }
     float operator()(float, float) const override { return GetValue(); }
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Math/FunctionsRegistration.h"
 #include "Mirel/Serialization/ITypeSerializable.h"
 
 namespace Mirel::Math

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Mirel/Math/IFunction.h"
+#include "Mirel/Math/TableRange.h"
 #include "Mirel/Serialization/TLookupTableSerializer.h"
 
 #include <algorithm>
@@ -19,12 +20,15 @@ namespace Mirel::Math
 /// shown: there the function is flat, at the value that is about to be overwritten. With stop at writePos
 /// nothing is hidden.
 ///
-/// L is a Core::TLookupTable. One writer, on one thread; everyone else evaluates clones.
+/// L is a Core::TLookupTable. Whatever L is, the class key is the same, and what is created by it is the form
+/// with the constrained spline. One writer, on one thread; everyone else evaluates clones.
 template <class L>
 class TCircularLUTFunction : public IFunction
 {
 public:
-    TCircularLUTFunction(float xMin, float xMax) : table(xMin, xMax) {}
+    static constexpr const char* classKey = "{AAC13163-0B6E-4a60-A1BE-257878A0B336}";
+
+    explicit TCircularLUTFunction(float xMin = 0.0f, float xMax = 1.0f) : table(xMin, xMax) {}
 
     /// Allocates; the whole table becomes 0 and is read and written from position 0. stop is kept.
     void SetSize(int size)
@@ -85,20 +89,27 @@ public:
         return IsStale(position) ? table.GetPositions()[writePos] : table.At(position);
     }
 
-    const char* GetTypeKey() const override { return "{AAC13163-0B6E-4a60-A1BE-257878A0B336}"; }
+    const char* GetTypeKey() const override { return classKey; }
 
     bool Serialize(Serialization::IWriteDataStream& stream) const override
     {
-        bool ok = stream.Write("start", start);
+        bool ok = WriteTableRange(stream, table.GetXMin(), table.GetXMax());
+        ok = stream.Write("start", start) && ok;
         ok = stream.Write("writePos", writePos) && ok;
         ok = stream.Write("stop", stop) && ok;
         return stream.Write("values", Serialization::TLookupTableSerializer(table, "value")) && ok;
     }
 
-    /// The range stays the object's own. On false all is as it was.
+    /// Without a range in the stream the object keeps its own. On false all is as it was.
     bool Deserialize(const Serialization::IReadDataStream& stream) override
     {
-        TCircularLUTFunction read(table.GetXMin(), table.GetXMax());
+        float xMin = table.GetXMin();
+        float xMax = table.GetXMax();
+        if (stream.Exists("xMin") && !ReadTableRange(stream, xMin, xMax))
+        {
+            return false;
+        }
+        TCircularLUTFunction read(xMin, xMax);
         Serialization::TLookupTableDeSerializer reader(read.table, "value");
         if (!stream.Read("start", read.start) || !stream.Read("writePos", read.writePos) ||
             !stream.Read("stop", read.stop) || !stream.Read("values", reader) || !read.IsConsistent())
