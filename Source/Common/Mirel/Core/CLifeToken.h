@@ -1,0 +1,53 @@
+#pragma once
+
+namespace Mirel::Core
+{
+
+/// Tells code that calls out to listeners whether its own object still lives when the call returns: the
+/// object has a token as a member, the code a watch on its stack. One thread only; a watch allocates nothing.
+class CLifeToken
+{
+    struct SState
+    {
+        int references = 1;
+        bool alive = true;
+    };
+
+public:
+    class CWatch
+    {
+    public:
+        explicit CWatch(const CLifeToken& token) : state(token.state) { ++state->references; }
+        CWatch(const CWatch&) = delete;
+        CWatch& operator=(const CWatch&) = delete;
+        ~CWatch() { Drop(state); }
+
+        bool IsAlive() const { return state->alive; }
+
+    private:
+        SState* state;
+    };
+
+    CLifeToken() = default;
+    CLifeToken(const CLifeToken&) = delete;
+    CLifeToken& operator=(const CLifeToken&) = delete;
+
+    ~CLifeToken()
+    {
+        state->alive = false;
+        Drop(state);
+    }
+
+private:
+    static void Drop(SState* dropped)
+    {
+        if (--dropped->references == 0)
+        {
+            delete dropped;
+        }
+    }
+
+    SState* state = new SState();
+};
+
+} // namespace Mirel::Core
