@@ -90,6 +90,9 @@ protected:
         }
     }
 
+    /// For a setter whose change the target does not show.
+    void NotifyChanged() const { changed.Notify(); }
+
     bool IsConnected() const { return connected; }
 
     /// Whether the target is in a capture that came from the source.
