@@ -6,6 +6,7 @@
 #include "Mirel/Core/IUpdate.h"
 #include "Mirel/Core/TCommand.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -178,6 +179,11 @@ protected:
                 return;
             }
         }
+    }
+
+    bool IsSource(const T& target) const
+    {
+        return std::find(sources.begin(), sources.end(), &target) != sources.end();
     }
 
 private:

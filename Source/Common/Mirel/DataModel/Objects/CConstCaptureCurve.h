@@ -7,8 +7,9 @@
 namespace Mirel::DataModel::Objects
 {
 
-/// An observable function of one variable that its owner sets and everyone else, who sees the IConstCaptureCurve,
-/// reads. A function that has come to evaluate differently is told by NotifyChanged. GUI thread only.
+/// An observable function of one variable that its owner sets and everyone else, who sees the
+/// IConstCaptureCurve, reads. A function that has come to evaluate differently is told by NotifyChanged. GUI
+/// thread only.
 class CConstCaptureCurve : public TConstCaptureFunction<Math::IFunction, IConstCurveInfo, CCurveInfo>
 {
 public:

@@ -7,9 +7,11 @@
 namespace Mirel::DataModel::Objects
 {
 
-/// An observable function of two variables that its owner sets and everyone else, who sees the IConstCaptureSurface,
-/// reads. A function that has come to evaluate differently is told by NotifyChanged. GUI thread only.
-class CConstCaptureSurface : public TConstCaptureFunction<Math::IBinaryFunction, IConstSurfaceInfo, CSurfaceInfo>
+/// An observable function of two variables that its owner sets and everyone else, who sees the
+/// IConstCaptureSurface, reads. A function that has come to evaluate differently is told by NotifyChanged.
+/// GUI thread only.
+class CConstCaptureSurface
+    : public TConstCaptureFunction<Math::IBinaryFunction, IConstSurfaceInfo, CSurfaceInfo>
 {
 public:
     using TConstCaptureFunction::SetFunction;

@@ -22,7 +22,8 @@ using CNegate = Mirel::Math::TFunction<Mirel::Math::FunctionsLibrary::Negate>;
 
 CCurveInfo Parabola()
 {
-    return {CParamInfo(2, 0.0F, 10.0F, 0.0F, "x", "s", ""), CParamInfo(2, 0.0F, 50.0F, 0.0F, "y", "V", ""), "Curve", ""};
+    return {CParamInfo(2, 0.0F, 10.0F, 0.0F, "x", "s", ""), CParamInfo(2, 0.0F, 50.0F, 0.0F, "y", "V", ""),
+            "Curve", ""};
 }
 
 class CCaptureCurveValueParamTest : public testing::Test

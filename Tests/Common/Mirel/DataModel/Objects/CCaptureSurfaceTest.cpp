@@ -19,11 +19,8 @@ namespace
 
 CSurfaceInfo Sample()
 {
-    return {CParamInfo(2, -2.0F, 0.0F, 0.0F, "x", "s", ""),
-            CParamInfo(2, 0.0F, 1.0F, 0.0F, "y", "Hz", ""),
-            CParamInfo(2, -1.0F, 1.0F, 0.5F, "z", "V", ""),
-            "Surface",
-            "A surface"};
+    return {CParamInfo(2, -2.0F, 0.0F, 0.0F, "x", "s", ""), CParamInfo(2, 0.0F, 1.0F, 0.0F, "y", "Hz", ""),
+            CParamInfo(2, -1.0F, 1.0F, 0.5F, "z", "V", ""), "Surface", "A surface"};
 }
 
 } // namespace

@@ -17,7 +17,8 @@ namespace
 
 CCurveInfo Sample()
 {
-    return {CParamInfo(2, 0.0F, 1.0F, 0.0F, "x", "s", ""), CParamInfo(2, -1.0F, 1.0F, 0.5F, "y", "V", ""), "Curve", "A curve"};
+    return {CParamInfo(2, 0.0F, 1.0F, 0.0F, "x", "s", ""), CParamInfo(2, -1.0F, 1.0F, 0.5F, "y", "V", ""),
+            "Curve", "A curve"};
 }
 
 } // namespace
