@@ -14,6 +14,7 @@
 #include "Mirel/Math/TLUTFunction.h"
 #include "Support/Contest.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <cstddef>
@@ -50,10 +51,10 @@ template <class F>
 
 std::vector<float> Wave(int size)
 {
-    std::vector<float> wave;
-    for (int i = 0; i < size; ++i)
+    std::vector<float> wave(static_cast<std::size_t>(size));
+    for (std::size_t i = 0; i < wave.size(); ++i)
     {
-        wave.push_back(std::sin(static_cast<float>(i) * 0.05f));
+        wave[i] = std::sin(static_cast<float>(i) * 0.05f);
     }
     return wave;
 }
@@ -63,11 +64,8 @@ std::vector<float> Noise(int size)
 {
     std::minstd_rand random;
     std::uniform_real_distribution<float> amplitude(-1.0f, 1.0f);
-    std::vector<float> noise;
-    for (int i = 0; i < size; ++i)
-    {
-        noise.push_back(amplitude(random));
-    }
+    std::vector<float> noise(static_cast<std::size_t>(size));
+    std::generate(noise.begin(), noise.end(), [&] { return amplitude(random); });
     return noise;
 }
 
@@ -153,7 +151,7 @@ CHolder Combine(CHolder left, CHolder right)
 }
 
 template <float (*F)(float)>
-CHolder Apply(CHolder inner)
+CHolder Apply(const CHolder& inner)
 {
     auto composition = std::make_unique<CFunctionsComposition>();
     composition->Add(inner->Clone(), true);

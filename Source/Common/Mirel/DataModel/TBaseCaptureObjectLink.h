@@ -16,7 +16,7 @@ namespace Mirel::DataModel
 ///
 /// Created disabled and without objects. Neither object is owned; before one goes away the link is disabled,
 /// destroyed or given another. While one is missing the link does nothing. A link may be changed, disabled
-/// and destroyed by any listener, also one that it has caused to run. GUI thread only.
+/// and destroyed by any listener of other objects, also one that it has caused to run. GUI thread only.
 template <class TConst, class T>
 class TBaseCaptureObjectLink : public virtual Core::IEnable, public virtual Core::IUpdate
 {

@@ -3,7 +3,6 @@
 #include "Mirel/Core/CCapture.h"
 #include "Mirel/Core/CDirty.h"
 #include "Mirel/Core/CEnable.h"
-#include "Mirel/Core/CLifeToken.h"
 #include "Mirel/Core/IRefreshTime.h"
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/Core/TStoredValue.h"
@@ -88,21 +87,20 @@ public:
     /// What each tick does.
     void Refresh()
     {
-        const Core::CLifeToken::CWatch watch(life);
         if (infoMark.IsDirty())
         {
             infoMark.SetDirty(false);
             info.CopyFrom(source.GetInfo());
         }
-        if (watch.IsAlive() && source.IsCaptured())
+        if (source.IsCaptured())
         {
             capture.BeginCapture();
         }
-        if (watch.IsAlive() && TakeValue())
+        if (TakeValue())
         {
             capture.NotifyChanged();
         }
-        if (watch.IsAlive() && !source.IsCaptured())
+        if (!source.IsCaptured())
         {
             capture.EndCapture();
         }
@@ -132,7 +130,6 @@ private:
     C info;
     Core::CCapture capture;
     Core::CEnable enabled;
-    Core::CLifeToken life;
     Core::CDirty valueMark;
     Core::CDirty infoMark;
     Command markValue{this, &TConstCaptureObjectTimerProxy::MarkValue};

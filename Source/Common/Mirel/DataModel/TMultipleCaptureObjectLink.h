@@ -20,8 +20,8 @@ namespace Mirel::DataModel
 /// the sources' interface, T, derived from it, the targets'.
 ///
 /// Created disabled and without objects. No object is owned; before one goes away it is removed, or the link
-/// disabled or destroyed. A link may be changed and destroyed by any listener, also one that it has caused to
-/// run. GUI thread only.
+/// disabled or destroyed. A link may be changed and destroyed by any listener of other objects, also one that
+/// it has caused to run. GUI thread only.
 template <class TConst, class T>
 class TMultipleCaptureObjectLink : public virtual Core::IEnable, public virtual Core::IUpdate
 {

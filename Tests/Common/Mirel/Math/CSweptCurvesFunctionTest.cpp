@@ -6,6 +6,7 @@
 #include "Mirel/Math/TBinaryFunction.h"
 #include "Mirel/Math/TFunction.h"
 #include "SavedFunctions.h"
+#include "Steps.h"
 #include "Support/AllocationCounter.h"
 
 #include <gtest/gtest.h>
@@ -166,9 +167,10 @@ TEST(CSweptCurvesFunction, ClonesAreIndependent)
 TEST(CSweptCurvesFunction, EvaluationAllocatesNothing)
 {
     const CSweptCurvesFunction history = MakeHistory(8, {{0.0f, 0.0f}, {1.0f, 10.0f}, {2.0f, 5.0f}});
+    const std::vector<float> steps = Steps(-3.0f, 1.0f, 0.01f);
     const Tests::CAllocationCounter counter;
     float sum = 0.0f;
-    for (float offset = -3.0f; offset < 1.0f; offset += 0.01f)
+    for (const float offset : steps)
     {
         sum += history(offset, 0.5f);
     }
@@ -190,7 +192,7 @@ TEST(CSweptCurvesFunction, ComesBackFromEveryForm)
                                       {
                                           auto* read = dynamic_cast<CSweptCurvesFunction*>(function.get());
                                           ASSERT_NE(read, nullptr);
-                                          for (float offset = -2.0f; offset < 0.5f; offset += 0.07f)
+                                          for (const float offset : Steps(-2.0f, 0.5f, 0.07f))
                                           {
                                               EXPECT_EQ((*read)(offset, 2.0f), history(offset, 2.0f))
                                                   << offset;
@@ -264,7 +266,7 @@ RC_GTEST_PROP(CSweptCurvesFunction, EqualsTheHistoryOfEachOfItsPoints, ())
     const CSweptCurvesFunction history = MakeHistory(capacity, samples);
     const int kept = std::min(count, history.GetCapacity());
     const std::size_t first = samples.size() - static_cast<std::size_t>(kept);
-    for (float offset = -20.0f; offset < 0.0f; offset += 0.3f)
+    for (const float offset : Steps(-20.0f, -0.1f, 0.3f))
     {
         for (const float x : {-1.0f, 0.5f, 2.0f})
         {

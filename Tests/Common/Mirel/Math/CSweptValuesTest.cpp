@@ -1,6 +1,7 @@
 #include "Mirel/Math/CSweptValues.h"
 
 #include "SavedFunctions.h"
+#include "Steps.h"
 #include "Support/AllocationCounter.h"
 
 #include <gtest/gtest.h>
@@ -252,7 +253,7 @@ TEST(CSweptValues, ComesBackFromEveryForm)
                                 {
                                     auto* read = dynamic_cast<CSweptValues*>(function.get());
                                     ASSERT_NE(read, nullptr);
-                                    for (float offset = -2.0f; offset < 0.5f; offset += 0.07f)
+                                    for (const float offset : Steps(-2.0f, 0.5f, 0.07f))
                                     {
                                         EXPECT_EQ((*read)(offset), history(offset)) << offset;
                                     }

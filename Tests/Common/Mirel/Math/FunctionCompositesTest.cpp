@@ -16,12 +16,14 @@
 #include "Mirel/Math/TBinaryFunction.h"
 #include "Mirel/Math/TFunction.h"
 #include "Mirel/Math/TFunctionsOperation.h"
+#include "Steps.h"
 #include "Support/AllocationCounter.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <memory>
+#include <vector>
 
 namespace Mirel::Math
 {
@@ -251,9 +253,10 @@ TEST(FunctionComposites, EvaluationAllocatesNothing)
     const CBinaryFunctionComposition binary({&list, false}, {product, false});
     const CConstantComposition constant({&list, false}, {new CConstant(2.0f), true});
 
+    const std::vector<float> steps = Steps(0.0f, 10.0f, 1.0f);
     const Tests::CAllocationCounter counter;
     float sum = 0.0f;
-    for (float x = 0.0f; x < 10.0f; x += 1.0f)
+    for (const float x : steps)
     {
         sum += operation(x) + binary(x, x) + constant();
     }

@@ -1,6 +1,7 @@
 #include "Mirel/Math/FunctionsLibrary.h"
 
 #include "FunctionTables.h"
+#include "Steps.h"
 
 #include <gtest/gtest.h>
 
@@ -124,7 +125,7 @@ TEST(FunctionsLibrary, NormalisedCurvesRunFromZeroToOne)
 TEST(FunctionsLibrary, NormalisedLogarithmsUndoTheExponentials)
 {
     using namespace FunctionsLibrary;
-    for (float x = 0.0f; x <= 1.0f; x += 0.0625f)
+    for (const float x : Steps(0.0f, 1.0f, 0.0625f))
     {
         EXPECT_NEAR(NormLog(NormExp(x)), x, 1e-6f);
         EXPECT_NEAR(NormLog1(NormExp1(x)), x, 1e-6f);

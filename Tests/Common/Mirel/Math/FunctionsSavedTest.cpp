@@ -14,6 +14,7 @@
 #include "Mirel/Math/CFunctionsCombination.h"
 #include "Mirel/Math/CFunctionsComposition.h"
 #include "SavedFunctions.h"
+#include "Steps.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +39,7 @@ void ExpectSame(const IFunction& function, const IFunction* read)
 {
     ASSERT_NE(read, nullptr);
     EXPECT_STREQ(read->GetTypeKey(), function.GetTypeKey());
-    for (float x = -3.0f; x <= 3.0f; x += 0.375f)
+    for (const float x : Steps(-3.0f, 3.0f, 0.375f))
     {
         EXPECT_TRUE(SameBits((*read)(x), function(x))) << x;
     }
@@ -48,9 +49,9 @@ void ExpectSame(const IBinaryFunction& function, const IBinaryFunction* read)
 {
     ASSERT_NE(read, nullptr);
     EXPECT_STREQ(read->GetTypeKey(), function.GetTypeKey());
-    for (float x = -3.0f; x <= 3.0f; x += 0.75f)
+    for (const float x : Steps(-3.0f, 3.0f, 0.75f))
     {
-        for (float y = -3.0f; y <= 3.0f; y += 0.75f)
+        for (const float y : Steps(-3.0f, 3.0f, 0.75f))
         {
             EXPECT_TRUE(SameBits((*read)(x, y), function(x, y))) << x << ", " << y;
         }

@@ -2,6 +2,7 @@
 
 #include "Mirel/Math/TDeprecatedCircularLUTFunction.h"
 #include "SavedFunctions.h"
+#include "Steps.h"
 #include "Support/AllocationCounter.h"
 
 #include <gtest/gtest.h>
@@ -90,7 +91,7 @@ TYPED_TEST(TTableTest, ComesBackFromEveryForm)
                                 {
                                     ASSERT_NE(read, nullptr);
                                     EXPECT_STREQ(read->GetTypeKey(), function.GetTypeKey());
-                                    for (float x = -2.5f; x <= 3.5f; x += 0.09f)
+                                    for (const float x : Steps(-2.5f, 3.5f, 0.09f))
                                     {
                                         EXPECT_EQ((*read)(x), function(x)) << x;
                                     }
@@ -136,9 +137,10 @@ TYPED_TEST(TTableTest, EvaluationAllocatesNothing)
 {
     const auto function = MakeFunction<TypeParam>(0.0f, 1.0f, {1.0f, 2.0f, 4.0f});
     const auto ring = MakeRing<TypeParam>();
+    const std::vector<float> steps = Steps(0.0f, 1.0f, 0.01f);
     const Tests::CAllocationCounter counter;
     float sum = 0.0f;
-    for (float x = 0.0f; x < 1.0f; x += 0.01f)
+    for (const float x : steps)
     {
         sum += function(x) + ring(x);
     }
@@ -181,7 +183,7 @@ TEST(TLUTFunction, SplineFormNeverOvershoots)
     {
         const float low = std::min(values[i], values[i + 1]);
         const float high = std::max(values[i], values[i + 1]);
-        for (float t = 0.0f; t < 1.0f; t += 0.0625f)
+        for (const float t : Steps(0.0f, 1.0f, 0.0625f))
         {
             const float y = function(static_cast<float>(i) + t);
             EXPECT_GE(y, low - 1e-5f);
@@ -209,7 +211,7 @@ TEST(TDeprecatedCircularLUTFunction, ComesBackFromEveryForm)
                                 {
                                     ASSERT_NE(read, nullptr);
                                     EXPECT_STREQ(read->GetTypeKey(), ring.GetTypeKey());
-                                    for (float x = 0.0f; x <= 3.0f; x += 0.1f)
+                                    for (const float x : Steps(0.0f, 3.0f, 0.1f))
                                     {
                                         EXPECT_EQ((*read)(x), ring(x)) << x;
                                     }
@@ -226,7 +228,7 @@ TEST(TCircularLUTFunction, ComesBackFromEveryFormWithItsRangeAndWindow)
                                 [&ring](std::unique_ptr<IFunction> read)
                                 {
                                     ASSERT_NE(read, nullptr);
-                                    for (float x = -1.0f; x <= 0.0f; x += 0.03f)
+                                    for (const float x : Steps(-1.0f, 0.0f, 0.03f))
                                     {
                                         EXPECT_EQ((*read)(x), ring(x)) << x;
                                     }

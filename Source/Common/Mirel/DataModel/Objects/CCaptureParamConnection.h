@@ -17,8 +17,8 @@ namespace Mirel::DataModel::Objects
 /// both ways.
 ///
 /// Created disabled and without parameters, neither of which is owned; before one goes away the connection is
-/// disabled, destroyed or given another. May be changed and destroyed by any listener, also one that it has
-/// caused to run. GUI thread only.
+/// disabled, destroyed or given another. May be changed and destroyed by any listener of other objects, also
+/// one that it has caused to run. GUI thread only.
 class CCaptureParamConnection : public virtual Core::IEnable, public virtual Core::IUpdate
 {
 public:

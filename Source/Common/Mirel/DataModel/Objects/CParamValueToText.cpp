@@ -16,6 +16,8 @@ namespace Mirel::DataModel::Objects
 namespace
 {
 
+constexpr std::size_t maxFormatInMessage = 64; ///< Bytes; a hostile one shall not flood the log.
+
 /// The power of a thousand of a value, rounded towards zero, so that from 0.001 up to 999 there is none.
 /// Values without a logarithm give one that has no prefix.
 int ThousandsOf(float value)
@@ -67,6 +69,22 @@ void CParamValueToText::SetPattern(const char* newPattern)
 void CParamValueToText::SetFormat(const char* newFormat)
 {
     SetText(format, newFormat);
+}
+
+std::string CParamValueToText::DescribeFormatFault(const char* format)
+{
+    const char* fault = Core::FindNumberFormatFault(format);
+    if (fault == nullptr)
+    {
+        return {};
+    }
+    std::string shown = format == nullptr ? "" : format;
+    if (shown.size() > maxFormatInMessage)
+    {
+        CutToWholeCharacters(shown, maxFormatInMessage);
+        shown += "...";
+    }
+    return "'" + shown + "' : Invalid value format, " + fault + ". Using default.";
 }
 
 void CParamValueToText::SetMetric(bool newMetric)
