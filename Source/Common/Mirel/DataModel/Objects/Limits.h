@@ -14,4 +14,7 @@ constexpr std::size_t maxExpandedText = 65536;
 /// Names of one enumeration. A name can be set by index, and the index comes from a parameter's range.
 constexpr int maxEnumNames = 4096;
 
+/// Curves of a surface's history, each a whole function: over three minutes at 20 a second.
+constexpr int maxCurvesOverTime = 4096;
+
 } // namespace Mirel::DataModel::Objects
