@@ -45,6 +45,17 @@ TEST(TNearestInterpolator, HalvesGoUp)
     EXPECT_EQ(CInterpolator::Interpolate(values.data(), 2.0f), 30.0f);
 }
 
+TEST(TLinearInterpolator, RunsStraightToTheNextEntryAndIntoTheGuard)
+{
+    const std::vector<float> values{10.0f, 20.0f, -4.0f}; // two positions and their guard
+    using CInterpolator = TLinearInterpolator<float, float>;
+
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.0f), 10.0f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.25f), 12.5f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 1.0f), 20.0f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 1.5f), 8.0f);
+}
+
 TEST(TLookupTable, RangeIsSpreadOverThePositionsAndClamped)
 {
     CNearest table(-1.0f, 1.0f, 151);

@@ -355,7 +355,7 @@ TEST(CSweptValues, OddDensitiesAndTimesStayInsideTheRing)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
-    const CSweptValues whole = MakeHistory(4, {{0.0f, 0.0f}, {1.0f, 10.0f}, {2.0f, 20.0f}});
+    const CSweptValues whole = MakeHistory(4, {{0.0f, 0.0f}, {1.0f, 10.0f}, {2.0f, 20.0f}, {3.0f, 30.0f}});
     for (const float density : {-1e9f, 0.0f, 1e30f, nan, infinity, -infinity})
     {
         CMemDataObject saved;
@@ -363,8 +363,8 @@ TEST(CSweptValues, OddDensitiesAndTimesStayInsideTheRing)
         saved.Write("pointsPerSecond", density);
         CSweptValues read;
         ASSERT_TRUE(read.Deserialize(saved));
-        EXPECT_EQ(read(-0.5f), 15.0f) << density;
-        EXPECT_EQ(read(-1.5f), 5.0f) << density;
+        EXPECT_EQ(read(-0.5f), 25.0f) << density;
+        EXPECT_EQ(read(-2.5f), 5.0f) << density;
     }
     const CSweptValues odd = MakeHistory(4, {{-infinity, 1.0f}, {0.0f, 2.0f}, {infinity, 3.0f}});
     EXPECT_EQ(odd(0.0f), 3.0f);
