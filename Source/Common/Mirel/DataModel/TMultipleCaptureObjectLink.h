@@ -5,6 +5,7 @@
 #include "Mirel/Core/IEnable.h"
 #include "Mirel/Core/IUpdate.h"
 #include "Mirel/Core/TCommand.h"
+#include "Mirel/DataModel/CCascadeShare.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -228,7 +229,7 @@ private:
         }
 
     private:
-        void OnChanged() { link.UpdateFrom(&source); }
+        void OnChanged() { link.RunUpdate(&source); }
 
         TMultipleCaptureObjectLink& link;
         const TConst& source;
@@ -298,7 +299,16 @@ private:
     {
         if (enabled && !onModifyOnly)
         {
-            Update();
+            RunUpdate(nullptr);
+        }
+    }
+
+    void RunUpdate(const TConst* changedSource)
+    {
+        const CCascadeShare::CUpdate update(cascadeShare);
+        if (update.IsAllowed())
+        {
+            UpdateFrom(changedSource);
         }
     }
 
@@ -308,6 +318,7 @@ private:
     bool onModifyOnly = false;
     bool enabled = false;
     Core::CLifeToken life;
+    CCascadeShare cascadeShare;
     mutable Core::CEventProvider changed; ///< Listening to a link changes nothing of it.
     std::vector<std::unique_ptr<CConnection>> connections;
 };

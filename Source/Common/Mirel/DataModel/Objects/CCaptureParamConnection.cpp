@@ -72,7 +72,7 @@ void CCaptureParamConnection::ApplySettings()
     const Core::CLifeToken::CWatch watch(life);
     if (connected)
     {
-        Update();
+        RunUpdate(first, second);
     }
     if (watch.IsAlive())
     {
@@ -105,7 +105,7 @@ void CCaptureParamConnection::Connect()
     }
     if (watch.IsAlive() && connected)
     {
-        Update();
+        RunUpdate(first, second);
     }
 }
 
@@ -132,6 +132,15 @@ void CCaptureParamConnection::CutConnections()
     second.param->GetValueChangedEventProvider().Disconnect(&secondChanged);
     second.param->GetBeginCaptureEventProvider().Disconnect(&secondBegun);
     second.param->GetEndCaptureEventProvider().Disconnect(&secondEnded);
+}
+
+void CCaptureParamConnection::RunUpdate(SSide& from, SSide& to)
+{
+    const CCascadeShare::CUpdate update(cascadeShare);
+    if (update.IsAllowed())
+    {
+        UpdateFrom(from, to);
+    }
 }
 
 void CCaptureParamConnection::UpdateFrom(SSide& from, SSide& to)

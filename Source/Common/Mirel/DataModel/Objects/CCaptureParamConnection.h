@@ -5,6 +5,7 @@
 #include "Mirel/Core/IEnable.h"
 #include "Mirel/Core/IUpdate.h"
 #include "Mirel/Core/TCommand.h"
+#include "Mirel/DataModel/CCascadeShare.h"
 #include "Mirel/DataModel/Objects/CaptureObjects.h"
 #include "Mirel/DataModel/Objects/LinkTransformation.h"
 #include "Mirel/DataModel/Objects/ResponseCurves.h"
@@ -89,8 +90,9 @@ private:
     static void ForwardBegin(SSide& from, const SSide& to);
     static void ForwardEnd(SSide& from, const SSide& to);
 
-    void OnFirstChanged() { UpdateFrom(first, second); }
-    void OnSecondChanged() { UpdateFrom(second, first); }
+    void RunUpdate(SSide& from, SSide& to);
+    void OnFirstChanged() { RunUpdate(first, second); }
+    void OnSecondChanged() { RunUpdate(second, first); }
     void OnFirstBegun() { ForwardBegin(first, second); }
     void OnSecondBegun() { ForwardBegin(second, first); }
     void OnFirstEnded() { ForwardEnd(first, second); }
@@ -109,6 +111,7 @@ private:
     bool connected = false;
     int updating = 0; ///< Updates under way, one inside the other.
     Core::CLifeToken life;
+    CCascadeShare cascadeShare;
     mutable Core::CEventProvider changed; ///< Listening to a connection changes nothing of it.
     Command firstChanged{this, &CCaptureParamConnection::OnFirstChanged};
     Command secondChanged{this, &CCaptureParamConnection::OnSecondChanged};

@@ -19,7 +19,7 @@ inline Mirel::DataModel::Objects::CParamInfo RangeInfo(float min, float max)
 class CRangeParam : public Mirel::DataModel::Objects::CCaptureParam
 {
 public:
-    explicit CRangeParam(float min, float max, float value_ = 0.0f) : CCaptureParam(RangeInfo(min, max))
+    CRangeParam(float min, float max, float value_ = 0.0f) : CCaptureParam(RangeInfo(min, max))
     {
         SetValue(value_);
     }
