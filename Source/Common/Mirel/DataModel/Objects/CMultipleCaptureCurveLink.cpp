@@ -1,9 +1,27 @@
 #include "Mirel/DataModel/Objects/CMultipleCaptureCurveLink.h"
 
+#include "Mirel/DataModel/Objects/Limits.h"
+
 #include <memory>
 
 namespace Mirel::DataModel::Objects
 {
+
+namespace
+{
+
+int CountFunctions(const Math::IFunction& function)
+{
+    const auto* combined = dynamic_cast<const CMultipleCaptureCurveLink::Operation*>(&function);
+    int count = 1;
+    for (int i = 0; combined != nullptr && i < combined->GetCount(); ++i)
+    {
+        count += CountFunctions(*combined->GetFunction(i));
+    }
+    return count;
+}
+
+} // namespace
 
 void CMultipleCaptureCurveLink::SetOperation(Operation* newOperation, bool owned)
 {
@@ -38,6 +56,16 @@ void CMultipleCaptureCurveLink::HandOn(const IConstCaptureCurve& source)
 
 void CMultipleCaptureCurveLink::HandOnCombined(const IConstCaptureCurve* changedSource)
 {
+    int functions = 0;
+    for (const IConstCaptureCurve* source : GetSources())
+    {
+        functions += CountFunctions(source->GetValue());
+        if (functions > maxCombinedFunctions)
+        {
+            return;
+        }
+    }
+    operation->Clear();
     for (const IConstCaptureCurve* source : GetSources())
     {
         operation->Add(&source->GetValue(), false);

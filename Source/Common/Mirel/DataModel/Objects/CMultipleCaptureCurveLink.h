@@ -18,7 +18,8 @@ public:
 
     const Operation* GetOperation() const { return operation.Get(); }
 
-    /// Null for none. The link replaces the operation's list of functions. With owned the operation is
+    /// Null for none. The link replaces the operation's list of functions; curves of more than
+    /// maxCombinedFunctions in all are not combined. With owned the operation is
     /// destroyed with the link or on replacement, otherwise it must outlive the link.
     ///
     /// A target that is a source as well is then not written: its curve would be made of itself and grow with

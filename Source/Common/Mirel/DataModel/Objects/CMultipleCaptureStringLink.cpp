@@ -1,5 +1,10 @@
 #include "Mirel/DataModel/Objects/CMultipleCaptureStringLink.h"
 
+#include "Mirel/DataModel/Objects/Limits.h"
+#include "Mirel/DataModel/Objects/PatternExpansion.h"
+
+#include <utility>
+
 namespace Mirel::DataModel::Objects
 {
 
@@ -43,6 +48,11 @@ void CMultipleCaptureStringLink::HandOnJoined(const IConstCaptureString* changed
     {
         (joined += before) += source->GetValue();
         before = separator->c_str();
+        if (joined.size() > maxJoinedText)
+        {
+            CutToWholeCharacters(joined, maxJoinedText);
+            break;
+        }
     }
     ForEachTarget(changedSource,
                   [this, &joined](ICaptureString& target)

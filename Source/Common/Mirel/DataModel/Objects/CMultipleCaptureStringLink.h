@@ -11,7 +11,8 @@ namespace Mirel::DataModel::Objects
 
 /// A link from many strings to many. Without a separator each target gets the text that has changed, or the
 /// first one if none has in particular; with one, all texts in the order of the sources with the separator
-/// between them. The changed string itself is not written. GUI thread only.
+/// between them, as far as they fit into maxJoinedText. The changed string itself is not written. GUI thread
+/// only.
 class CMultipleCaptureStringLink : public TMultipleCaptureObjectLink<IConstCaptureString, ICaptureString>
 {
 public:

@@ -45,6 +45,7 @@ protected:
 
     float At(float time, float x) const { return surface->GetValue()(time, x); }
 
+    int alive = 0; ///< Outlives the clones that count in it.
     CManualTickSource clock;
     CFakeTimerProvider timer;
     CCaptureCurve curve{Spectrum()};
@@ -120,7 +121,6 @@ TEST_F(CCaptureSurfaceFromCurveOverTimeTest, RunsStraightFromOneCurveToTheNext)
 
 TEST_F(CCaptureSurfaceFromCurveOverTimeTest, EachTickEntersAClone)
 {
-    int alive = 0;
     surface->SetSource(&curve);
     curve.SetValue(CCountedFunction(alive, 1.0F));
     Tick();

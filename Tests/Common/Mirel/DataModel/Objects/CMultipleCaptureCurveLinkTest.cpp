@@ -2,11 +2,13 @@
 
 #include "Common/Mirel/DataModel/Objects/CountedFunction.h"
 #include "Mirel/DataModel/Objects/CCaptureCurve.h"
+#include "Mirel/DataModel/Objects/Limits.h"
 #include "Mirel/Math/TFunction.h"
 #include "Mirel/Math/TFunctionsOperation.h"
 #include "Support/CFunctionCommand.h"
 #include "Support/EventCounter.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -41,6 +43,7 @@ protected:
         link->AddTarget(&two);
     }
 
+    int alive = 0; ///< Outlives the clones that count in it.
     CCaptureCurve first;
     CCaptureCurve second;
     CCaptureCurve one;
@@ -70,7 +73,6 @@ TEST_F(CMultipleCaptureCurveLinkTest, EnablingHandsOnTheFirstCurve)
 
 TEST_F(CMultipleCaptureCurveLinkTest, EachTargetHoldsACloneOfItsOwn)
 {
-    int alive = 0;
     link->Enable(true);
     first.SetValue(CCountedFunction(alive, 3.0F));
     EXPECT_EQ(alive, 3);
@@ -102,7 +104,6 @@ TEST_F(CMultipleCaptureCurveLinkTest, OperationCombinesAllCurvesInTheirOrder)
 
 TEST_F(CMultipleCaptureCurveLinkTest, CombinedCurveStandsOnItsOwn)
 {
-    int alive = 0;
     link->SetOperation(new CSum, true);
     link->Enable(true);
     first.SetValue(CCountedFunction(alive, 3.0F));
@@ -137,6 +138,38 @@ TEST_F(CMultipleCaptureCurveLinkTest, CombinedTargetThatIsASourceAsWellIsNotWrit
     first.SetValue(CConstantFunction(1.0F));
     EXPECT_EQ(At(second, 0.0F), 5.0F);
     EXPECT_EQ(At(one, 0.0F), 6.0F);
+}
+
+TEST_F(CMultipleCaptureCurveLinkTest, CombinedCurvesMayBeCombinedAgain)
+{
+    link->SetOperation(new CSum, true);
+    link->Enable(true);
+    CCaptureCurve result;
+    CMultipleCaptureCurveLink next;
+    next.AddSource(&one);
+    next.AddSource(&first);
+    next.AddTarget(&result);
+    next.SetOperation(new CDifference, true);
+    next.Enable(true);
+    first.SetValue(CConstantFunction(1.0F));
+    EXPECT_EQ(At(result, 0.0F), 5.0F);
+}
+
+TEST_F(CMultipleCaptureCurveLinkTest, CurveThatIsCombinedWithItselfThroughAnotherLinkEndsAtTheLimit)
+{
+    CMultipleCaptureCurveLink back;
+    back.AddSource(&one);
+    back.AddTarget(&second);
+    back.Enable(true);
+    link->SetOperation(new CSum, true);
+    link->AddSource(&second);
+    link->Enable(true);
+    for (int i = 0; i < 100; ++i)
+    {
+        first.SetValue(CCountedFunction(alive, 1.0F));
+        EXPECT_LE(alive, 4 * maxCombinedFunctions);
+    }
+    EXPECT_TRUE(std::isfinite(At(one, 0.0F)));
 }
 
 TEST_F(CMultipleCaptureCurveLinkTest, WithoutSourcesNothingIsWritten)

@@ -1,9 +1,11 @@
 #include "Mirel/DataModel/Objects/CMultipleCaptureStringLink.h"
 
 #include "Mirel/DataModel/Objects/CCaptureString.h"
+#include "Mirel/DataModel/Objects/Limits.h"
 #include "Support/EventCounter.h"
 
 #include <gtest/gtest.h>
+#include <string>
 
 using namespace Mirel::DataModel::Objects;
 using Tests::CEventCounter;
@@ -107,4 +109,23 @@ TEST_F(CMultipleCaptureStringLinkTest, WithoutSourcesNothingIsWritten)
     empty.Enable(true);
     empty.SetSeparator("-");
     EXPECT_STREQ(one.GetValue(), "kept");
+}
+
+TEST_F(CMultipleCaptureStringLinkTest, TextThatIsJoinedToItselfThroughAnotherLinkEndsAtTheLimit)
+{
+    CMultipleCaptureStringLink back;
+    back.AddSource(&one);
+    back.AddTarget(&second);
+    back.Enable(true);
+    link.SetSeparator("\xC2\xB5");
+    link.AddSource(&second);
+    link.Enable(true);
+    for (int i = 0; i < 100; ++i)
+    {
+        first.SetValue(i % 2 == 0 ? "a" : "bb");
+    }
+    const std::string text = one.GetValue();
+    EXPECT_LE(text.size(), maxJoinedText);
+    EXPECT_GE(text.size(), maxJoinedText - 1);
+    EXPECT_NE(text.back(), '\xC2') << "half a character";
 }
