@@ -3,7 +3,6 @@
 #include "Mirel/Core/CCapture.h"
 #include "Mirel/Core/CEnable.h"
 #include "Mirel/Core/IRefreshTime.h"
-#include "Mirel/Core/Numeric.h"
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
 #include "Mirel/DataModel/CRefreshTimer.h"
@@ -77,7 +76,7 @@ public:
     int GetCapacity() const
     {
         const float samples = GetSeconds() * 1000.0f / static_cast<float>(std::max(timer.GetPeriod(), 1));
-        return Core::TruncateToInt32(std::clamp(samples, 0.0f, static_cast<float>(maxCapacity)));
+        return samples < static_cast<float>(maxCapacity) ? static_cast<int>(samples) : maxCapacity;
     }
 
     int GetRefreshTime() const override { return timer.GetPeriod(); }
