@@ -3,10 +3,10 @@
 #include "Mirel/Core/NewText.h"
 #include "Mirel/Core/NumberFormat.h"
 #include "Mirel/Core/Numeric.h"
+#include "Mirel/DataModel/Objects/MetricPrefix.h"
 #include "Mirel/DataModel/Objects/PatternExpansion.h"
 #include "Mirel/DataModel/Objects/SignificantDigits.h"
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -23,16 +23,6 @@ constexpr std::size_t maxFormatInMessage = 64; ///< Bytes; a hostile one shall n
 int ThousandsOf(float value)
 {
     return Core::TruncateToInt32(static_cast<double>(std::log10(value))) / 3;
-}
-
-/// Null for no prefix.
-const char* MetricPrefixOf(int thousands)
-{
-    constexpr int lowest = -3;
-    static constexpr std::array<const char*, 8> prefixes = {"p", "\u00B5", "m", nullptr, "k", "M", "G", "T"};
-    const int highest = lowest + static_cast<int>(prefixes.size()) - 1;
-    return thousands < lowest || thousands > highest ? nullptr
-                                                     : prefixes[static_cast<std::size_t>(thousands - lowest)];
 }
 
 } // namespace
