@@ -24,28 +24,28 @@ thread_local SCascade current;
 
 CCascadeShare::CUpdate::CUpdate(CCascadeShare& share)
 {
-    SCascade& cascade = current;
-    if (cascade.nested == 0)
+    SCascade& running = current;
+    if (running.nested == 0)
     {
-        ++cascade.number;
-        cascade.updates = 0;
+        ++running.number;
+        running.updates = 0;
     }
-    if (share.cascade != cascade.number)
+    if (share.cascade != running.number)
     {
-        share.cascade = cascade.number;
+        share.cascade = running.number;
         share.updates = 0;
     }
-    allowed = cascade.nested < maxNestedUpdates &&
-              (cascade.updates < maxCascadeUpdates || share.updates < maxLateUpdates);
+    allowed = running.nested < maxNestedUpdates &&
+              (running.updates < maxCascadeUpdates || share.updates < maxLateUpdates);
     if (allowed)
     {
-        ++cascade.nested;
-        ++cascade.updates;
+        ++running.nested;
+        ++running.updates;
         ++share.updates;
     }
     else
     {
-        cascade.refused = true;
+        running.refused = true;
     }
 }
 

@@ -86,7 +86,7 @@ public:
             }
         }
         std::erase(connections, nullptr);
-        EndCaptures(std::move(removed));
+        GiveUp(std::move(removed));
     }
 
     void RemoveTarget(T* target)
@@ -161,10 +161,10 @@ protected:
         }
     }
 
-    /// Calls write(T&) for each target that is not the source itself. The walk ends once a listener has
-    /// changed the targets or destroyed the link.
+    /// Calls write(T&) for each target that is not the source itself. The walk ends, and gives false, once a
+    /// listener has rewired, disabled or destroyed the link.
     template <class Write>
-    void ForEachTarget(const TConst* source, const Write& write)
+    bool ForEachTarget(const TConst* source, const Write& write)
     {
         const Core::CLifeToken::CWatch watch(life);
         const int wiringBefore = wiring;
@@ -177,9 +177,10 @@ protected:
             write(*targets[i]);
             if (!watch.IsAlive() || wiring != wiringBefore)
             {
-                return;
+                return false;
             }
         }
+        return true;
     }
 
     bool IsSource(const T& target) const
@@ -217,14 +218,14 @@ private:
         void BeginCapture()
         {
             holding = true;
-            link.ForEachTarget(&source, [](T& target) { target.BeginCapture(); });
+            link.BeginCaptures(this, &source);
         }
 
         void EndCapture()
         {
             if (std::exchange(holding, false))
             {
-                link.ForEachTarget(&source, [](T& target) { target.EndCapture(); });
+                link.EndCaptures(&source);
             }
         }
 
@@ -264,11 +265,12 @@ private:
         }
     }
 
-    void Disconnect() { EndCaptures(std::exchange(connections, {})); }
+    void Disconnect() { GiveUp(std::exchange(connections, {})); }
 
-    /// Of connections that the link has given up; cut first, since a listener may destroy the link.
-    void EndCaptures(std::vector<std::unique_ptr<CConnection>> removed)
+    /// The connections are cut before any capture ends, since a listener may destroy the link.
+    void GiveUp(std::vector<std::unique_ptr<CConnection>> removed)
     {
+        ++wiring;
         for (const auto& connection : removed)
         {
             connection->Cut();
@@ -281,6 +283,37 @@ private:
                 connection->EndCapture();
             }
         }
+    }
+
+    // What a listener has rewired is gone through again: to begin or end a capture twice does nothing.
+
+    void BeginCaptures(const CConnection* connection, const TConst* source)
+    {
+        const Core::CLifeToken::CWatch watch(life);
+        while (watch.IsAlive() && HasConnection(connection) &&
+               !ForEachTarget(source, [](T& target) { target.BeginCapture(); }))
+        {
+        }
+    }
+
+    void EndCaptures(const TConst* source)
+    {
+        const Core::CLifeToken::CWatch watch(life);
+        while (watch.IsAlive() && !ForEachTarget(source, [](T& target) { target.EndCapture(); }))
+        {
+        }
+    }
+
+    bool HasConnection(const CConnection* connection) const
+    {
+        for (const auto& each : connections)
+        {
+            if (each.get() == connection)
+            {
+                return true;
+            }
+        }
+        return false;
     }
 
     bool HoldsTarget(const T& target) const
@@ -314,7 +347,7 @@ private:
 
     std::vector<const TConst*> sources;
     std::vector<T*> targets;
-    int wiring = 0; ///< Counts the changes of the targets.
+    int wiring = 0; ///< Counts the changes that walks over the targets have to heed.
     bool onModifyOnly = false;
     bool enabled = false;
     Core::CLifeToken life;

@@ -33,8 +33,9 @@ void CCaptureParamLink::Update()
     if (target != nullptr && (moved || !IsOnModifyOnly()))
     {
         const SLinkTransformation transformation{GetResponse(), reverse, normalized};
-        const SValueRange sourceRange = GetRange(source->GetInfo());
-        const SValueRange targetRange = GetRange(target->GetInfo());
+        const bool ranged = normalized || reverse;
+        const SValueRange sourceRange = ranged ? GetRange(source->GetInfo()) : SValueRange{};
+        const SValueRange targetRange = ranged ? GetRange(target->GetInfo()) : SValueRange{};
         float result = Transform(value, transformation, sourceRange, targetRange);
         if (diff)
         {

@@ -133,13 +133,13 @@ class CCaptureParamLinkSettings : public testing::TestWithParam<Setting>
 TEST_P(CCaptureParamLinkSettings, WritesWhatTheSettingsSay)
 {
     const auto [normalized, reverse, diff, onModify, response, captured, flatSource, flatTarget] = GetParam();
-    const float sourceMax = flatSource ? 1.0f : 10.0f;
-    const float sourceMin = flatSource ? 1.0f : -2.0f;
-    const float targetMin = 100.0f;
-    const float targetMax = flatTarget ? targetMin : 200.0f;
-    CFreeParam source(sourceMin, sourceMax);
-    CRangeParam target(targetMin, targetMax, 150.0f);
-    CModelLink model(GetParam(), sourceMin, sourceMax, targetMin, targetMax, target.GetValue());
+    const double sourceMax = flatSource ? 1.0 : 10.0;
+    const double sourceMin = flatSource ? 1.0 : -2.0;
+    const double targetMin = 100.0;
+    const double targetMax = flatTarget ? targetMin : 200.0;
+    CFreeParam source(static_cast<float>(sourceMin), static_cast<float>(sourceMax));
+    CRangeParam target(static_cast<float>(targetMin), static_cast<float>(targetMax), 150.0f);
+    CModelLink model(GetParam(), sourceMin, sourceMax, targetMin, targetMax, flatTarget ? targetMin : 150.0);
     CCaptureParamLink link;
     link.SetNormalized(normalized);
     link.SetReverse(reverse);
@@ -165,7 +165,7 @@ TEST_P(CCaptureParamLinkSettings, WritesWhatTheSettingsSay)
     link.Enable(true);
     if (!onModify)
     {
-        model.Change(first);
+        model.Change(double{first});
     }
     EXPECT_EQ(target.IsCaptured(), captured);
     EXPECT_NEAR(target.GetValue(), model.target, 1e-3);
@@ -174,7 +174,7 @@ TEST_P(CCaptureParamLinkSettings, WritesWhatTheSettingsSay)
                               notANumber, 0.0f, 130.0f, 9.0f})
     {
         source.Fire(value);
-        model.Change(value);
+        model.Change(double{value});
         EXPECT_NEAR(target.GetValue(), model.target, 1e-3) << value;
         EXPECT_EQ(writes.Take(), std::exchange(model.writes, 0)) << value;
     }

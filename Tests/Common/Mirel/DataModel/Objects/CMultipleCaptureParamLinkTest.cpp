@@ -259,6 +259,33 @@ TEST_F(CMultipleCaptureParamLinkTest, AListenerOfATargetMayChangeOrDestroyTheLin
     }
 }
 
+TEST_F(CMultipleCaptureParamLinkTest, AListenerThatRewiresTheLinkLeavesNoTargetInTheWrongCapture)
+{
+    link->Enable(true);
+    CFunctionCommand disable([this] { link->Enable(false); });
+    near.GetBeginCaptureEventProvider().Connect(disable);
+    first.BeginCapture();
+    EXPECT_FALSE(near.IsCaptured());
+    EXPECT_FALSE(far.IsCaptured());
+    near.GetBeginCaptureEventProvider().Disconnect(&disable);
+    first.EndCapture();
+    link->Enable(true);
+
+    CRangeParam more(0.0f, 1.0f);
+    CFunctionCommand add([&] { link->AddTarget(&more); });
+    near.GetBeginCaptureEventProvider().Connect(add);
+    first.BeginCapture();
+    EXPECT_TRUE(far.IsCaptured());
+    EXPECT_TRUE(more.IsCaptured());
+    near.GetBeginCaptureEventProvider().Disconnect(&add);
+    near.GetEndCaptureEventProvider().Connect(add);
+    first.EndCapture();
+    EXPECT_FALSE(far.IsCaptured());
+    EXPECT_FALSE(more.IsCaptured());
+    near.GetEndCaptureEventProvider().Disconnect(&add);
+    link.reset();
+}
+
 TEST_F(CMultipleCaptureParamLinkTest, AListenerMayDestroyTheLinkWhileItIsDisabled)
 {
     first.BeginCapture();

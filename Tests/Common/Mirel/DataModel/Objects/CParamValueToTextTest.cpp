@@ -3,11 +3,11 @@
 #include "Common/Mirel/DataModel/Objects/ValueText.h"
 #include "Support/CommaLocale.h"
 #include "Support/EventCounter.h"
-#include "rapidcheck/gtest.h"
 
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
+#include <rapidcheck/gtest.h>
 
 using namespace Mirel::DataModel::Objects;
 using Tests::CEventCounter;

@@ -36,23 +36,23 @@ public:
     class CScope
     {
     public:
-        explicit CScope(CActivity& activity_) : activity(activity_)
+        explicit CScope(CActivity& activity) : active(activity.active)
         {
-            EXPECT_FALSE(std::exchange(activity.active, true));
+            EXPECT_FALSE(std::exchange(*active, true));
             ++total;
         }
         CScope(const CScope&) = delete;
         CScope& operator=(const CScope&) = delete;
-        ~CScope() { activity.active = false; }
+        ~CScope() { *active = false; }
 
     private:
-        CActivity& activity;
+        std::shared_ptr<bool> active; ///< May be all that is left of the link.
     };
 
     static inline int total = 0;
 
 private:
-    bool active = false;
+    std::shared_ptr<bool> active = std::make_shared<bool>(false);
 };
 
 class CProbedLink : public CCaptureParamLink

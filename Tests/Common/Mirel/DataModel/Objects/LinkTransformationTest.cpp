@@ -1,11 +1,11 @@
 #include "Mirel/DataModel/Objects/LinkTransformation.h"
 
 #include "Mirel/DataModel/Objects/ResponseCurves.h"
-#include "rapidcheck/gtest.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <rapidcheck/gtest.h>
 
 using namespace Mirel::DataModel::Objects;
 
