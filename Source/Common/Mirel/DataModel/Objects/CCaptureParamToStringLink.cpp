@@ -1,6 +1,6 @@
 #include "Mirel/DataModel/Objects/CCaptureParamToStringLink.h"
 
-#include <memory>
+#include "Mirel/DataModel/Objects/ValueToString.h"
 
 namespace Mirel::DataModel::Objects
 {
@@ -15,10 +15,7 @@ void CCaptureParamToStringLink::Update()
     {
         TakeSourceInfo();
     }
-    char* text = nullptr;
-    converter.ToText(GetSource()->GetValue(), text);
-    const std::unique_ptr<char[]> owner(text);
-    GetTarget()->SetValue(text);
+    GetTarget()->SetValue(ValueToString(converter, GetSource()->GetValue()).c_str());
 }
 
 void CCaptureParamToStringLink::OnConnected()

@@ -6,10 +6,11 @@
 #include "Support/CManualTickSource.h"
 #include "Support/EventCounter.h"
 
-#include "rapidcheck/gtest.h"
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
 #include <cmath>
 #include <cstdint>
-#include <gtest/gtest.h>
 #include <limits>
 #include <memory>
 #include <type_traits>
