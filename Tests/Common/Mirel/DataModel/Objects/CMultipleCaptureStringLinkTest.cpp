@@ -127,5 +127,19 @@ TEST_F(CMultipleCaptureStringLinkTest, TextThatIsJoinedToItselfThroughAnotherLin
     const std::string text = one.GetValue();
     EXPECT_LE(text.size(), maxJoinedText);
     EXPECT_GE(text.size(), maxJoinedText - 1);
-    EXPECT_NE(text.back(), '\xC2') << "half a character";
+}
+
+TEST_F(CMultipleCaptureStringLinkTest, TextBeyondTheLimitIsCutBetweenCharacters)
+{
+    std::string text = "a";
+    while (text.size() <= maxJoinedText)
+    {
+        text += "\xC2\xB5";
+    }
+    link.SetSeparator("-");
+    link.Enable(true);
+    first.SetValue(text.c_str());
+    // The letter a makes the limit, which is even, fall inside a character of two bytes.
+    EXPECT_EQ(std::string(one.GetValue()), text.substr(0, maxJoinedText - 1));
+    EXPECT_EQ(std::string(two.GetValue()), text.substr(0, maxJoinedText - 1));
 }
