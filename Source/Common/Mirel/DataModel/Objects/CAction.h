@@ -24,8 +24,8 @@ public:
     const CActionInfo& GetInfo() const override { return info; }
     CActionInfo& GetInfo() { return info; }
 
-    /// Runs at once. A command that calls a member function may destroy the action, but what it returns to is
-    /// another matter: what closes the window of a button is better posted (TConstAsyncActionWrapper).
+    /// Runs at once. The command may destroy the action if it needs nothing of itself afterwards, as TCommand
+    /// does not. What closes the window that it is triggered from is posted (TConstAsyncActionWrapper).
     void Execute() const override
     {
         const bool outermost = !running.IsCaptured();
