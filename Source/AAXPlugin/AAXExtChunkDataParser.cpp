@@ -62,7 +62,7 @@ public:
     std::string ReadText()
     {
         const std::size_t most = std::min(LongestText, size - position);
-        const std::string text(data + position, strnlen(data + position, most));
+        std::string text(data + position, strnlen(data + position, most));
         position = Padded(position + text.size() + 1);
         return text;
     }
@@ -157,7 +157,7 @@ void AAXExtChunkDataParser::Write(char* data) const
     {
         at[0] = TagLetters[record.value.index()];
         at[1] = '_';
-        std::memcpy(at + TagSize, record.name.data(), record.name.size());
+        record.name.copy(at + TagSize, record.name.size());
         at += TextSize(record.name);
         std::visit([&](auto number) { WriteReversed(at, number); }, record.value);
         at += SlotSizeOf(record.value);

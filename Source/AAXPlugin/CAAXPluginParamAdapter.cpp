@@ -3,7 +3,6 @@
 namespace MirelExt::AAXPlugin
 {
 
-using Mirel::Core::CCapture;
 using Mirel::Core::IEventProvider;
 using Mirel::DataModel::Objects::IConstParamInfo;
 

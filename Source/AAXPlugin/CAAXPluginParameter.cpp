@@ -37,8 +37,8 @@ int StepCountOf(const IConstParamInfo& info)
     case ValueKindSwitch:
         return 2;
     case ValueKindInteger:
-        return Mirel::Core::TruncateToInt32(std::abs(double{info.GetMax()} - double{info.GetMin()}) + 1.0 +
-                                            0.5);
+        return Mirel::Core::TruncateToInt32(
+            std::abs(static_cast<double>(info.GetMax()) - static_cast<double>(info.GetMin())) + 1.0 + 0.5);
     default:
         return NoSteps;
     }
@@ -53,15 +53,20 @@ CAAXPluginParameter::CAAXPluginParameter(std::string identifier_, const IConstPa
       defaultValue(info.GetDefault()),
       continuous(!IsWholeValueKind(info.GetType())),
       stepCount(StepCountOf(info)),
-      value(value_)
+      value(value_),
+      requested(value_.GetValue())
 {
 }
 
 void CAAXPluginParameter::SetValue(float newValue)
 {
     const float clamped = taper.Clamp(newValue);
-    const float old = value.GetValue();
-    if (!Differ(clamped, old))
+    if (std::isnan(clamped))
+    {
+        return;
+    }
+    requested.store(clamped, std::memory_order_relaxed);
+    if (!Differ(clamped, value.GetValue()))
     {
         return;
     }
@@ -75,7 +80,7 @@ void CAAXPluginParameter::SetValue(float newValue)
 void CAAXPluginParameter::PostValue(float newValue)
 {
     const float clamped = taper.Clamp(newValue);
-    if (!Differ(clamped, GetValue()))
+    if (std::isnan(clamped) || !Differ(clamped, requested.exchange(clamped, std::memory_order_relaxed)))
     {
         return;
     }

@@ -64,6 +64,7 @@ private:
     bool continuous;
     int stepCount;
     Mirel::Core::TIValue<float>& value;
+    std::atomic<float> requested; ///< What the value is or, once the host agrees, will be.
     std::atomic<bool> touched = false;
     AAXExtAutomationDelegate* automation = nullptr;
     std::function<void()> listener;

@@ -4,8 +4,9 @@
 #include "AAXPlugin/ChunkIds.h"
 #include "AAXPlugin/Guarded.h"
 #include "AAXPlugin/ProcessFields.h"
-#include "AAXPlugin/StateText.h"
+#include "AAXPlugin/StateChunk.h"
 #include "Mirel/Audio/DSP/IFilter.h"
+#include "Mirel/Audio/Plugin/PresetFiles.h"
 #include "Plugins/Oscilloscope/CreateTopLevelFilter.h"
 
 #include <algorithm>
@@ -17,6 +18,8 @@ namespace MirelExt::AAXPlugin
 using Mirel::Audio::DSP::IFilter;
 using Mirel::Audio::Plugin::CAudioPluginDefaultSettings;
 using Mirel::Audio::Plugin::CAudioPluginInternalsBase;
+using Mirel::Audio::Plugin::StateFromText;
+using Mirel::Audio::Plugin::StateToText;
 using Mirel::DataModel::Objects::ICurveInfo;
 
 namespace
@@ -113,7 +116,6 @@ std::int32_t CAAXPluginParameters::InitProcessing()
         return AAXResult::Failed;
     }
     const CAAXPluginProcessContext* context = &processContext;
-    static_assert(sizeof(context) == PointerPacketSize);
     return GetController().PostPacket(FieldProcessContext, &context, PointerPacketSize);
 }
 
@@ -152,11 +154,12 @@ std::int32_t CAAXPluginParameters::GetChunkSize(std::uint32_t chunkId, std::uint
     return Guarded(
         [&]
         {
-            if (size == nullptr)
+            std::string text;
+            if (size == nullptr || !StateToText(*internals, text))
             {
                 return AAXResult::Failed;
             }
-            announcedStateSize = StateChunkSize(MakeStateText(*internals));
+            announcedStateSize = StateChunkSize(text);
             *size = static_cast<std::uint32_t>(announcedStateSize);
             return AAXResult::Ok;
         });
@@ -174,7 +177,11 @@ std::int32_t CAAXPluginParameters::GetChunk(std::uint32_t chunkId, SAAXChunk* ch
 std::int32_t CAAXPluginParameters::GetStateChunk(SAAXChunk& chunk)
 {
     // The state may have grown since the host made room for it.
-    const std::string text = MakeStateText(*internals);
+    std::string text;
+    if (!StateToText(*internals, text))
+    {
+        return AAXResult::Failed;
+    }
     if (StateChunkSize(text) > announcedStateSize)
     {
         return AAXResult::WrongChunkSize;
@@ -193,7 +200,7 @@ std::int32_t CAAXPluginParameters::SetChunk(std::uint32_t chunkId, const SAAXChu
                 const std::string_view text = StateTextOf(*chunk);
                 if (!text.empty())
                 {
-                    ReadStateText(text, *internals);
+                    StateFromText(text.data(), text.size(), *internals);
                 }
                 return AAXResult::Ok;
             });
@@ -217,7 +224,8 @@ std::int32_t CAAXPluginParameters::CompareActiveChunk(const SAAXChunk* chunk, st
         {
             *equal = 0;
             const std::string_view text = StateTextOf(*chunk);
-            *equal = !text.empty() && text == MakeStateText(*internals) ? 1 : 0;
+            std::string present;
+            *equal = !text.empty() && StateToText(*internals, present) && text == present ? 1 : 0;
             return AAXResult::Ok;
         });
 }
@@ -230,12 +238,12 @@ std::int32_t CAAXPluginParameters::GetCustomData(std::uint32_t dataId, std::uint
         return AAXExtEffectParameters::GetCustomData(dataId, size, data, written);
     }
     CAudioPluginInternalsBase* pointer = internals.get();
-    if (size != sizeof(pointer) || data == nullptr || written == nullptr)
+    if (size != PointerPacketSize || data == nullptr || written == nullptr)
     {
         return AAXResult::Failed;
     }
-    std::memcpy(data, &pointer, sizeof(pointer));
-    *written = sizeof(pointer);
+    std::memcpy(data, &pointer, PointerPacketSize);
+    *written = PointerPacketSize;
     return AAXResult::Ok;
 }
 

@@ -56,7 +56,6 @@ private:
     void MakeParameters();
     std::int32_t InitProcessing();
     std::int32_t GetStateChunk(SAAXChunk& chunk);
-    bool HasState(const SAAXChunk& chunk) const;
     const Mirel::DataModel::Objects::ICurveInfo* FindCurve(std::int32_t curve) const;
 
     CAudioThreadMark audioThread;

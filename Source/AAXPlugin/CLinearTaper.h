@@ -19,15 +19,18 @@ public:
 
     double ToNormalized(float plain) const
     {
-        const double width = double{max} - double{min};
-        return width < 0.0 || width > 0.0 ? (double{Clamp(plain)} - double{min}) / width : 0.0;
+        const double width = static_cast<double>(max) - static_cast<double>(min);
+        return width < 0.0 || width > 0.0
+                   ? (static_cast<double>(Clamp(plain)) - static_cast<double>(min)) / width
+                   : 0.0;
     }
 
     /// Values outside 0 to 1 give the end of the range; NaN stays NaN.
     float ToPlain(double normalized) const
     {
         const double clamped = std::min(std::max(normalized, 0.0), 1.0);
-        return static_cast<float>(double{min} + clamped * (double{max} - double{min}));
+        return static_cast<float>(static_cast<double>(min) +
+                                  clamped * (static_cast<double>(max) - static_cast<double>(min)));
     }
 
 private:

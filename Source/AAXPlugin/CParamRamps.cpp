@@ -42,7 +42,7 @@ const IConstParamsVariations& CParamRamps::Update(const IConstParamsValues& valu
         {
             continue;
         }
-        const double way = double{value} - double{previous};
+        const double way = static_cast<double>(value) - static_cast<double>(previous);
         variations[Values].SetValue(i, previous);
         variations[Increments].SetValue(i, static_cast<float>(way / sampleCount));
         previousValues.SetValue(i, value);

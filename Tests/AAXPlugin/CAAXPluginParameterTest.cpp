@@ -119,6 +119,26 @@ TEST_F(Parameter, PostsOfAGestureAreBetweenItsTouchAndRelease)
     EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 0.250000", "value P7 1.000000", "release P7"));
 }
 
+TEST_F(Parameter, ValueThatGoesBackBeforeTheHostAnswersIsPostedToo)
+{
+    parameter.SetAutomation(&automation);
+    parameter.Touch();
+    parameter.PostValue(3.0F);
+    parameter.PostValue(1.0F); // what the value still is
+    parameter.PostValue(1.0F);
+    EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 1.000000", "value P7 0.500000"));
+}
+
+TEST_F(Parameter, ValueThatTheHostTookBackIsPostedAgain)
+{
+    parameter.SetAutomation(&automation);
+    parameter.Touch();
+    parameter.PostValue(3.0F);
+    parameter.SetValue(1.0F); // the host's automation holds it
+    parameter.PostValue(3.0F);
+    EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 1.000000", "value P7 1.000000"));
+}
+
 TEST_F(Parameter, UnchangedValueIsNotPosted)
 {
     parameter.SetAutomation(&automation);

@@ -68,7 +68,8 @@ TEST_F(ParamRamps, IncrementIsComputedInDoublePrecision)
 {
     Update(0.1F, 0.0F, 64);
     const IConstParamsVariations& moving = Update(0.7F, 0.0F, 3);
-    EXPECT_EQ(moving[1].GetValue(0), static_cast<float>((double{0.7F} - double{0.1F}) / 3.0));
+    EXPECT_EQ(moving[1].GetValue(0),
+              static_cast<float>((static_cast<double>(0.7F) - static_cast<double>(0.1F)) / 3.0));
 }
 
 TEST_F(ParamRamps, BlockWithoutSamplesMovesNothingAndLeavesTheChangeToTheNext)
@@ -138,8 +139,9 @@ RC_GTEST_PROP(CParamRamps, StepsOfAWholeBlockLeadToTheNewValue, (int first, int 
         RC_ASSERT(moving.GetCount() == 0);
         return;
     }
-    const double end = double{moving[0].GetValue(0)} + samples * double{moving[1].GetValue(0)};
-    RC_ASSERT(std::abs(end - double{value}) < 1e-4);
+    const double end =
+        static_cast<double>(moving[0].GetValue(0)) + samples * static_cast<double>(moving[1].GetValue(0));
+    RC_ASSERT(std::abs(end - static_cast<double>(value)) < 1e-4);
 }
 
 } // namespace

@@ -62,7 +62,7 @@ TEST_F(Module, DeclaresItselfToARealHost)
     EXPECT_EQ(module.shutdown(host.Get()), 0);
 }
 
-TEST_F(Module, OffersStereoAndMonoVariantsThatPassAudio)
+TEST_F(Module, OffersStereoAndMonoVariants)
 {
     ASSERT_EQ(module.registerPlugin(host.Get(), &out), 0);
     const auto definition =
@@ -75,8 +75,7 @@ TEST_F(Module, OffersStereoAndMonoVariantsThatPassAudio)
     {
         std::uint32_t stemFormat;
         std::uint32_t pluginId;
-        std::array<float, 2> output;
-    } variants[] = {{0x00010002, 0, {0.25F, -0.5F}}, {0x00000001, 1, {0.25F, 9.0F}}};
+    } variants[] = {{0x00010002, 0}, {0x00000001, 1}};
     for (std::size_t i = 0; i < 2; ++i)
     {
         const auto processes = RecordsOf<CProcessProcedure>(components[i]->component->GetDeclarations());
@@ -85,17 +84,6 @@ TEST_F(Module, OffersStereoAndMonoVariantsThatPassAudio)
         EXPECT_EQ(processes[0]->properties->Find(52), variants[i].stemFormat);
         EXPECT_EQ(processes[0]->properties->Find(13), variants[i].pluginId);
         EXPECT_EQ(processes[0]->properties->Find(99), std::nullopt);
-
-        const std::array<float, 2> input = {0.25F, -0.5F};
-        std::array<float, 2> output = {9.0F, 9.0F};
-        std::array<const float*, 2> inputs = {&input[0], &input[1]};
-        std::array<float*, 2> outputs = {&output[0], &output[1]};
-        std::int32_t samples = 1;
-        std::array<void*, 7> fields = {nullptr,  nullptr, inputs.data(), outputs.data(),
-                                       &samples, nullptr, nullptr};
-        const AAX_InstanceRecord record = fields.data();
-        processes[0]->procedure(&record, 1);
-        EXPECT_EQ(output, variants[i].output);
     }
 }
 

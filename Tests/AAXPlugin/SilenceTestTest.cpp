@@ -43,6 +43,22 @@ TEST(IsSilent, NotANumberIsNoSilence)
     EXPECT_FALSE(IsSilentSample(std::nanf("")));
 }
 
+TEST(IsSilent, FindsOneSampleAnywhere)
+{
+    for (std::size_t size = 1; size < 100; ++size)
+    {
+        std::vector<float> samples(size, 1e-10F);
+        const int count = static_cast<int>(size);
+        EXPECT_TRUE(IsSilent(CAudioStream(samples.data(), 0, count, 1), count)) << size;
+        for (std::size_t at = 0; at < size; ++at)
+        {
+            samples[at] = std::nextafter(-1e-10F, -1.0F);
+            EXPECT_FALSE(IsSilent(CAudioStream(samples.data(), 0, count, 1), count)) << at << " of " << size;
+            samples[at] = 1e-10F;
+        }
+    }
+}
+
 TEST(IsSilent, LooksAtTheSamplesOfTheBlockOnly)
 {
     std::vector<float> samples = {0.0F, 1.0F};

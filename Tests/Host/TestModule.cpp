@@ -1,6 +1,7 @@
 // A module whose answers are chosen when it is built: each macro is the result of one export. Without
 // REGISTER_RESULT it registers an empty collection.
 #include "AAXPlugin/Interface/AAXResults.h"
+#include "AAXPlugin/Interface/AAX_Properties.h"
 #include "AAXPlugin/Interface/AAX_VCollection.h"
 #include "AAXPlugin/Interface/ACFExports.h"
 #include "AAXPlugin/Interface/IAAXPluginDefinition.h"
@@ -18,6 +19,20 @@
 #define SHUTDOWN_RESULT 0
 #endif
 
+#ifdef WITH_MONO_VARIANT
+/// An effect whose creation procedure makes nothing.
+static void DescribeMonoVariant(AAX_VPlugInDescriptor& effect)
+{
+    AAX_VComponentDescriptor component = effect.NewComponentDescriptor();
+    AAX_VPropertyMap properties = component.NewPropertyMap();
+    properties.SetProperty(AAXProperty::InputStemFormat, 1);
+    properties.SetProperty(AAXProperty::OutputStemFormat, 1);
+    component.AddProcessProcedure([](const AAX_InstanceRecord*, std::int32_t) {}, properties);
+    effect.AddComponent(component);
+    effect.AddCreationProcedure([]() -> IACFUnknown* { return nullptr; }, AAX_ProcedureId::EffectParameters);
+}
+#endif
+
 MODULE_EXPORT std::int32_t ACFStartup(IACFUnknown*)
 {
     return STARTUP_RESULT;
@@ -31,7 +46,11 @@ MODULE_EXPORT std::int32_t ACFRegisterPlugin([[maybe_unused]] IACFUnknown* host,
 #else
     AAX_VCollection collection(host);
 #ifdef WITH_EFFECT
-    collection.AddEffect(AAX_CString("test"), collection.NewDescriptor());
+    AAX_VPlugInDescriptor effect = collection.NewDescriptor();
+#ifdef WITH_MONO_VARIANT
+    DescribeMonoVariant(effect);
+#endif
+    collection.AddEffect(AAX_CString("test"), effect);
 #endif
     return collection.GetUnknown()->QueryInterface(InterfaceIdOf<IAAXPluginDefinition>, definition);
 #endif

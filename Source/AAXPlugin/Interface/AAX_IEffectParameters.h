@@ -42,8 +42,8 @@ public:
     virtual std::int32_t GetParameterValue(const char* id, double* normalized) = 0;
 
     /// The host's word on the value: from its automation, from its own controls, or in answer to
-    /// IAAXAutomationDelegate::PostValue. Also callable on the audio thread between blocks; allocates
-    /// nothing.
+    /// IAAXAutomationDelegate::PostValue. In answer to a value that was posted inside the process procedure
+    /// it neither waits nor allocates; otherwise those who listen to the value run before it returns.
     virtual std::int32_t SetParameterValue(const char* id, double normalized) = 0;
 
     /// Text of any value of the parameter, and back. Failed for a text that is no value.
@@ -61,6 +61,9 @@ public:
     /// Fills the chunk, which has room for as many bytes of data as GetChunkSize last said. WrongChunkSize if
     /// the state has changed meanwhile so that it no longer fits; ask for the size again then.
     virtual std::int32_t GetChunk(std::uint32_t chunkId, SAAXChunk* chunk) = 0;
+
+    /// Takes over what the chunk holds, and leaves the state alone if it cannot be read. A plug-in's own
+    /// chunk, which no host can interpret, is answered with UnknownChunk even if it was taken.
     virtual std::int32_t SetChunk(std::uint32_t chunkId, const SAAXChunk* chunk) = 0;
 
     /// 1 or 0: whether the chunk holds the present state.

@@ -69,11 +69,10 @@ CRing MakeRing(int size)
 
 std::vector<float> ArbitraryBlock(int maxLength)
 {
-    const int length = *rc::gen::inRange(0, maxLength + 1);
-    std::vector<float> block;
-    for (int i = 0; i < length; ++i)
+    std::vector<float> block(static_cast<std::size_t>(*rc::gen::inRange(0, maxLength + 1)));
+    for (float& value : block)
     {
-        block.push_back(static_cast<float>(*rc::gen::inRange(-100, 101)) / 64.0f);
+        value = static_cast<float>(*rc::gen::inRange(-100, 101)) / 64.0f;
     }
     return block;
 }

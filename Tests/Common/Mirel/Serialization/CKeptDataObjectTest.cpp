@@ -61,8 +61,7 @@ TEST(CKeptDataObject, HandsValuesToAReaderThatComesLater)
     EXPECT_EQ(ReadText(content, "text"), "a < b");
     EXPECT_EQ(ReadBytes(content, "data"), (CBytes{false, std::string("\0\1\2", 3)}));
     EXPECT_TRUE(ReadObject(content, "object",
-                           [](const IReadDataStream& nested)
-                           { return ReadAs<int>(nested, "inner") == 7; }));
+                           [](const IReadDataStream& nested) { return ReadAs<int>(nested, "inner") == 7; }));
 }
 
 TEST(CKeptDataObject, GoesThroughMemoryWithoutALoss)

@@ -11,6 +11,7 @@ using Core::CAutoLock;
 void CAttachedState::Attach(Serialization::ISerializable& object_)
 {
     const CAutoLock guard(lock);
+    Detach();
     object = &object_;
     object->Deserialize(kept.GetContent());
     kept.Clear();

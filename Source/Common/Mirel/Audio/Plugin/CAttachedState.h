@@ -18,8 +18,8 @@ public:
     CAttachedState(const CAttachedState&) = delete;
     CAttachedState& operator=(const CAttachedState&) = delete;
 
-    /// Hands what was kept to the object, which answers for the state from then on. It is not owned and must
-    /// be detached before it dies.
+    /// Hands what was kept, or the state of the object attached before, to the object, which answers for the
+    /// state from then on. It is not owned and must be detached before it dies.
     void Attach(Serialization::ISerializable& object_);
 
     /// Keeps the state of the object and lets go of it.

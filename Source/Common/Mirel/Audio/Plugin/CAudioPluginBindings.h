@@ -24,6 +24,7 @@ struct CAudioPluginBindings
     CMIDICCSettings* outputMIDISettings = nullptr;
     CAutomationSettings* outputAutomationSettings = nullptr;
     const CMIDICCMessage* lastMIDIMessage = nullptr;
+    const COutputCaptures* outputCaptures = nullptr;
     IPresets* presets = nullptr;
     CAudioPluginDefaultSettings* defaultSettings = nullptr;
     const DSP::IFilter* filter = nullptr; ///< For its product and its channels.

@@ -109,6 +109,7 @@ void CAudioPluginInternalsBase::Init(IInputParams& inputs_, IOutputParams& outpu
     bindings.outputMIDISettings = &outputMIDISettings;
     bindings.outputAutomationSettings = &outputAutomationSettings;
     bindings.lastMIDIMessage = &lastMIDIMessage;
+    bindings.outputCaptures = &captures;
     bindings.presets = presets.get();
     bindings.defaultSettings = defaultSettings.get();
     bindings.filter = filter.get();

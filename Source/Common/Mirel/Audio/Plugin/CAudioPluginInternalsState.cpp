@@ -12,9 +12,7 @@ namespace Mirel::Audio::Plugin
 namespace
 {
 
-using Serialization::IDeSerialize;
 using Serialization::IReadDataStream;
-using Serialization::ISerialize;
 using Serialization::IWriteDataStream;
 
 constexpr int StateVersion = 2;
@@ -59,8 +57,8 @@ bool CAudioPluginInternalsBase::Serialize(IWriteDataStream& stream) const
     written = WriteBinding(stream, "MIDIOutputDefault", useDefaultOutputMIDI, "MIDIOutputSettings",
                            outputMIDISettings) &&
               written;
-    written = stream.Write("GUI", static_cast<const ISerialize&>(editorState)) && written;
-    written = stream.Write("model", static_cast<const ISerialize&>(model)) && written;
+    written = stream.Write("GUI", static_cast<const Serialization::ISerialize&>(editorState)) && written;
+    written = stream.Write("model", static_cast<const Serialization::ISerialize&>(model)) && written;
     written = WriteBinding(stream, "AutomationOutputDefault", useDefaultOutputAutomation,
                            "AutomationOutputSettings", outputAutomationSettings) &&
               written;
@@ -77,7 +75,7 @@ bool CAudioPluginInternalsBase::SerializeInputs(IWriteDataStream& stream) const
     }
     const bool written = stream.Write("bypass", (*inputs)[0].GetValue());
     const CInputParamsSerializer params(inputParams, *inputs);
-    return stream.Write("inputParams", static_cast<const ISerialize&>(params)) && written;
+    return stream.Write("inputParams", static_cast<const Serialization::ISerialize&>(params)) && written;
 }
 
 bool CAudioPluginInternalsBase::Deserialize(const IReadDataStream& stream)

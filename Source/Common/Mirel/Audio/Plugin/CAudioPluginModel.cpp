@@ -92,7 +92,6 @@ void CAudioPluginModel::LoadNow(const std::string& path, const CAudioPluginBindi
     if (isLoaded)
     {
         const CAutoLock guard(lock);
-        state.Detach();
         state.Attach(*newModel);
         skinModel = std::move(newModel);
         loadedPath = path;

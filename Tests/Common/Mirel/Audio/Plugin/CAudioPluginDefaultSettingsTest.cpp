@@ -52,8 +52,8 @@ TEST_F(CDefaultSettingsTest, AMissingFileLeavesTheFactoryValues)
 
 TEST_F(CDefaultSettingsTest, ADamagedFileLeavesTheFactoryValues)
 {
-    for (const char* content : {"", "text", "<GlobalSettings>", "<GlobalSettings><outputRefreshRate>20",
-                                "<a/><b", "\xFF\xFE"})
+    for (const char* content :
+         {"", "text", "<GlobalSettings>", "<GlobalSettings><outputRefreshRate>20", "<a/><b", "\xFF\xFE"})
     {
         places.WriteSettings(content);
         ExpectFactoryValues(*Make(), places);
@@ -101,10 +101,12 @@ TEST_F(CDefaultSettingsTest, AnAutomationSettingHasItsVersionAndSwitch)
 
 TEST_F(CDefaultSettingsTest, LoadsWhateverTheRootIsCalled)
 {
-    for (const std::string root : {"GlobalSettings", "Root", "Anything"})
+    for (const char* file : {"<GlobalSettings><outputRefreshRate>25</outputRefreshRate></GlobalSettings>",
+                             "<Root><outputRefreshRate>25</outputRefreshRate></Root>",
+                             "<Anything><outputRefreshRate>25</outputRefreshRate></Anything>"})
     {
-        places.WriteSettings("<" + root + "><outputRefreshRate>25</outputRefreshRate></" + root + ">");
-        EXPECT_EQ(Make()->GetOutputRefreshRate(), 25.0) << root;
+        places.WriteSettings(file);
+        EXPECT_EQ(Make()->GetOutputRefreshRate(), 25.0) << file;
     }
 }
 
@@ -174,8 +176,7 @@ TEST_F(CDefaultSettingsTest, ASkinIsWrittenRelativeToTheDefaultSkinsFolder)
         const auto settings = Make();
         settings->SetSkinFile(each.skin);
         settings->Save();
-        EXPECT_NE(places.ReadSettings().find("<skinFile>" + each.written + "</skinFile>"),
-                  std::string::npos)
+        EXPECT_NE(places.ReadSettings().find("<skinFile>" + each.written + "</skinFile>"), std::string::npos)
             << places.ReadSettings();
         EXPECT_EQ(Make()->GetSkinFile(), each.skin);
     }

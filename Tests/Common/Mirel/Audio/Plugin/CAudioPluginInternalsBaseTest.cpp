@@ -14,7 +14,6 @@
 using namespace Mirel::Audio::Plugin;
 using Tests::Bind;
 using Tests::Controller;
-using Tests::CTestFilter;
 using Tests::CTestInstance;
 using Tests::CTestPlaces;
 

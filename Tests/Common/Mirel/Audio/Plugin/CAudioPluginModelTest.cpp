@@ -323,6 +323,22 @@ TEST(CAttachedState, AnEditorTakesTheStateAndLeavesItBehind)
     state.Detach();
 }
 
+TEST(CAttachedState, ASecondObjectTakesOverFromTheFirst)
+{
+    CAttachedState state;
+    CSmallModel first;
+    CSmallModel second;
+    state.Attach(first);
+    first.number = 6;
+    state.Attach(second);
+    EXPECT_EQ(second.number, 6);
+    first.number = 7;
+    CMemDataObject saved;
+    state.Serialize(saved);
+    EXPECT_EQ(ReadAs<int>(saved, "number"), 6);
+    state.Detach();
+}
+
 TEST(CAttachedState, WithNothingKeptAnObjectStartsReset)
 {
     CAttachedState state;

@@ -1,19 +1,16 @@
-// The state of an instance: what is written, in which order, and what a state does to the instance that loads it.
+// The state of an instance: what is written, in which order, and what a state does to the instance that loads
+// it.
 
 #include "CTestInstance.h"
-#include "MIDIMappingRig.h"
 #include "Common/Mirel/Serialization/Values.h"
+#include "MIDIMappingRig.h"
 #include "Mirel/Serialization/CMemDataObject.h"
-#include "Mirel/Serialization/CXmlDataObject.h"
-#include "Plugins/Oscilloscope/CreateTopLevelFilter.h"
 #include "Support/EventCounter.h"
 
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
-#include <rapidcheck/gtest.h>
 #include <string>
-#include <utility>
 
 using namespace Mirel::Audio::Plugin;
 using namespace Mirel::Serialization;
@@ -33,14 +30,15 @@ TEST(State, WritesItsKeysInOrder)
     CTestInstance instance(places);
     instance.SetInput(0, 1.0f);
     instance.SetInput(1, -0.25f);
-    EXPECT_EQ(instance.SaveText(), std::string(declaration) +
-                                       "<Preset><version>2</version><progName>User</progName><bypass>1</bypass>"
-                                       "<inputParams><paramCount>3</paramCount><param0>-0.25</param0>"
-                                       "<param1>0.5</param1><param2>0.5</param2></inputParams>"
-                                       "<MIDIInputDefault>1</MIDIInputDefault>"
-                                       "<MIDIOutputDefault>1</MIDIOutputDefault>"
-                                       "<GUI /><model />"
-                                       "<AutomationOutputDefault>1</AutomationOutputDefault></Preset>");
+    EXPECT_EQ(instance.SaveText(),
+              std::string(declaration) +
+                  "<Preset><version>2</version><progName>User</progName><bypass>1</bypass>"
+                  "<inputParams><paramCount>3</paramCount><param0>-0.25</param0>"
+                  "<param1>0.5</param1><param2>0.5</param2></inputParams>"
+                  "<MIDIInputDefault>1</MIDIInputDefault>"
+                  "<MIDIOutputDefault>1</MIDIOutputDefault>"
+                  "<GUI /><model />"
+                  "<AutomationOutputDefault>1</AutomationOutputDefault></Preset>");
 }
 
 TEST(State, WritesThePresetsOwnSettingsWhereTheyApply)
@@ -52,22 +50,23 @@ TEST(State, WritesThePresetsOwnSettingsWhereTheyApply)
     internals.GetUseDefaultOutputMIDI().SetValue(false);
     internals.GetUseDefaultOutputAutomation().SetValue(false);
     internals.GetOutputAutomationSettings()[0].SetEnabled(true);
-    EXPECT_EQ(instance.SaveText(),
-              std::string(declaration) +
-                  "<Preset><version>2</version><progName>User</progName>"
-                  "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>1</settingCount>"
-                  "<setting0><channel>0</channel><version>1</version><number>65</number>"
-                  "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
-                  "</MIDIInputSettings>"
-                  "<MIDIOutputDefault>0</MIDIOutputDefault><MIDIOutputSettings>"
-                  "<settingCount>1</settingCount>"
-                  "<setting0><channel>1</channel><version>1</version><number>65</number>"
-                  "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
-                  "</MIDIOutputSettings>"
-                  "<GUI /><model />"
-                  "<AutomationOutputDefault>0</AutomationOutputDefault><AutomationOutputSettings>"
-                  "<settingCount>1</settingCount><setting0><version>1</version><enabled>1</enabled></setting0>"
-                  "</AutomationOutputSettings></Preset>");
+    EXPECT_EQ(
+        instance.SaveText(),
+        std::string(declaration) +
+            "<Preset><version>2</version><progName>User</progName>"
+            "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>1</settingCount>"
+            "<setting0><channel>0</channel><version>1</version><number>65</number>"
+            "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
+            "</MIDIInputSettings>"
+            "<MIDIOutputDefault>0</MIDIOutputDefault><MIDIOutputSettings>"
+            "<settingCount>1</settingCount>"
+            "<setting0><channel>1</channel><version>1</version><number>65</number>"
+            "<enabled>0</enabled><curve>Linear</curve><min>0</min><max>1</max></setting0>"
+            "</MIDIOutputSettings>"
+            "<GUI /><model />"
+            "<AutomationOutputDefault>0</AutomationOutputDefault><AutomationOutputSettings>"
+            "<settingCount>1</settingCount><setting0><version>1</version><enabled>1</enabled></setting0>"
+            "</AutomationOutputSettings></Preset>");
 }
 
 TEST(State, AFilterWithoutParametersHasNoInputsInItsState)
@@ -166,8 +165,9 @@ TEST(State, WithTheGlobalSettingsLeavesThePresetsListsAlone)
     auto& internals = instance.internals;
     Bind(internals.GetInputMIDISettings()[1], 3, 4);
     internals.GetOutputAutomationSettings()[0].SetEnabled(true);
-    instance.LoadKeys("<MIDIInputDefault>1</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
-                      "<setting1><number>9</number></setting1></MIDIInputSettings>");
+    instance.LoadKeys(
+        "<MIDIInputDefault>1</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
+        "<setting1><number>9</number></setting1></MIDIInputSettings>");
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetNumber(), 4);
     EXPECT_TRUE(internals.GetInputMIDISettings()[1].IsEnabled());
     EXPECT_TRUE(internals.GetOutputAutomationSettings()[0].IsEnabled());
@@ -204,8 +204,9 @@ TEST(State, APartialListLeavesTheGlobalSettingsInTheRest)
     internals.GetDefaultSettings().GetInputMIDISettings()[1].SetMax(0.25f);
     internals.GetDefaultSettings().GetInputMIDISettings()[2].SetNumber(30);
     internals.GetInputMIDISettings()[2].SetNumber(99);
-    instance.LoadKeys("<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
-                      "<setting1><number>9</number></setting1></MIDIInputSettings>");
+    instance.LoadKeys(
+        "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>2</settingCount>"
+        "<setting1><number>9</number></setting1></MIDIInputSettings>");
     EXPECT_FALSE(internals.GetUseDefaultInputMIDI().GetValue());
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetNumber(), 9);
     EXPECT_EQ(internals.GetInputMIDISettings()[1].GetMax(), 0.25f);
@@ -250,11 +251,12 @@ TEST(State, APartThatCouldNotBeWrittenAgainIsNotKept)
 {
     const CTestPlaces places;
     CTestInstance instance(places);
-    // Eight million apostrophes take six bytes each once they are escaped.
-    const std::string much(std::size_t{8} << 20U, '\'');
+    // Three million apostrophes take six bytes each once they are escaped.
+    const std::string much(std::size_t{3} << 20U, '\'');
     EXPECT_TRUE(instance.LoadKeys("<progName>A</progName><model><b>" + much + "</b></model>"));
-    EXPECT_NE(instance.SaveText().find("<progName>A</progName>"), std::string::npos);
-    EXPECT_NE(instance.SaveText().find("<model />"), std::string::npos);
+    const std::string saved = instance.SaveText();
+    EXPECT_NE(saved.find("<progName>A</progName>"), std::string::npos);
+    EXPECT_NE(saved.find("<model />"), std::string::npos);
 }
 
 TEST(State, UnparsableTextLeavesTheInstance)
@@ -268,147 +270,6 @@ TEST(State, UnparsableTextLeavesTheInstance)
         EXPECT_FALSE(instance.LoadText(text)) << text;
         EXPECT_EQ(instance.SaveText(), before);
     }
-}
-
-/// Any settings that a user could make.
-void Shuffle(CMIDICCSetting& setting)
-{
-    setting.SetChannel(*rc::gen::inRange(0, 17));
-    setting.SetNumber(*rc::gen::inRange(0, 128));
-    setting.SetEnabled(*rc::gen::arbitrary<bool>());
-    setting.SetCurve(*rc::gen::inRange(0, 13));
-    setting.SetMin(*rc::gen::arbitrary<float>());
-    setting.SetMax(*rc::gen::arbitrary<float>());
-}
-
-void Shuffle(CAudioPluginInternalsBase& internals)
-{
-    const auto& infos = internals.GetInputParamsInfo();
-    for (int i = 0; i < infos.GetCount(); ++i)
-    {
-        const float part = static_cast<float>(*rc::gen::inRange(0, 1000001)) * 1e-6f;
-        internals.SetInputValue(i, infos[i].GetMin() + (infos[i].GetMax() - infos[i].GetMin()) * part);
-    }
-    for (auto& each : internals.GetInputMIDISettings())
-    {
-        Shuffle(each);
-    }
-    for (auto& each : internals.GetOutputMIDISettings())
-    {
-        Shuffle(each);
-    }
-    for (auto& each : internals.GetOutputAutomationSettings())
-    {
-        each.SetEnabled(*rc::gen::arbitrary<bool>());
-    }
-    internals.GetUseDefaultInputMIDI().SetValue(*rc::gen::arbitrary<bool>());
-    internals.GetUseDefaultOutputMIDI().SetValue(*rc::gen::arbitrary<bool>());
-    internals.GetUseDefaultOutputAutomation().SetValue(*rc::gen::arbitrary<bool>());
-    internals.SetCurrentPresetName(
-        *rc::gen::element<std::string>("", "Plain", "a & b <c>", "  blanks  ", "\xC3\xA9t\xC3\xA9", "&#x41;"));
-}
-
-bool Same(float a, float b)
-{
-    return !(a < b || a > b);
-}
-
-void AssertSame(const CMIDICCSetting& a, const CMIDICCSetting& b)
-{
-    RC_ASSERT(a.GetChannel() == b.GetChannel());
-    RC_ASSERT(a.GetNumber() == b.GetNumber());
-    RC_ASSERT(a.IsEnabled() == b.IsEnabled());
-    RC_ASSERT(a.GetCurve() == b.GetCurve());
-    RC_ASSERT(Same(a.GetMin(), b.GetMin()));
-    RC_ASSERT(Same(a.GetMax(), b.GetMax()));
-}
-
-template <class List>
-void AssertSameMIDI(const List& a, const List& b)
-{
-    RC_ASSERT(a.GetCount() == b.GetCount());
-    for (int i = 0; i < a.GetCount(); ++i)
-    {
-        AssertSame(a[i], b[i]);
-    }
-}
-
-/// All that a state carries; the preset's lists only where they apply.
-void AssertSame(CAudioPluginInternalsBase& a, CAudioPluginInternalsBase& b)
-{
-    RC_ASSERT(a.GetCurrentPresetName() == b.GetCurrentPresetName());
-    for (int i = 0; i < a.GetInputParamsInfo().GetCount(); ++i)
-    {
-        RC_ASSERT(Same(a.GetInputValues()[i].GetValue(), b.GetInputValues()[i].GetValue()));
-    }
-    RC_ASSERT(a.GetUseDefaultInputMIDI().GetValue() == b.GetUseDefaultInputMIDI().GetValue());
-    RC_ASSERT(a.GetUseDefaultOutputMIDI().GetValue() == b.GetUseDefaultOutputMIDI().GetValue());
-    RC_ASSERT(a.GetUseDefaultOutputAutomation().GetValue() == b.GetUseDefaultOutputAutomation().GetValue());
-    AssertSameMIDI(a.GetActiveInputMIDISettings(), b.GetActiveInputMIDISettings());
-    AssertSameMIDI(a.GetActiveOutputMIDISettings(), b.GetActiveOutputMIDISettings());
-    for (int i = 0; i < a.GetActiveOutputAutomationSettings().GetCount(); ++i)
-    {
-        RC_ASSERT(a.GetActiveOutputAutomationSettings()[i].IsEnabled() ==
-                  b.GetActiveOutputAutomationSettings()[i].IsEnabled());
-    }
-}
-
-RC_GTEST_PROP(State, MakesAnotherInstanceEqualInEveryValue, ())
-{
-    static const CTestPlaces places; // one folder for all cases: they write nothing to it
-    CTestInstance first(places);
-    CTestInstance second(places);
-    Shuffle(first.internals);
-    Shuffle(second.internals);
-    const std::string saved = first.SaveText();
-    RC_ASSERT(second.LoadText(saved));
-    AssertSame(first.internals, second.internals);
-    RC_ASSERT(second.SaveText() == saved);
-}
-
-RC_GTEST_PROP(State, SavedLoadedAndSavedAgainHasTheSameBytes, ())
-{
-    static const CTestPlaces places; // one folder for all cases: they write nothing to it
-    CTestInstance instance(places);
-    Shuffle(instance.internals);
-    const std::string saved = instance.SaveText();
-    RC_ASSERT(instance.LoadText(saved));
-    RC_ASSERT(instance.SaveText() == saved);
-}
-
-RC_GTEST_PROP(State, GoesThroughMemoryAsWell, ())
-{
-    static const CTestPlaces places; // one folder for all cases: they write nothing to it
-    CTestInstance first(places);
-    CTestInstance second(places);
-    Shuffle(first.internals);
-    Shuffle(second.internals);
-    CMemDataObject memory;
-    RC_ASSERT(first.internals.Serialize(memory));
-    RC_ASSERT(second.internals.Deserialize(memory));
-    AssertSame(first.internals, second.internals);
-}
-
-RC_GTEST_PROP(State, OfTheOscilloscopeComesBack, ())
-{
-    static const CTestPlaces places; // one folder for all cases: they write nothing to it
-    const auto make = []
-    {
-        auto filter = PluginsFilters::CreateTopLevelFilter();
-        auto settings = Tests::MakeSettings(places, *filter);
-        return std::make_unique<CAudioPluginInternalsBase>(std::move(filter), std::move(settings), 0);
-    };
-    const auto first = make();
-    const auto second = make();
-    Shuffle(*first);
-    Shuffle(*second);
-    std::string saved;
-    RC_ASSERT(StateToText(*first, saved));
-    RC_ASSERT(StateFromText(saved.data(), saved.size(), *second));
-    AssertSame(*first, *second);
-    std::string again;
-    RC_ASSERT(StateToText(*second, again));
-    RC_ASSERT(again == saved);
 }
 
 } // namespace

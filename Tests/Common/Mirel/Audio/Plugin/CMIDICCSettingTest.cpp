@@ -20,8 +20,8 @@ namespace
 constexpr float infinity = std::numeric_limits<float>::infinity();
 constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 
-constexpr const char* curveNames[] = {"Log3", "Log2", "Log1", "Log0", "Square Root", "Log", "Linear",
-                                      "Exp",  "Square", "Exp0", "Exp1", "Exp2", "Exp3"};
+constexpr const char* curveNames[] = {"Log3", "Log2",   "Log1", "Log0", "Square Root", "Log", "Linear",
+                                      "Exp",  "Square", "Exp0", "Exp1", "Exp2",        "Exp3"};
 
 std::string SavedText(const CMIDICCSetting& setting)
 {

@@ -96,7 +96,7 @@ TEST(CMIDIOutputMapping, ARangeOfNothingTakesTheDistanceFromIt)
 TEST(CMIDIOutputMapping, BendsByTheCurve)
 {
     CMIDICCSetting setting = Between(0.0f, 1.0f);
-    setting.SetCurve(8); // Square
+    setting.SetCurve(8);                                               // Square
     EXPECT_EQ(CMIDIOutputMapping::ControllerValue(0.5f, setting), 32); // 31.75 + 0.5
 }
 
@@ -126,8 +126,7 @@ RC_GTEST_PROP(CMIDIOutputMapping, IsTheNearestStepInDoublePrecision, ())
     RC_PRE(min < max || min > max);
     const auto v = static_cast<float>(*rc::gen::inRange(-1000, 1000)) * 0.25f;
     const double low = static_cast<double>(min);
-    const double x =
-        std::clamp((static_cast<double>(v) - low) / (static_cast<double>(max) - low), 0.0, 1.0);
+    const double x = std::clamp((static_cast<double>(v) - low) / (static_cast<double>(max) - low), 0.0, 1.0);
     const double steps = x * 127.0;
     RC_ASSERT(std::abs(CMIDIOutputMapping::ControllerValue(v, Between(min, max)) - steps) <= 0.501);
 }

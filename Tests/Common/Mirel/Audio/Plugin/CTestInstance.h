@@ -22,7 +22,10 @@ public:
 
     std::string ModulePath() const { return folder.GetPath("plugins/Scope.module"); }
     std::string PreferencesFolder() const { return folder.GetPath("config"); }
-    std::string DataPath(const std::string& name) const { return folder.GetPath("plugins/Scope data/" + name); }
+    std::string DataPath(const std::string& name) const
+    {
+        return folder.GetPath("plugins/Scope data/" + name);
+    }
     std::string SettingsPath() const { return folder.GetPath("config/Tarnwell/Scope.module/global.pref"); }
 
     void WriteData(const std::string& name, const std::string& content) const

@@ -158,7 +158,7 @@ RC_GTEST_PROP(OscilloscopeHandover, ReadersSeeADeepCopyToTheBitWhateverHappens, 
     const int firstRate = *rc::gen::inRange(1, 60);
     CTwin twin(firstRate);
     CHandoverRig& rig = twin.rig;
-    const int steps = *rc::gen::inRange(1, 40);
+    const int steps = *rc::gen::inRange(1, 25);
     for (int step = 0; step < steps; ++step)
     {
         switch (*rc::gen::weightedElement<int>({{8, 0}, {3, 1}, {4, 2}, {1, 3}, {1, 4}, {2, 5}, {4, 6}}))

@@ -23,7 +23,8 @@ constexpr float secondValues[] = {0.75f};
 std::unique_ptr<CTestFilter> FilterWithPresets()
 {
     auto filter = std::make_unique<CTestFilter>(3, 0);
-    const CLegacyPresetRecord records[] = {{"First", "", firstValues, 3}, {"Second", nullptr, secondValues, 1}};
+    const CLegacyPresetRecord records[] = {{"First", "", firstValues, 3},
+                                           {"Second", nullptr, secondValues, 1}};
     filter->presets = std::make_unique<CLegacyPresets>(2, records);
     return filter;
 }
@@ -138,7 +139,8 @@ TEST(CAudioPluginXMLPresets, ACountAboveTheObjectsGivesNamelessPresetsThatDoNoth
 TEST(CAudioPluginXMLPresets, AMissingCountIsNone)
 {
     const CTestPlaces places;
-    places.WriteData("Presets/factory.presets", "<Presets><Preset0><progName>A</progName></Preset0></Presets>");
+    places.WriteData("Presets/factory.presets",
+                     "<Presets><Preset0><progName>A</progName></Preset0></Presets>");
     CTestInstance instance(places, FilterWithPresets());
     EXPECT_EQ(instance.internals.GetPresets().GetCount(), 0);
 }

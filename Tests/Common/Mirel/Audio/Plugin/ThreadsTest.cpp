@@ -1,5 +1,5 @@
-// One instance under all its threads at once: the audio thread, an editor, the host's threads and the loop. What
-// fails here fails in the thread sanitizer.
+// One instance under all its threads at once: the audio thread, an editor, the host's threads and the loop.
+// What fails here fails in the thread sanitizer.
 
 #include "CTestInstance.h"
 #include "MIDIMappingRig.h"
