@@ -1,6 +1,6 @@
 #include "Mirel/Audio/Plugin/CPluginPaths.h"
-#include "Common/Mirel/Serialization/TemporaryFolder.h"
 #include "Mirel/Audio/Plugin/PreferencesFolder.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
