@@ -32,24 +32,6 @@ COscilloscope::EViewMode ViewModeOf(float value)
     return value <= 1.5f ? COscilloscope::EViewMode::Loop : COscilloscope::EViewMode::Trigger;
 }
 
-/// The samples from index `first` on of a stream as a contiguous block: the stream's own memory where it is
-/// one, otherwise a copy of as many as the buffer holds. A stream without data reads as zeros.
-std::span<const float> GetBlock(const IAudioStream& stream, int first, int count, std::span<float> buffer)
-{
-    const float* data = stream.GetData();
-    const std::ptrdiff_t stride = stream.GetStride();
-    if (data != nullptr && stride == 1)
-    {
-        return {data + first, static_cast<std::size_t>(count)};
-    }
-    const auto gathered = buffer.first(std::min(buffer.size(), static_cast<std::size_t>(count)));
-    for (std::size_t i = 0; i < gathered.size(); ++i)
-    {
-        gathered[i] = data == nullptr ? 0.0f : data[(first + static_cast<std::ptrdiff_t>(i)) * stride];
-    }
-    return gathered;
-}
-
 } // namespace
 
 COscilloscope::COscilloscope() : waveform(-secondsShown, 0.0f), histogram(histogramBins, -1.0f, 1.0f)
@@ -151,38 +133,63 @@ void COscilloscope::ProcessSamples(const IAudioStreams* inputs, IAudioStreams*, 
     {
         SetParams((*variations)[0]);
     }
-    const IAudioStream& input = (*inputs)[0];
-    std::array<float, gatherSize> buffer;
-    for (int done = 0; done < sampleCount;)
+    if (sampleCount > 0)
     {
-        const auto block = GetBlock(input, done, sampleCount - done, buffer);
-        Analyse(block);
-        done += static_cast<int>(block.size());
+        AnalyseStream((*inputs)[0], static_cast<std::size_t>(sampleCount));
     }
     outputSync.AddSamples(sampleCount);
     newDataPending = sampleCount != 0;
+}
+
+void COscilloscope::AnalyseStream(const IAudioStream& stream, std::size_t sampleCount)
+{
+    const float* data = stream.GetData();
+    const std::ptrdiff_t stride = stream.GetStride();
+    if (data != nullptr && stride == 1)
+    {
+        Analyse({data, sampleCount});
+    }
+    else
+    {
+        AnalyseGathered(data, stride, sampleCount);
+    }
+}
+
+void COscilloscope::AnalyseGathered(const float* data, std::ptrdiff_t stride, std::size_t sampleCount)
+{
+    std::array<float, gatherSize> gathered{};
+    for (std::size_t done = 0; done < sampleCount;)
+    {
+        const std::size_t count = std::min(gatherSize, sampleCount - done);
+        for (std::size_t i = 0; i < count && data != nullptr; ++i)
+        {
+            gathered[i] = data[static_cast<std::ptrdiff_t>(done + i) * stride];
+        }
+        Analyse({gathered.data(), count});
+        done += count;
+    }
 }
 
 void COscilloscope::Analyse(std::span<const float> block)
 {
     // Any delay, negative ones included, wraps into the line like the ring that it is.
     const auto delay = static_cast<std::size_t>(delaySamples) & delayLine.Mask();
-    while (!block.empty())
+    // What comes out first is still in the line, the rest is in the block itself.
+    const std::size_t fromLine = std::min(delay, block.size());
+    for (std::size_t done = 0; done < fromLine;)
     {
-        const auto samples = block.first(std::min(block.size(), delayLine.Mask() + 1));
-        // What comes out first is still in the line, the rest is in the block itself.
-        for (std::size_t done = 0; done < samples.size();)
-        {
-            const auto delayed =
-                done < delay ? delayLine.GetPiece(delay - done, std::min(delay, samples.size()) - done)
-                             : samples.first(samples.size() - done);
-            histogram.Add(delayed);
-            waveform.Write(delayed);
-            done += delayed.size();
-        }
-        delayLine.Write(samples);
-        block = block.subspan(samples.size());
+        const auto piece = delayLine.GetPiece(delay - done, fromLine - done);
+        Show(piece);
+        done += piece.size();
     }
+    Show(block.first(block.size() - fromLine));
+    delayLine.Write(block);
+}
+
+void COscilloscope::Show(std::span<const float> delayed)
+{
+    histogram.Add(delayed);
+    waveform.Write(delayed);
 }
 
 void COscilloscope::ProcessSilentSamples(int sampleCount)

@@ -12,6 +12,7 @@
 #include "Mirel/Math/THistogram.h"
 #include "Plugins/Oscilloscope/TriggerSearch.h"
 
+#include <cstddef>
 #include <span>
 
 namespace PluginsFilters
@@ -80,7 +81,10 @@ private:
     using CDirtyMarks = Mirel::Containers::TDynamicCollection<Mirel::Core::CDirty, Mirel::Core::IDirty>;
 
     void ConnectCurves();
+    void AnalyseStream(const Mirel::Audio::DSP::IAudioStream& stream, std::size_t sampleCount);
+    void AnalyseGathered(const float* data, std::ptrdiff_t stride, std::size_t sampleCount);
     void Analyse(std::span<const float> block);
+    void Show(std::span<const float> delayed);
     void PlaceTrace();
 
     bool newDataPending = false; ///< Samples came in since the last ComputeOutputs.

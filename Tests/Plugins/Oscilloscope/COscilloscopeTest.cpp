@@ -43,31 +43,25 @@ std::vector<float> ExpectedShares(const std::vector<float>& signal, std::size_t 
         ++counts[static_cast<std::size_t>((clamped + 1.0f) * 75.0f + 0.5f)];
     }
     const float factor = 1.0f / static_cast<float>(*std::max_element(counts.begin(), counts.end()));
-    std::vector<float> shares;
-    for (const int count : counts)
-    {
-        shares.push_back(static_cast<float>(count) * factor);
-    }
+    std::vector<float> shares(counts.size());
+    std::transform(counts.begin(), counts.end(), shares.begin(),
+                   [factor](int count) { return static_cast<float>(count) * factor; });
     return shares;
 }
 
 std::vector<float> Shares(const CScopeRig& rig)
 {
-    std::vector<float> shares;
-    for (int bin = 0; bin < 151; ++bin)
-    {
-        shares.push_back(rig.Bin(bin));
-    }
+    std::vector<float> shares(151);
+    std::generate(shares.begin(), shares.end(), [&rig, bin = 0]() mutable { return rig.Bin(bin++); });
     return shares;
 }
 
 std::vector<float> WaveformAt(const CScopeRig& rig, int points)
 {
-    std::vector<float> values;
-    for (int i = 0; i < points; ++i)
-    {
-        values.push_back(rig.Waveform(-1.0f + static_cast<float>(i) / static_cast<float>(points - 1)));
-    }
+    std::vector<float> values(static_cast<std::size_t>(points));
+    std::generate(values.begin(), values.end(),
+                  [&rig, points, i = 0]() mutable
+                  { return rig.Waveform(-1.0f + static_cast<float>(i++) / static_cast<float>(points - 1)); });
     return values;
 }
 
@@ -261,11 +255,9 @@ TEST(COscilloscope, ASineThatNeverReachesTheLevelFlows)
     CScopeRig rig(1000.0);
     rig.Set(EParam::ViewMode, 2.0f);
     rig.Set(EParam::TriggerValue, 0.9f);
-    std::vector<float> sine;
-    for (int i = 0; i < 1300; ++i)
-    {
-        sine.push_back(0.5f * std::sin(0.05f * static_cast<float>(i)));
-    }
+    std::vector<float> sine(1300);
+    std::generate(sine.begin(), sine.end(),
+                  [i = 0]() mutable { return 0.5f * std::sin(0.05f * static_cast<float>(i++)); });
     rig.Process(sine);
     rig.scope.UpdateOutputs();
 

@@ -17,12 +17,18 @@ public:
     class CWatch
     {
     public:
-        explicit CWatch(const CLifeToken& token) : state(token.state) { ++state->references; }
+        explicit CWatch(const CLifeToken& token) : state(token.state)
+        {
+            ++state->references; // NOLINT(clang-analyzer-cplusplus.NewDelete): it does not follow the count.
+        }
         CWatch(const CWatch&) = delete;
         CWatch& operator=(const CWatch&) = delete;
         ~CWatch() { Drop(state); }
 
-        bool IsAlive() const { return state->alive; }
+        bool IsAlive() const
+        {
+            return state->alive; // NOLINT(clang-analyzer-cplusplus.NewDelete): as above.
+        }
 
     private:
         SState* state;

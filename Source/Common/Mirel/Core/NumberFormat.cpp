@@ -35,22 +35,24 @@ bool IsOneOf(char character, const char* characters)
     return character != '\0' && std::strchr(characters, character) != nullptr;
 }
 
-/// Skips one conversion from behind its percent sign; false if it is not that of a double.
-bool SkipDoubleConversion(const char*& format)
+/// Skips one conversion from behind its percent sign, which has to be that of a double. Gives the fault or
+/// null.
+const char* SkipDoubleConversion(const char*& format)
 {
+    const char* tooLarge = "its width or precision is above 512";
     while (IsOneOf(*format, "-+ #0"))
     {
         ++format;
     }
     if (!SkipFieldSize(format))
     {
-        return false;
+        return tooLarge;
     }
     if (*format == '.' && !SkipFieldSize(++format))
     {
-        return false;
+        return tooLarge;
     }
-    return IsOneOf(*format++, "eEfFgGaA");
+    return IsOneOf(*format++, "eEfFgGaA") ? nullptr : "it has a conversion that is not a number's";
 }
 
 /// The one place where a format that is not a literal is printed with: FormatNumber lets nothing else
@@ -67,12 +69,13 @@ int Print(char* buffer, std::size_t size, const char* checkedFormat, double valu
 
 bool IsNumberFormat(const char* format)
 {
-    if (format == nullptr)
-    {
-        return false;
-    }
+    return FindNumberFormatFault(format) == nullptr;
+}
+
+const char* FindNumberFormatFault(const char* format)
+{
     int conversions = 0;
-    while (*format != '\0')
+    while (format != nullptr && *format != '\0')
     {
         if (*format++ != '%')
         {
@@ -83,13 +86,17 @@ bool IsNumberFormat(const char* format)
             ++format;
             continue;
         }
-        if (!SkipDoubleConversion(format))
+        if (const char* fault = SkipDoubleConversion(format))
         {
-            return false;
+            return fault;
         }
         ++conversions;
     }
-    return conversions == 1;
+    if (conversions == 1)
+    {
+        return nullptr;
+    }
+    return conversions == 0 ? "it prints no number" : "it prints more than one number";
 }
 
 std::string FormatNumber(const char* format, double value)

@@ -10,6 +10,10 @@ namespace Mirel::Core
 /// for a percent sign. Null is not.
 bool IsNumberFormat(const char* format);
 
+/// What keeps a text from being such a format, as the end of a sentence for the log: "it prints no number".
+/// Null if it is one.
+const char* FindNumberFormatFault(const char* format);
+
 /// Prints a number with such a format, with a point whatever the locale. A format that could read or write
 /// anything but the number is not used: "%.2f" takes its place.
 std::string FormatNumber(const char* format, double value);

@@ -27,6 +27,7 @@ public:
         {
             items.assign(wanted, T());
             items.shrink_to_fit();
+            mask = wanted - 1;
             next = 0;
         }
     }
@@ -35,20 +36,23 @@ public:
 
     void Fill(T value) { std::fill(items.begin(), items.end(), value); }
 
-    /// Appends a block of at most GetSize() entries.
+    /// Appends a block of any length; of a longer one than GetSize() only the end is kept.
     void Write(std::span<const T> block)
     {
-        const std::size_t first = std::min(block.size(), items.size() - next);
-        std::copy_n(block.data(), first, items.data() + next);
-        std::copy_n(block.data() + first, block.size() - first, items.data());
-        Advance(block.size());
+        if (block.size() <= mask - next)
+        {
+            std::copy_n(block.data(), block.size(), items.data() + next);
+            next += block.size();
+            return;
+        }
+        WriteAroundTheEnd(block);
     }
 
     /// Contiguous room for the next entries, at most `count`, to be filled in place and then taken with
     /// Advance.
     std::span<T> GetRoom(std::size_t count)
     {
-        return std::span<T>(items).subspan(next, std::min(count, items.size() - next));
+        return {items.data() + next, std::min(count, mask + 1 - next)};
     }
 
     void Advance(std::size_t count) { next = (next + count) & Mask(); }
@@ -58,13 +62,25 @@ public:
     std::span<const T> GetPiece(std::size_t age, std::size_t count) const
     {
         const std::size_t begin = (next - age) & Mask();
-        return std::span<const T>(items).subspan(begin, std::min(count, items.size() - begin));
+        return {items.data() + begin, std::min(count, mask + 1 - begin)};
     }
 
-    std::size_t Mask() const { return items.size() - 1; }
+    std::size_t Mask() const { return mask; }
 
 private:
-    TAlignedVector<T> items;
+    void WriteAroundTheEnd(std::span<const T> block)
+    {
+        const std::size_t skipped = block.size() - std::min(block.size(), mask + 1);
+        Advance(skipped);
+        const auto kept = block.subspan(skipped);
+        const std::size_t first = std::min(kept.size(), mask + 1 - next);
+        std::copy_n(kept.data(), first, items.data() + next);
+        std::copy_n(kept.data() + first, kept.size() - first, items.data());
+        Advance(kept.size());
+    }
+
+    TAlignedVector<T> items; ///< mask + 1 of them.
+    std::size_t mask = 0;
     std::size_t next = 0; ///< Index that is written next.
 };
 

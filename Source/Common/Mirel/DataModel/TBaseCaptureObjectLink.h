@@ -5,6 +5,7 @@
 #include "Mirel/Core/IEnable.h"
 #include "Mirel/Core/IUpdate.h"
 #include "Mirel/Core/TCommand.h"
+#include "Mirel/DataModel/CCascadeShare.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ namespace Mirel::DataModel
 ///
 /// Created disabled and without objects. Neither object is owned; before one goes away the link is disabled,
 /// destroyed or given another. While one is missing the link does nothing. A link may be changed, disabled
-/// and destroyed by any listener, also one that it has caused to run. GUI thread only.
+/// and destroyed by any listener of other objects, also one that it has caused to run. GUI thread only.
 template <class TConst, class T>
 class TBaseCaptureObjectLink : public virtual Core::IEnable, public virtual Core::IUpdate
 {
@@ -89,6 +90,9 @@ protected:
             changed.Notify();
         }
     }
+
+    /// For a setter whose change the target does not show.
+    void NotifyChanged() const { changed.Notify(); }
 
     bool IsConnected() const { return connected; }
 
@@ -178,11 +182,34 @@ private:
     {
         if (connected && !onModifyOnly)
         {
-            Update();
+            RunUpdate();
         }
     }
 
-    void OnSourceChanged() { Update(); }
+    void RunUpdate()
+    {
+        const CCascadeShare::CUpdate update(cascadeShare);
+        if (!update.IsAllowed())
+        {
+            return;
+        }
+        const Core::CLifeToken::CWatch watch(life);
+        ++updating;
+        Update();
+        if (watch.IsAlive())
+        {
+            --updating;
+        }
+    }
+
+    /// The event provider keeps this from running inside itself, but not inside an update that a setter runs.
+    void OnSourceChanged()
+    {
+        if (updating == 0)
+        {
+            RunUpdate();
+        }
+    }
 
     void OnCaptureBegun()
     {
@@ -208,7 +235,9 @@ private:
     bool connected = false;
     bool forwarded = false;
     const bool forwardsCaptures;
+    int updating = 0; ///< Updates under way, one inside the other.
     Core::CLifeToken life;
+    CCascadeShare cascadeShare;
     mutable Core::CEventProvider changed; ///< Listening to a link changes nothing of it.
     Core::TCommand<TBaseCaptureObjectLink> sourceChanged{this, &TBaseCaptureObjectLink::OnSourceChanged};
     Core::TCommand<TBaseCaptureObjectLink> captureBegun{this, &TBaseCaptureObjectLink::OnCaptureBegun};

@@ -1,9 +1,34 @@
 #include "Mirel/Math/CSlidingCounts.h"
 
 #include <bit>
+#include <emmintrin.h>
+#include <functional>
+#include <numeric>
 
 namespace Mirel::Math
 {
+
+namespace
+{
+
+__m128i SumTwoNumbers(const std::uint8_t* counters)
+{
+    const __m128i both = _mm_loadu_si128(reinterpret_cast<const __m128i*>(counters));
+    return _mm_sad_epu8(both, _mm_setzero_si128());
+}
+
+/// The sums of the eight counters of each number, eight numbers at a time.
+void SumTurns(const std::uint8_t* counters, std::size_t numbers, std::uint16_t* sums)
+{
+    for (std::size_t i = 0; i < numbers; i += 8, counters += 64)
+    {
+        const __m128i first = _mm_packs_epi32(SumTwoNumbers(counters), SumTwoNumbers(counters + 16));
+        const __m128i second = _mm_packs_epi32(SumTwoNumbers(counters + 32), SumTwoNumbers(counters + 48));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(sums + i), _mm_packs_epi32(first, second));
+    }
+}
+
+} // namespace
 
 CSlidingCounts::CSlidingCounts(int numberCount)
     : used(std::clamp<std::size_t>((static_cast<std::size_t>(numberCount) + 15) / 16 * 16, 16, maxNumbers))
@@ -16,19 +41,18 @@ void CSlidingCounts::SetLength(int newLength)
     history.SetSize(newLength);
     segmentShift = std::clamp(static_cast<int>(std::bit_width(length)) - 2, 0, maxSegmentShift);
     runSize = std::min(SegmentSize(), maxRunSize);
-    // The window reaches over the whole segments in it and a part of one at either end.
-    segments.assign(std::bit_ceil((length >> segmentShift) + 2), CSegment{});
+    segments.assign(std::bit_ceil(TotalSize() + 1), CSegment{});
     segments.shrink_to_fit();
     Reset();
 }
 
 void CSlidingCounts::Reset()
 {
+    std::fill(segments.begin(), segments.end(), CSegment{});
     open = {};
     total = {};
     received = 0;
     counted = 0;
-    firstWhole = 0;
 }
 
 void CSlidingCounts::CountWaiting()
@@ -55,44 +79,37 @@ void CSlidingCounts::CountInOpenSegment(std::span<const std::uint8_t> numbers)
     {
         for (std::size_t turn = 0; turn < turns; ++turn)
         {
-            ++open[turn][number[turn]];
+            ++open[number[turn]][turn];
         }
     }
-    for (; left > 0; --left, ++number)
+    for (std::size_t turn = 0; turn < left; ++turn)
     {
-        ++open[0][*number];
+        ++open[number[turn]][turn];
     }
 }
 
 void CSlidingCounts::CloseSegment()
 {
-    CSegment& closed = GetSegment((counted >> segmentShift) - 1);
-    std::copy_n(open[0].begin(), used, closed.begin());
-    for (std::size_t turn = 1; turn < turns; ++turn)
-    {
-        for (std::size_t i = 0; i < used; ++i)
-        {
-            closed[i] = static_cast<std::uint16_t>(closed[i] + open[turn][i]);
-        }
-    }
+    const std::uint64_t index = (counted >> segmentShift) - 1;
+    CSegment& closed = segments[SegmentPlace(index)];
+    const CSegment& replaced = segments[SegmentPlace(index - TotalSize())];
+    SumTurns(open.front().data(), used, closed.data());
     for (std::size_t i = 0; i < used; ++i)
     {
-        total[i] += closed[i];
+        total[i] += static_cast<std::uint32_t>(closed[i] - replaced[i]);
     }
-    for (CSegment& turn : open)
-    {
-        std::fill_n(turn.begin(), used, std::uint16_t{0});
-    }
+    std::fill_n(open.begin(), used, CTurns{});
 }
 
-void CSlidingCounts::DropFirstSegment()
+template <class Action>
+void CSlidingCounts::ForEachLeavingSegment(Action action) const
 {
-    const CSegment& leaving = GetSegment(firstWhole);
-    for (std::size_t i = 0; i < used; ++i)
+    const std::uint64_t complete = counted >> segmentShift;
+    for (std::uint64_t i = complete - std::min<std::uint64_t>(complete, TotalSize()); i < GetFirstWhole();
+         ++i)
     {
-        total[i] -= leaving[i];
+        action(segments[SegmentPlace(i)]);
     }
-    ++firstWhole;
 }
 
 template <class Action>
@@ -107,28 +124,19 @@ void CSlidingCounts::ForEachUncountedPiece(Action action) const
             begin += piece.size();
         }
     };
-    const std::uint64_t oldest = received - std::min<std::uint64_t>(received, length);
-    forRange(oldest, firstWhole << segmentShift);
+    forRange(GetOldest(), GetFirstWhole() << segmentShift);
     forRange(counted, received);
-}
-
-std::uint32_t CSlidingCounts::GetOpenCount(std::size_t number) const
-{
-    std::uint32_t count = 0;
-    for (const CSegment& turn : open)
-    {
-        count += turn[number];
-    }
-    return count;
 }
 
 CSlidingCounts::CCounters CSlidingCounts::GetCounts() const
 {
     CCounters counts = total;
-    for (std::size_t i = 0; i < used; ++i)
-    {
-        counts[i] += GetOpenCount(i);
-    }
+    ForEachLeavingSegment(
+        [&counts](const CSegment& segment)
+        { std::transform(counts.begin(), counts.end(), segment.begin(), counts.begin(), std::minus<>()); });
+    CSegment opened{};
+    SumTurns(open.front().data(), used, opened.data());
+    std::transform(counts.begin(), counts.end(), opened.begin(), counts.begin(), std::plus<>());
     ForEachUncountedPiece(
         [&counts](std::span<const std::uint8_t> numbers)
         {
@@ -142,7 +150,8 @@ CSlidingCounts::CCounters CSlidingCounts::GetCounts() const
 
 std::uint32_t CSlidingCounts::GetCount(std::uint8_t number) const
 {
-    std::uint32_t count = total[number] + GetOpenCount(number);
+    std::uint32_t count = std::accumulate(open[number].begin(), open[number].end(), total[number]);
+    ForEachLeavingSegment([&count, number](const CSegment& segment) { count -= segment[number]; });
     ForEachUncountedPiece(
         [&count, number](std::span<const std::uint8_t> numbers)
         { count += static_cast<std::uint32_t>(std::count(numbers.begin(), numbers.end(), number)); });

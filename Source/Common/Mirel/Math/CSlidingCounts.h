@@ -14,14 +14,14 @@ namespace Mirel::Math
 
 /// Counts how often each of up to 256 numbers occurs among exactly the last so many that came in.
 ///
-/// The stream is cut into segments. A complete segment is a small table of counts that joins a running total
-/// when it fills up and leaves it when the first of its numbers leaves the window. Only the numbers of the
-/// one segment that is partly out are counted anew, and only when somebody reads. So a number costs one
-/// increment on its way in and next to nothing on its way out.
+/// The stream is cut into segments. A complete segment is a small table of counts, which joins a running
+/// total and at the same time replaces in it the oldest one there. What of the total is out of the window
+/// again is taken off when somebody reads, and only the numbers of the one segment that is partly out are
+/// counted anew. So a number costs one increment on its way in and next to nothing on its way out.
 ///
 /// Numbers are counted in runs, some time after they were written: the processor then needn't wait for them.
-/// A reader counts what is still waiting, so that every read is exact. Increments take turns among several
-/// tables, so that equal numbers in a row do not wait for one counter.
+/// A reader counts what is still waiting, so that every read is exact. Each number has several small counters
+/// side by side that take turns, so that equal numbers in a row do not wait for one counter.
 ///
 /// One thread. Only SetLength allocates.
 class CSlidingCounts
@@ -53,7 +53,6 @@ public:
             {
                 CountWaiting();
             }
-            DropLeavingSegments();
             count -= piece.size();
         }
     }
@@ -64,25 +63,26 @@ public:
 private:
     using CSegment = std::array<std::uint16_t, maxNumbers>;
     static constexpr std::size_t turns = 8;
-    static constexpr int maxSegmentShift = 11;
+    using CTurns = std::array<std::uint8_t, turns>;
+    static constexpr int maxSegmentShift = 10; ///< A turn counts an eighth of a segment: it fits in a byte.
     static constexpr std::size_t maxRunSize = 512;
 
     std::size_t SegmentSize() const { return std::size_t{1} << segmentShift; }
-    CSegment& GetSegment(std::uint64_t index) { return segments[index & (segments.size() - 1)]; }
-    std::uint32_t GetOpenCount(std::size_t number) const;
+    /// Complete segments in the total: at least all that are in the window.
+    std::size_t TotalSize() const { return length >> segmentShift; }
+    std::size_t SegmentPlace(std::uint64_t index) const { return index & (segments.size() - 1); }
     void CountWaiting();
     void CountInOpenSegment(std::span<const std::uint8_t> numbers);
     void CloseSegment();
 
-    void DropLeavingSegments()
-    {
-        while (received > length && (firstWhole << segmentShift) < received - length)
-        {
-            DropFirstSegment();
-        }
-    }
+    /// Of the numbers received, the first that is in the window.
+    std::uint64_t GetOldest() const { return received - std::min<std::uint64_t>(received, length); }
+    /// Of the segments, the first that is all in the window.
+    std::uint64_t GetFirstWhole() const { return (GetOldest() + SegmentSize() - 1) >> segmentShift; }
 
-    void DropFirstSegment();
+    /// Calls action(segment) for the segments that are in the total, but no longer all in the window.
+    template <class Action>
+    void ForEachLeavingSegment(Action action) const;
 
     /// Calls action(numbers) for the contiguous pieces of all that is in the window, but in no table: the
     /// rest of the segment that is partly out, and what still waits to be counted.
@@ -95,12 +95,11 @@ private:
     int segmentShift = 0;
     std::size_t runSize = 1; ///< At most a segment.
     Core::TCircularBuffer<std::uint8_t> history;
-    std::vector<CSegment> segments;     ///< A ring of the complete ones, of a power-of-two size.
-    std::array<CSegment, turns> open{}; ///< Of the segment that is filling up.
-    CCounters total{};                  ///< Of the complete segments that are all in the window.
-    std::uint64_t received = 0;         ///< Numbers since the reset.
-    std::uint64_t counted = 0;          ///< Of these, the ones in the open segment or a complete one.
-    std::uint64_t firstWhole = 0;       ///< Index of the oldest segment in the total.
+    std::vector<CSegment> segments;        ///< A ring of the complete ones; empty ones before the first.
+    std::array<CTurns, maxNumbers> open{}; ///< Of the segment that is filling up.
+    CCounters total{};                     ///< Of the newest complete segments.
+    std::uint64_t received = 0;            ///< Numbers since the reset.
+    std::uint64_t counted = 0;             ///< Of these, the ones in the open segment or a complete one.
 };
 
 } // namespace Mirel::Math

@@ -195,8 +195,14 @@ private:
             return;
         }
         writes.Add(length);
-        std::size_t offset = 0;
         auto position = static_cast<std::size_t>(writePos);
+        if (length < size - position)
+        {
+            action(table.GetPositions() + position, 0, length);
+            writePos = static_cast<int>(position + length);
+            return;
+        }
+        std::size_t offset = 0;
         if (length > size)
         {
             offset = length - size;

@@ -7,7 +7,7 @@ namespace Mirel::Math
 {
 
 /// A list of functions of one variable, combined from left to right by F: F(F(f0(x), f1(x)), f2(x)). It has
-/// no class key: it is put together by code and not created from a document.
+/// no class key: it is put together by code and not created from a document. Any thread evaluates.
 template <float (*F)(float, float)>
 class TFunctionsOperation : public TNFunctionsCombination<IFunction>
 {

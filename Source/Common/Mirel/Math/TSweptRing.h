@@ -173,6 +173,7 @@ private:
 
     void MeasureDensity()
     {
+        pointsPerSecond = 0.0f;
         if (pointsCount >= 2)
         {
             const float newest = times[Index(Newest())];

@@ -15,10 +15,10 @@ namespace Mirel::Runtime
 ///
 ///     inline const Runtime::TClassRegistration<CDataBuffer, IDataHolder> dataBufferRegistration;
 ///
-/// Then every object file that includes the header carries the registration along. A family of classes that
-/// are known by key alone, whose headers nobody includes, lists its registrations in one header, and the
-/// header that reads the family by key includes that list. The program runs each one once, however many
-/// object files bring it.
+/// Then every object file that includes the header carries the registration along, and the program runs it
+/// once, however many object files bring it. A family of classes that are known by key alone, whose headers
+/// nobody includes, makes its registrations in one function of a source file; the header of the family's
+/// interface calls that function for the value of an inline variable, and so no reader can do without it.
 template <class C, class... Interfaces>
 class TClassRegistration
 {

@@ -66,6 +66,31 @@ TEST(IsNumberFormat, RefusesEverythingElse)
     EXPECT_FALSE(IsNumberFormat(nullptr));
 }
 
+TEST(FindNumberFormatFault, SaysWhatIsWrong)
+{
+    const struct
+    {
+        const char* format;
+        const char* fault;
+    } rows[] = {
+        {nullptr, "it prints no number"},
+        {"", "it prints no number"},
+        {"%%", "it prints no number"},
+        {"%f%.1f", "it prints more than one number"},
+        {"%n", "it has a conversion that is not a number's"},
+        {"%f%s", "it has a conversion that is not a number's"},
+        {"%*f", "it has a conversion that is not a number's"},
+        {"%f%", "it has a conversion that is not a number's"},
+        {"%1000000000f", "its width or precision is above 512"},
+        {"%.1000000000f", "its width or precision is above 512"},
+    };
+    for (const auto& row : rows)
+    {
+        EXPECT_STREQ(FindNumberFormatFault(row.format), row.fault);
+    }
+    EXPECT_EQ(FindNumberFormatFault("about %.1f%%"), nullptr);
+}
+
 TEST(FormatNumber, PrintsAsTheFormatSays)
 {
     EXPECT_EQ(FormatNumber("%.0f", 2.6), "3");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <numeric>
+#include <span>
 #include <vector>
 
 using namespace Mirel::Core;
@@ -45,6 +46,29 @@ TEST(TCircularBuffer, AgeOneIsTheNewestEntryAndTheSizeIsTheOldest)
 
     EXPECT_EQ(Newest(ring, 1), 6);
     EXPECT_EQ(Newest(ring, 4), 3);
+}
+
+TEST(TCircularBuffer, BlocksOfAnyLengthLeaveTheNewestEntriesWhereSingleWritesWouldPutThem)
+{
+    for (std::size_t length = 0; length < 14; ++length)
+    {
+        TCircularBuffer<int> whole;
+        whole.SetSize(4);
+        whole.Write(Numbers(1, 3));
+        TCircularBuffer<int> single = whole;
+
+        whole.Write(Numbers(4, length));
+        for (const int number : Numbers(4, length))
+        {
+            single.Write(std::span(&number, 1));
+        }
+
+        for (std::size_t age = 1; age <= 4; ++age)
+        {
+            EXPECT_EQ(Newest(whole, age), Newest(single, age)) << length;
+        }
+        EXPECT_EQ(whole.GetPiece(4, 4).size(), single.GetPiece(4, 4).size()) << length;
+    }
 }
 
 TEST(TCircularBuffer, PiecesAreContiguousAndEndAtTheEndOfTheRing)

@@ -2,6 +2,7 @@
 #include "Mirel/Core/Interpolators.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -33,6 +34,17 @@ double Hermite(double a, double b, double c, double e, double t)
     return (2 * t3 - 3 * t2 + 1) * b + (t3 - 2 * t2 + t) * m0 + (-2 * t3 + 3 * t2) * c + (t3 - t2) * m1;
 }
 
+/// Whole numbers from -limit to limit, divided.
+std::array<float, 4> DrawSamples(int limit, float divisor)
+{
+    std::array<float, 4> samples{};
+    for (float& sample : samples)
+    {
+        sample = static_cast<float>(*rc::gen::inRange(-limit, limit + 1)) / divisor;
+    }
+    return samples;
+}
+
 } // namespace
 
 TEST(TNearestInterpolator, HalvesGoUp)
@@ -43,6 +55,17 @@ TEST(TNearestInterpolator, HalvesGoUp)
     EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.49f), 10.0f);
     EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.5f), 20.0f);
     EXPECT_EQ(CInterpolator::Interpolate(values.data(), 2.0f), 30.0f);
+}
+
+TEST(TLinearInterpolator, RunsStraightToTheNextEntryAndIntoTheGuard)
+{
+    const std::vector<float> values{10.0f, 20.0f, -4.0f}; // two positions and their guard
+    using CInterpolator = TLinearInterpolator<float, float>;
+
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.0f), 10.0f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 0.25f), 12.5f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 1.0f), 20.0f);
+    EXPECT_EQ(CInterpolator::Interpolate(values.data(), 1.5f), 8.0f);
 }
 
 TEST(TLookupTable, RangeIsSpreadOverThePositionsAndClamped)
@@ -84,24 +107,17 @@ TEST(TLookupTable, PositionZeroStartsACacheLineWhateverTheGuards)
 
 RC_GTEST_PROP(TConstrainedSplineInterpolator, AgreesWithTheHermiteFormOfTheSameSlopes, ())
 {
-    std::vector<float> values;
-    for (int i = 0; i < 4; ++i)
-    {
-        values.push_back(static_cast<float>(*rc::gen::inRange(-1000, 1001)) / 500.0f);
-    }
+    const std::array<float, 4> values = DrawSamples(1000, 500.0f);
     const float t = static_cast<float>(*rc::gen::inRange(0, 1000)) / 1000.0f;
 
-    const double expected = Hermite(values[0], values[1], values[2], values[3], t);
+    const std::vector<double> exact(values.begin(), values.end());
+    const double expected = Hermite(exact[0], exact[1], exact[2], exact[3], static_cast<double>(t));
     RC_ASSERT(std::abs(static_cast<double>(CSpline::Interpolate(values.data(), t)) - expected) < 1e-5);
 }
 
 RC_GTEST_PROP(TConstrainedSplineInterpolator, NeverOvershootsTheSamplesBesideIt, ())
 {
-    std::vector<float> values;
-    for (int i = 0; i < 4; ++i)
-    {
-        values.push_back(static_cast<float>(*rc::gen::inRange(-100, 101)) / 100.0f);
-    }
+    const std::array<float, 4> values = DrawSamples(100, 100.0f);
     const float t = static_cast<float>(*rc::gen::inRange(0, 1000)) / 1000.0f;
 
     const auto [low, high] = std::minmax(values[1], values[2]);

@@ -54,6 +54,25 @@ TEST(CSlidingCounts, ResetForgetsAll)
     EXPECT_EQ(counts.GetCount(2), 1U);
 }
 
+TEST(CSlidingCounts, EqualNumbersFillAWindowOfAnyLengthForAnyCut)
+{
+    for (const int length : {1, 2, 7, 1024, 2048, 2049, 44100})
+    {
+        for (const std::size_t cut : {1U, 9U, 511U, 512U, 513U, 5000U})
+        {
+            CSlidingCounts counts(256);
+            counts.SetLength(length);
+            const std::vector<std::uint8_t> equal(cut, 255);
+            for (std::size_t done = 0; done < static_cast<std::size_t>(length) + 3000; done += cut)
+            {
+                Add(counts, equal);
+            }
+            EXPECT_EQ(counts.GetCount(255), static_cast<std::uint32_t>(length)) << cut;
+            EXPECT_EQ(counts.GetCounts()[255], static_cast<std::uint32_t>(length)) << cut;
+        }
+    }
+}
+
 RC_GTEST_PROP(CSlidingCounts, CountsExactlyTheLastSoManyNumbersAtEveryMoment, ())
 {
     constexpr int kinds = 5;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 using namespace Mirel::Core;
@@ -53,11 +54,8 @@ TEST(TCircularLUTFunction, WritesRoundAndRound)
 
 TEST(TCircularLUTFunction, ABlockOfManyRoundsLeavesItsLastValues)
 {
-    std::vector<float> block;
-    for (int i = 0; i < 23; ++i)
-    {
-        block.push_back(static_cast<float>(i));
-    }
+    std::vector<float> block(23);
+    std::iota(block.begin(), block.end(), 0.0f);
     const CNearestRing ring = MakeRing(block);
 
     const std::vector<float> values(ring.GetValues().begin(), ring.GetValues().end());

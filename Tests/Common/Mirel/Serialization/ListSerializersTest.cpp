@@ -1,4 +1,5 @@
 #include "Mirel/Containers/TDynamicVector.h"
+#include "Mirel/Core/TOwnership.h"
 #include "Mirel/Runtime/TClassRegistration.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/Serialization/TLookupTableSerializer.h"
@@ -222,6 +223,50 @@ TEST(TDynamicVectorDeSerializer, LeavesTheVectorAloneWithoutACount)
     EXPECT_FALSE(TDynamicVectorDeSerializer(read, "shape").Deserialize(stream));
     ASSERT_EQ(read.GetCount(), 1);
     EXPECT_EQ(read[0]->GetArea(), 49);
+}
+
+TEST(TVectorSerializer, SavesWhatIsHeldInOwnershipWithItsClass)
+{
+    Containers::TDynamicVector<Core::TOwnership<const IShape>> written;
+    const CSquare borrowed(4);
+    written.Add({new CSquare(3), true});
+    written.Add({});
+    written.Add({&borrowed, false});
+    CMemDataObject stream;
+    EXPECT_TRUE(TVectorSerializer(written, "shape").Serialize(stream));
+
+    Containers::TDynamicVector<Core::TOwnership<const IShape>> read;
+    EXPECT_TRUE(TVectorDeSerializer(read, "shape").Deserialize(stream));
+    ASSERT_EQ(read.GetCount(), 3);
+    EXPECT_EQ(read[0]->GetArea(), 9);
+    EXPECT_EQ(read[1].Get(), nullptr);
+    EXPECT_EQ(read[2]->GetArea(), 16);
+    EXPECT_TRUE(read[2].IsOwned());
+}
+
+TEST(TVectorDeSerializer, DestroysWhatAnOwnershipHeldAndKeepsWhatIsMissing)
+{
+    const auto life = std::make_shared<int>();
+    const CSquare borrowed(5, life);
+    CMemDataObject stream;
+    {
+        CShapes written;
+        written.Add(new CSquare(3));
+        written.Add(new CSquare(4));
+        written.Add(nullptr);
+        TVectorSerializer(written, "shape").Serialize(stream);
+    }
+    stream.Remove("shape1");
+    Containers::TDynamicVector<Core::TOwnership<const IShape>> read;
+    read.Add({new CSquare(7, life), true});
+    read.Add({&borrowed, false});
+    read.Add({new CSquare(9, life), true});
+    EXPECT_TRUE(TVectorDeSerializer(read, "shape").Deserialize(stream));
+    ASSERT_EQ(read.GetCount(), 3);
+    EXPECT_EQ(read[0]->GetArea(), 9);
+    EXPECT_EQ(read[1].Get(), &borrowed);
+    EXPECT_EQ(read[2].Get(), nullptr);
+    EXPECT_EQ(life.use_count(), 2);
 }
 
 TEST(TStdContainerSerializer, SavesAListOfNamedValues)

@@ -1,20 +1,12 @@
 #include "Mirel/DataModel/Objects/CParamDataToText.h"
 
-#include <memory>
+#include "Mirel/DataModel/Objects/ValueToString.h"
 
 namespace Mirel::DataModel::Objects
 {
 
 namespace
 {
-
-std::string ToString(const IParamValueToText& converter, float value)
-{
-    char* text = nullptr;
-    converter.ToText(value, text);
-    const std::unique_ptr<char[]> owner(text);
-    return text == nullptr ? "" : text;
-}
 
 void AppendText(const char* text, std::string& result)
 {
@@ -72,7 +64,7 @@ void CParamDataToText::AppendPlaceholder(std::string_view placeholder, float val
     }
     else if (placeholder == "{text_value}")
     {
-        result += ToString(paramInfo.GetValueToText(), value);
+        result += ValueToString(paramInfo.GetValueToText(), value);
     }
     else
     {

@@ -3,10 +3,10 @@
 #include "Mirel/Core/NewText.h"
 #include "Mirel/Core/NumberFormat.h"
 #include "Mirel/Core/Numeric.h"
+#include "Mirel/DataModel/Objects/MetricPrefix.h"
 #include "Mirel/DataModel/Objects/PatternExpansion.h"
 #include "Mirel/DataModel/Objects/SignificantDigits.h"
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -16,21 +16,13 @@ namespace Mirel::DataModel::Objects
 namespace
 {
 
+constexpr std::size_t maxFormatInMessage = 64; ///< Bytes; a hostile one shall not flood the log.
+
 /// The power of a thousand of a value, rounded towards zero, so that from 0.001 up to 999 there is none.
 /// Values without a logarithm give one that has no prefix.
 int ThousandsOf(float value)
 {
     return Core::TruncateToInt32(static_cast<double>(std::log10(value))) / 3;
-}
-
-/// Null for no prefix.
-const char* MetricPrefixOf(int thousands)
-{
-    constexpr int lowest = -3;
-    static constexpr std::array<const char*, 8> prefixes = {"p", "\u00B5", "m", nullptr, "k", "M", "G", "T"};
-    const int highest = lowest + static_cast<int>(prefixes.size()) - 1;
-    return thousands < lowest || thousands > highest ? nullptr
-                                                     : prefixes[static_cast<std::size_t>(thousands - lowest)];
 }
 
 } // namespace
@@ -67,6 +59,22 @@ void CParamValueToText::SetPattern(const char* newPattern)
 void CParamValueToText::SetFormat(const char* newFormat)
 {
     SetText(format, newFormat);
+}
+
+std::string CParamValueToText::DescribeFormatFault(const char* format)
+{
+    const char* fault = Core::FindNumberFormatFault(format);
+    if (fault == nullptr)
+    {
+        return {};
+    }
+    std::string shown = format == nullptr ? "" : format;
+    if (shown.size() > maxFormatInMessage)
+    {
+        CutToWholeCharacters(shown, maxFormatInMessage);
+        shown += "...";
+    }
+    return "'" + shown + "' : Invalid value format, " + fault + ". Using default.";
 }
 
 void CParamValueToText::SetMetric(bool newMetric)

@@ -14,7 +14,8 @@ namespace Mirel::DataModel::Objects
 class CParamValueToText : public virtual IParamValueToText
 {
 public:
-    /// format takes exactly one double ("%.0f"); one that does not is replaced by "%.2f" on printing. With
+    /// format takes exactly one double ("%.0f"); one that does not is kept but never printed with: "%.2f"
+    /// takes its place, and DescribeFormatFault tells what whoever passed it on should report. With
     /// metric a prefix between "p" and "T" follows the number. Null texts count as empty.
     CParamValueToText(const char* format_, bool metric_, const char* pattern_);
 
@@ -34,6 +35,10 @@ public:
 
     const char* GetFormat() const { return format.c_str(); }
     void SetFormat(const char* newFormat);
+
+    /// The message about a format that would not be used, for the log of the file that it came from; empty
+    /// for one that would.
+    static std::string DescribeFormatFault(const char* format);
 
     bool IsMetric() const { return metric; }
     void SetMetric(bool newMetric);

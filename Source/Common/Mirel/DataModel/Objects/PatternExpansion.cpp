@@ -3,7 +3,6 @@
 #include "Mirel/DataModel/Objects/Limits.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace Mirel::DataModel::Objects
 {
@@ -35,20 +34,6 @@ private:
     std::size_t found = none;
     bool searched = false;
 };
-
-void CutToWholeCharacters(std::string& text, std::size_t size)
-{
-    if (text.size() <= size)
-    {
-        return;
-    }
-    const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
-    while (size > 0 && isContinuation(text[size]))
-    {
-        --size;
-    }
-    text.resize(size);
-}
 
 } // namespace
 
@@ -83,6 +68,20 @@ std::string ExpandPattern(std::string_view pattern, const PlaceholderExpansion& 
     result += pattern.substr(copied);
     CutToWholeCharacters(result, maxExpandedText);
     return result;
+}
+
+void CutToWholeCharacters(std::string& text, std::size_t size)
+{
+    if (text.size() <= size)
+    {
+        return;
+    }
+    const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+    while (size > 0 && isContinuation(text[size]))
+    {
+        --size;
+    }
+    text.resize(size);
 }
 
 } // namespace Mirel::DataModel::Objects

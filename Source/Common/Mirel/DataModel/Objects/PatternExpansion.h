@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -16,5 +17,8 @@ using PlaceholderExpansion = std::function<void(std::string_view placeholder, st
 ///
 /// The result ends at maxExpandedText bytes, or at the character before.
 std::string ExpandPattern(std::string_view pattern, const PlaceholderExpansion& expand);
+
+/// Shortens a UTF-8 text to a size in bytes, or to the character before.
+void CutToWholeCharacters(std::string& text, std::size_t size);
 
 } // namespace Mirel::DataModel::Objects

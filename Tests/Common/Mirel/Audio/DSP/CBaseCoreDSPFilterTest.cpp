@@ -2,6 +2,7 @@
 
 #include "Common/Mirel/Audio/DSP/RecordingEffect.h"
 #include "Mirel/Audio/DSP/AudioStreams.h"
+#include "Mirel/DataModel/Objects/CProductInfo.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -173,12 +174,21 @@ TEST(CBaseCoreDSPFilter, CopyGoesOnInTheSameSilence)
 
 TEST(CBaseCoreDSPFilter, AnEffectThatPutsNothingOutAnswersWithEmptyLists)
 {
-    class CPlain : public CRecordingEffect
+    class CPlain : public CBaseCoreDSPFilter
     {
     public:
-        IOutputDataSync* GetOutputDataSync() override { return CBaseCoreDSPFilter::GetOutputDataSync(); }
-        const ICurves& GetOutputCurves() const override { return CBaseCoreDSPFilter::GetOutputCurves(); }
-        IDirtyMarks& GetOutputCurvesDirty() override { return CBaseCoreDSPFilter::GetOutputCurvesDirty(); }
+        CPlain* Clone() const override { return new CPlain(*this); }
+        const Mirel::DataModel::Objects::IConstProductInfo& GetProductInfo() const override
+        {
+            return product;
+        }
+        const CProcessInfo& GetProcessInfo() const override { return process; }
+        void SetParams(const IConstParamsValues&) override {}
+        int GetTailLength() const override { return 0; }
+
+    private:
+        Mirel::DataModel::Objects::CProductInfo product{"Plain", "1"};
+        CProcessInfo process{1, 0};
     };
     CPlain effect;
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
+#include <rapidcheck/gtest.h>
 
 using namespace Mirel::DataModel::Objects;
 using Tests::CEventCounter;
@@ -86,6 +87,47 @@ TEST(CParamValueToText, FormatThatTakesAnythingButOneDoubleGivesTwoDecimals)
         EXPECT_EQ(ValueText(converter, 1.5F), "1.50") << format;
         EXPECT_STREQ(converter.GetFormat(), format);
     }
+}
+
+TEST(CParamValueToText, HostileFormatsAndPatternsPrintAPlainNumber)
+{
+    const std::string longFormat = std::string(1001, '%') + "s";
+    for (const char* format : {"%s%s%s%s%s%s%s%s", "%n%n%n%n", "%1000000000f", "%.1000000000f", "%f%n",
+                               "%99$f", "%*.*f", "%", "%-", longFormat.c_str()})
+    {
+        CParamValueToText converter("%.0f", true, "{value}");
+        converter.SetSignificantDigits(2);
+        converter.SetFormat(format);
+        EXPECT_EQ(ValueText(converter, 1234.0F), "1.20k") << format;
+        EXPECT_EQ(ValueText(converter, notANumber), "nan") << format;
+        // A pattern is copied, never printed with.
+        EXPECT_EQ(ValueText(CParamValueToText("%.0f", false, format), 1.5F), format);
+    }
+}
+
+TEST(CParamValueToText, TellsWhatIsWrongWithAFormat)
+{
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault("%.2f dB"), "");
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault("%f%n"),
+              "'%f%n' : Invalid value format, it has a conversion that is not a number's. Using default.");
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault("%f%f"),
+              "'%f%f' : Invalid value format, it prints more than one number. Using default.");
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault("%.1000000000f"),
+              "'%.1000000000f' : Invalid value format, its width or precision is above 512. Using default.");
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault(nullptr),
+              "'' : Invalid value format, it prints no number. Using default.");
+    EXPECT_EQ(CParamValueToText::DescribeFormatFault((std::string(63, 'x') + "\xC2\xB5 and more").c_str()),
+              "'" + std::string(63, 'x') +
+                  "...' : Invalid value format, it prints no number. Using default.");
+}
+
+RC_GTEST_PROP(CParamValueToText, AFormatIsUsedOrDescribed, ())
+{
+    const auto format = *rc::gen::container<std::string>(
+        rc::gen::element('%', 'f', 'e', 's', 'n', '*', '.', '-', '0', '5', '9', '$', 'l', 'x'));
+    const std::string text = ValueText(CParamValueToText(format.c_str(), false, "{value}"), 1.5F);
+    const std::string fallback = ValueText(CParamValueToText("%.2f", false, "{value}"), 1.5F);
+    RC_ASSERT(CParamValueToText::DescribeFormatFault(format.c_str()).empty() || text == fallback);
 }
 
 TEST(CParamValueToText, SignificantDigitsRoundTheValue)
