@@ -7,6 +7,7 @@
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/DataModel/CCascadeShare.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -180,6 +181,11 @@ protected:
             }
         }
         return true;
+    }
+
+    bool IsSource(const T& target) const
+    {
+        return std::find(sources.begin(), sources.end(), &target) != sources.end();
     }
 
 private:

@@ -40,6 +40,10 @@ public:
     /// full. False, with nothing cloned, if the time is not later than that of the newest one.
     bool Add(float time, const IFunction& curve);
 
+    /// Moves all curves in time, by seconds: the function stays the same. It keeps time stamps small where a
+    /// clock runs for hours, which a float cannot count finely.
+    void MoveTimes(float seconds) { ring.MoveTimes(seconds); }
+
     float operator()(float offset, float x) const override;
 
     const char* GetTypeKey() const override { return classKey; }

@@ -38,6 +38,10 @@ public:
     /// sample dropped, if the time is not later than that of the newest one. Allocates nothing.
     bool Add(float time, float value);
 
+    /// Moves all samples in time, by seconds: the function stays the same. It keeps time stamps small where a
+    /// clock runs for hours, which a float cannot count finely.
+    void MoveTimes(float seconds) { ring.MoveTimes(seconds); }
+
     float operator()(float offset) const override;
 
     const char* GetTypeKey() const override { return classKey; }

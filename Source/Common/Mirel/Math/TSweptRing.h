@@ -97,6 +97,15 @@ public:
         return &values[newest];
     }
 
+    /// Moves all samples in time, by seconds, which changes nothing of what is found where.
+    void MoveTimes(float seconds)
+    {
+        for (int i = 0; i < GetCapacity(); ++i)
+        {
+            times[i] += seconds;
+        }
+    }
+
     /// Finds the samples around a point of time, in seconds relative to the newest sample: 0 is the newest,
     /// the past is negative. Up to and including the oldest sample's own time there is nothing; nor is there
     /// with only one sample, which says nothing about the past. Allocates nothing.

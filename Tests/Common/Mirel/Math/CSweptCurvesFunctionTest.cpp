@@ -120,6 +120,16 @@ TEST(CSweptCurvesFunction, AFullRingKeepsItsCapacityAndLosesTheOldest)
     EXPECT_EQ(history(-3.5f, 2.0f), 2000.0f);
 }
 
+TEST(CSweptCurvesFunction, MovedInTimeIsTheSameFunction)
+{
+    CSweptCurvesFunction history = MakeHistory(4, {{512.0f, 0.0f}, {513.0f, 10.0f}, {514.0f, 30.0f}});
+    const float before = history(-1.5f, 2.0f);
+    history.MoveTimes(-514.5f);
+    EXPECT_EQ(history(-1.5f, 2.0f), before);
+    EXPECT_TRUE(history.Add(0.0f, CConstantFunction(1.0f)));
+    EXPECT_FALSE(history.Add(-0.25f, CConstantFunction(1.0f)));
+}
+
 TEST(CSweptCurvesFunction, AnotherCapacityKeepsTheNewestCurvesThatFit)
 {
     CSweptCurvesFunction history = MakeHistory(8, {});

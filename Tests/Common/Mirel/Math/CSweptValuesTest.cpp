@@ -351,6 +351,19 @@ TEST(CSweptValues, DamagedRingsAreRefused)
     }
 }
 
+TEST(CSweptValues, MovedInTimeIsTheSameFunctionAndGoesOnThere)
+{
+    CSweptValues history = MakeHistory(4, {{512.0f, 0.0f}, {513.0f, 10.0f}, {514.0f, 30.0f}});
+    history.MoveTimes(-514.5f);
+    EXPECT_EQ(history(0.0f), 30.0f);
+    EXPECT_EQ(history(-0.5f), 20.0f);
+    EXPECT_EQ(history(-1.5f), 5.0f);
+    EXPECT_EQ(history.GetPointsPerSecond(), 1.0f);
+    EXPECT_FALSE(history.Add(-0.5f, 1.0f));
+    EXPECT_TRUE(history.Add(0.0f, 40.0f));
+    EXPECT_EQ(history(-0.25f), 35.0f);
+}
+
 TEST(CSweptValues, OddDensitiesAndTimesStayInsideTheRing)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();

@@ -1,49 +1,21 @@
 #pragma once
 
-#include "Mirel/Core/CCapture.h"
-#include "Mirel/Core/CCharString.h"
-#include "Mirel/DataModel/Objects/CStringInfo.h"
-#include "Mirel/DataModel/Objects/CaptureObjects.h"
+#include "Mirel/DataModel/Objects/CConstCaptureString.h"
 
 namespace Mirel::DataModel::Objects
 {
 
-/// An observable text with its description. GUI thread only.
-class CCaptureString : public virtual ICaptureString, public Core::CCapture
+/// An observable text that anyone may set. GUI thread only.
+class CCaptureString : public virtual ICaptureString, public CConstCaptureString
 {
 public:
-    CCaptureString() = default;
-
-    /// Copies the description. The text is empty.
-    explicit CCaptureString(const IConstStringInfo& info_) : info(info_) {}
-    CCaptureString(const CCaptureString&) = delete;
-    CCaptureString& operator=(const CCaptureString&) = delete;
-
-    Core::IEventProvider& GetValueChangedEventProvider() const override { return GetChangedEventProvider(); }
-
-    /// Never null; valid until the next change.
-    const char* GetValue() const override { return text.GetOrEmpty(); }
+    using CConstCaptureString::CConstCaptureString;
 
     /// Takes a copy and fires on a change; null is the empty text.
-    void SetValue(const char* newText) override
-    {
-        if (text.Assign(newText))
-        {
-            OnTextStored(text.GetOrEmpty());
-            NotifyChanged();
-        }
-    }
-
-    const CStringInfo& GetInfo() const override { return info; }
-    CStringInfo& GetInfo() { return info; }
-
-protected:
-    /// Runs between the storing of a new text and its notification.
-    virtual void OnTextStored(const char*) {}
+    void SetValue(const char* newText) override { SetText(newText); }
 
 private:
-    CStringInfo info;
-    Core::CCharString text;
+    using CConstCaptureString::SetText; ///< A derived class that overrides SetValue hears of every change.
 };
 
 } // namespace Mirel::DataModel::Objects

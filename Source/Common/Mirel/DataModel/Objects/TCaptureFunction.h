@@ -1,43 +1,19 @@
 #pragma once
 
-#include "Mirel/Core/CCapture.h"
-#include "Mirel/Core/TOwnership.h"
-#include "Mirel/DataModel/TICaptureObject.h"
+#include "Mirel/DataModel/Objects/TConstCaptureFunction.h"
 
 namespace Mirel::DataModel::Objects
 {
 
-/// An observable function with its description: what curves and surfaces have in common. F is the function's
-/// interface, I the description's reading form and C its class. GUI thread only.
+/// An observable function that anyone may set. GUI thread only.
 template <class F, class I, class C>
-class TCaptureFunction : public virtual TICaptureObject<const F&, I>, public Core::CCapture
+class TCaptureFunction : public virtual TICaptureObject<const F&, I>, public TConstCaptureFunction<F, I, C>
 {
 public:
-    TCaptureFunction() = default;
-
-    /// Copies the description. Until a value is set it is the description's default function.
-    explicit TCaptureFunction(const I& info_) : info(info_) {}
-    TCaptureFunction(const TCaptureFunction&) = delete;
-    TCaptureFunction& operator=(const TCaptureFunction&) = delete;
-
-    Core::IEventProvider& GetValueChangedEventProvider() const override { return GetChangedEventProvider(); }
-
-    /// Valid until the next SetValue.
-    const F& GetValue() const override { return function ? *function : info.GetDefaultFunction(); }
+    using TConstCaptureFunction<F, I, C>::TConstCaptureFunction;
 
     /// Holds a clone. Fires on every set: functions are not compared.
-    void SetValue(const F& newFunction) override
-    {
-        function.Set(newFunction.Clone(), true);
-        NotifyChanged();
-    }
-
-    const C& GetInfo() const override { return info; }
-    C& GetInfo() { return info; }
-
-private:
-    C info;
-    Core::TOwnership<const F> function;
+    void SetValue(const F& newFunction) override { this->SetFunction(newFunction.Clone(), true); }
 };
 
 } // namespace Mirel::DataModel::Objects
