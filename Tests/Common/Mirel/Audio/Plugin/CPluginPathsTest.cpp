@@ -17,6 +17,8 @@ namespace fs = std::filesystem;
 namespace
 {
 
+// NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs during these tests.
+
 /// Sets, or with null removes, a variable of the environment for the time of a test.
 class CVariable
 {
@@ -49,6 +51,8 @@ private:
     const char* name;
     std::optional<std::string> before;
 };
+
+// NOLINTEND(concurrency-mt-unsafe)
 
 mode_t PermissionsOf(const std::string& path)
 {
