@@ -1,8 +1,8 @@
 #include "AAXPlugin/AAXExtChunkDataParser.h"
 
-#include "rapidcheck/gtest.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <limits>
 

@@ -2,8 +2,8 @@
 
 #include "Support/AllocationCounter.h"
 
-#include "rapidcheck/gtest.h"
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <array>
 #include <cmath>
