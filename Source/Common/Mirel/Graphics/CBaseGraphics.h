@@ -27,6 +27,12 @@ protected:
     /// The region's bounding box, or the whole area if there is no region.
     CRect GetBounds(const CSimple2DRegion* region) const;
 
+    /// True if a picture of that size, drawn from the top left, leaves nothing of the area open.
+    bool IsCoveredBy(CSize picture) const
+    {
+        return size.width <= picture.width && size.height <= picture.height;
+    }
+
     /// The changed event for the whole area.
     void RaiseChanged() const { changed.Notify(GetArea()); }
 

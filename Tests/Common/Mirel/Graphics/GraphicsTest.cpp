@@ -2,48 +2,15 @@
 #include "Mirel/Graphics/CColorDrawer.h"
 
 #include "Canvas.h"
+#include "Changes.h"
 #include "Mirel/Graphics/CSimple2DRegion.h"
 
-#include <functional>
 #include <gtest/gtest.h>
-#include <utility>
 #include <vector>
 
 using namespace Mirel::Graphics;
 using Tests::CCanvas;
-
-namespace
-{
-
-/// Collects the rectangles of changed events, and then does something.
-class CChanges : public Mirel::Core::TIArgCommand<const CRect&>
-{
-public:
-    explicit CChanges(
-        IGraphics& graphics_, std::function<void()> then_ = [] {})
-        : graphics(graphics_),
-          then(std::move(then_))
-    {
-        graphics.GetChangedEvent().Connect(this);
-    }
-    CChanges(const CChanges&) = delete;
-    CChanges& operator=(const CChanges&) = delete;
-    ~CChanges() override { graphics.GetChangedEvent().Disconnect(this); }
-
-    void Execute(const CRect& area) override
-    {
-        areas.push_back(area);
-        then();
-    }
-
-    std::vector<CRect> areas;
-
-private:
-    IGraphics& graphics;
-    std::function<void()> then;
-};
-
-} // namespace
+using Tests::CChanges;
 
 TEST(C2DRectangleGraphics, StartsWithoutASizeAndDrawsNothing)
 {
