@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace Mirel::Graphics
@@ -43,6 +44,84 @@ void AddRect(_cairo* context, const CRect& rect)
     cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
 }
 
+/// The whole pixels of a rectangle of the drawing library; no pixels unless its edges are those of pixels.
+CRect GetWholePixels(const cairo_rectangle_t& rect)
+{
+    const CRect whole = {Core::TruncateToInt32(rect.x), Core::TruncateToInt32(rect.y),
+                         Core::TruncateToInt32(rect.width), Core::TruncateToInt32(rect.height)};
+    const bool same = !(whole.x < rect.x || whole.x > rect.x || whole.y < rect.y || whole.y > rect.y ||
+                        whole.width < rect.width || whole.width > rect.width || whole.height < rect.height ||
+                        whole.height > rect.height);
+    return same ? whole : CRect();
+}
+
+/// The clip in the context's own coordinates if it is one rectangle of whole pixels, else no pixels.
+CRect GetPlainClip(_cairo* context)
+{
+    cairo_rectangle_list_t* list = cairo_copy_clip_rectangle_list(context);
+    const bool plain = list->status == CAIRO_STATUS_SUCCESS && list->num_rectangles == 1;
+    const CRect clip = plain ? GetWholePixels(list->rectangles[0]) : CRect();
+    cairo_rectangle_list_destroy(list);
+    return clip;
+}
+
+/// The origin in pixels if coordinates are but moved, and by whole pixels.
+std::optional<CPoint> GetPlainOrigin(_cairo* context)
+{
+    cairo_matrix_t matrix = {};
+    cairo_get_matrix(context, &matrix);
+    double x = 0.0;
+    double y = 0.0;
+    cairo_surface_get_device_offset(cairo_get_target(context), &x, &y);
+    double scaleX = 1.0;
+    double scaleY = 1.0;
+    cairo_surface_get_device_scale(cairo_get_target(context), &scaleX, &scaleY);
+    const CRect origin = GetWholePixels({matrix.x0, matrix.y0, 1.0, 1.0});
+    const auto differs = [](double a, double b) { return a < b || a > b; };
+    if (differs(matrix.xx, 1.0) || differs(matrix.yy, 1.0) || differs(matrix.xy, 0.0) ||
+        differs(matrix.yx, 0.0) || differs(x, 0.0) || differs(y, 0.0) || differs(scaleX, 1.0) ||
+        differs(scaleY, 1.0) || origin.IsEmpty())
+    {
+        return std::nullopt;
+    }
+    return origin.GetOrigin();
+}
+
+/// The memory under a context that is plain enough to be drawn into past the library: 32-bit pixels, moved by
+/// whole pixels, clipped to a rectangle of them. Else without data.
+CPixelTarget GetPlainTarget(_cairo* context, CPoint& origin)
+{
+    _cairo_surface* surface = cairo_get_group_target(context);
+    const auto pixels = surface == cairo_get_target(context) ? CBitmapContext::CreateView(surface) : nullptr;
+    const auto plainOrigin = pixels == nullptr ? std::nullopt : GetPlainOrigin(context);
+    if (!plainOrigin || cairo_get_operator(context) != CAIRO_OPERATOR_OVER ||
+        cairo_get_antialias(context) != CAIRO_ANTIALIAS_DEFAULT)
+    {
+        return {};
+    }
+    origin = *plainOrigin;
+    const CRect clip = GetPlainClip(context);
+    const CRect drawn =
+        Intersect({{clip.x + origin.x, clip.y + origin.y}, clip.GetSize()}, {CPoint(), pixels->GetSize()});
+    return {drawn.IsEmpty() ? nullptr : pixels->GetData(), pixels->GetStride(), drawn};
+}
+
+/// Beyond some millions of pixels the library's own coordinates wrap round, and a zoomed curve goes there:
+/// cuts away what lies far outside of the clip. False if nothing is left.
+bool ClipToNeighbourhood(CSegment& segment, const CRect& clip)
+{
+    constexpr double margin = 4.0;
+    return ClipSegment(segment, clip.x - margin, clip.y - margin, margin + clip.x + clip.width,
+                       margin + clip.y + clip.height);
+}
+
+/// A line without length is seen as the pixel that it stands on: one as long as it is wide.
+CSegment MakeSeen(double ax, double ay, double bx, double by)
+{
+    const bool isDot = !(ax < bx || ax > bx || ay < by || ay > by);
+    return isDot ? CSegment{ax - half, ay, bx + half, by} : CSegment{ax, ay, bx, by};
+}
+
 } // namespace
 
 CDrawSurface::CDrawSurface(_cairo* context_) : context(context_)
@@ -71,10 +150,7 @@ void CDrawSurface::DrawLine(CPoint a, CPoint b)
 
 void CDrawSurface::DrawPolyline(const CPoint* points, int count)
 {
-    for (int i = 1; i < count; ++i)
-    {
-        DrawLine(points[i - 1], points[i]);
-    }
+    StrokeAll(points, count);
 }
 
 void CDrawSurface::DrawPoint(CPoint point)
@@ -113,10 +189,7 @@ void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 {
-    for (int i = 1; i < count; ++i)
-    {
-        DrawLineF(points[i - 1], points[i]);
-    }
+    StrokeAll(points, count);
 }
 
 void CDrawSurface::DrawPointF(CPointF point)
@@ -296,28 +369,48 @@ void CDrawSurface::Stroke(double ax, double ay, double bx, double by)
     {
         return;
     }
-    // Beyond some millions of pixels the library's own coordinates wrap round; a zoomed curve goes there.
-    constexpr int margin = 4;
     const CRect clip = GetOuterClip(context);
-    const double left = clip.x;
-    const double top = clip.y;
-    CSegment segment = {ax, ay, bx, by};
-    if (clip.IsEmpty() || !ClipSegment(segment, left - margin, top - margin, left + clip.width + margin,
-                                       top + clip.height + margin))
+    CSegment segment = MakeSeen(ax, ay, bx, by);
+    if (clip.IsEmpty() || !ClipToNeighbourhood(segment, clip))
     {
         return;
     }
     SetSource(state.pen);
-    if (ax < bx || ax > bx || ay < by || ay > by)
+    cairo_move_to(context, segment.ax, segment.ay);
+    cairo_line_to(context, segment.bx, segment.by);
+    cairo_stroke(context);
+}
+
+template <class Point>
+void CDrawSurface::StrokeAll(const Point* points, int count)
+{
+    const auto at = [points](int i)
+    { return std::pair(half + static_cast<double>(points[i].x), half + static_cast<double>(points[i].y)); };
+    CPoint origin;
+    const CPixelTarget target =
+        context == nullptr || count < 2 ? CPixelTarget() : GetPlainTarget(context, origin);
+    if (target.data != nullptr)
     {
-        cairo_move_to(context, segment.ax, segment.ay);
-        cairo_line_to(context, segment.bx, segment.by);
-        cairo_stroke(context);
+        cairo_surface_flush(cairo_get_target(context));
     }
-    else
+    for (int i = 1; i < count; ++i)
     {
-        cairo_rectangle(context, ax - half, ay - half, 1.0, 1.0);
-        cairo_fill(context);
+        const auto [ax, ay] = at(i - 1);
+        const auto [bx, by] = at(i);
+        if (target.data == nullptr)
+        {
+            Stroke(ax, ay, bx, by);
+            continue;
+        }
+        CSegment segment = MakeSeen(ax + origin.x, ay + origin.y, bx + origin.x, by + origin.y);
+        if (ClipToNeighbourhood(segment, target.clip))
+        {
+            rasterizer.DrawSegment(target, state.pen, segment);
+        }
+    }
+    if (target.data != nullptr)
+    {
+        cairo_surface_mark_dirty(cairo_get_target(context));
     }
 }
 

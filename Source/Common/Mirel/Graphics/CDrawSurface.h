@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Mirel/Graphics/CColor.h"
+#include "Mirel/Graphics/CLineRasterizer.h"
 #include "Mirel/Graphics/Geometry.h"
 
 #include <cstdint>
@@ -44,7 +45,8 @@ public:
 
     virtual void DrawLine(CPoint a, CPoint b);
 
-    /// A line between each two successive points; nothing for fewer than two.
+    /// A line between each two successive points; nothing for fewer than two. The cheap way to draw many
+    /// lines.
     virtual void DrawPolyline(const CPoint* points, int count);
 
     /// Covers half of the pixel.
@@ -112,6 +114,9 @@ private:
     };
 
     void SetSource(CColor color);
+
+    template <class Point>
+    void StrokeAll(const Point* points, int count);
     void Stroke(double ax, double ay, double bx, double by);
     void PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity);
 
@@ -121,6 +126,7 @@ private:
     bool textNoClip = false;
     std::shared_ptr<CBitmapContext> view;
     std::unique_ptr<CBitmapAdapter> bitmap;
+    CLineRasterizer rasterizer;
 };
 
 } // namespace Mirel::Graphics
