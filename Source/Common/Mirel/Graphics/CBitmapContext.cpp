@@ -35,7 +35,7 @@ std::shared_ptr<CBitmapContext> CBitmapContext::Create(CSize size, int depth)
     return context->data == nullptr ? nullptr : context;
 }
 
-std::shared_ptr<CBitmapContext> CBitmapContext::CreateView(_cairo_surface* surface)
+std::shared_ptr<CBitmapContext> CBitmapContext::CreateView(cairo_surface_t* surface)
 {
     if (surface == nullptr || cairo_surface_get_type(surface) != CAIRO_SURFACE_TYPE_IMAGE ||
         (cairo_image_surface_get_format(surface) != CAIRO_FORMAT_ARGB32 &&
@@ -59,6 +59,11 @@ CBitmapContext::~CBitmapContext()
 {
     if (surface != nullptr)
     {
+        if (memory != nullptr)
+        {
+            // Whoever still holds the surface must not reach the memory any more.
+            cairo_surface_finish(surface);
+        }
         cairo_surface_destroy(surface);
     }
 }
@@ -82,7 +87,7 @@ std::unique_ptr<IPixelAccess> CBitmapContext::CreatePixelAccess()
     return Graphics::CreatePixelAccess(depth, {data, stride, {CPoint(), size}});
 }
 
-_cairo_surface* CBitmapContext::BeginDrawing()
+cairo_surface_t* CBitmapContext::BeginDrawing()
 {
     if (size.width > CLimits::maxDrawingSide || size.height > CLimits::maxDrawingSide)
     {
@@ -123,7 +128,7 @@ void CBitmapContext::EndDrawing()
     ConvertShadow();
 }
 
-_cairo_surface* CBitmapContext::CreateSubImage(const CRect& part)
+cairo_surface_t* CBitmapContext::CreateSubImage(const CRect& part)
 {
     if (part.IsEmpty() || Intersect(part, {CPoint(), size}) != part || part.width > CLimits::maxDrawingSide ||
         part.height > CLimits::maxDrawingSide)

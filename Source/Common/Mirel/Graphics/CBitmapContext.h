@@ -1,12 +1,11 @@
 #pragma once
 
+#include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/IPixelAccess.h"
 
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
-
-struct _cairo_surface;
 
 namespace Mirel::Graphics
 {
@@ -26,7 +25,7 @@ public:
 
     /// A view on the pixels of an image surface of the drawing library, which it retains. None for another
     /// kind of surface, for other than 32 bits a pixel, and for one without pixels.
-    static std::shared_ptr<CBitmapContext> CreateView(_cairo_surface* surface);
+    static std::shared_ptr<CBitmapContext> CreateView(cairo_surface_t* surface);
 
     CBitmapContext(const CBitmapContext&) = delete;
     CBitmapContext& operator=(const CBitmapContext&) = delete;
@@ -43,12 +42,12 @@ public:
 
     /// The 32-bit surface to draw on, owned by the context; none if a side is longer than can be drawn into.
     /// Every call that gave a surface is ended by one of EndDrawing.
-    _cairo_surface* BeginDrawing();
+    cairo_surface_t* BeginDrawing();
     void EndDrawing();
 
     /// A 32-bit surface over that part of the pixels as they are now, for the caller to destroy; nothing is
     /// copied. None if the part does not lie inside or is too long. It must not outlive the context.
-    _cairo_surface* CreateSubImage(const CRect& part);
+    cairo_surface_t* CreateSubImage(const CRect& part);
 
 private:
     struct CFree
@@ -68,7 +67,7 @@ private:
     std::unique_ptr<std::uint8_t, CFree> memory; ///< Empty in a view.
     std::uint8_t* data = nullptr;
     std::shared_ptr<CBitmapContext> shadow; ///< Of depths other than 32, once needed.
-    _cairo_surface* surface = nullptr;      ///< Over the memory, once needed; the viewed one in a view.
+    cairo_surface_t* surface = nullptr;     ///< Over the memory, once needed; the viewed one in a view.
     int drawings = 0;
 };
 

@@ -10,7 +10,7 @@ namespace Mirel::Graphics
 
 std::unique_ptr<CBitmapSurface> CBitmapSurface::Create(CBitmapContext* pixels)
 {
-    _cairo_surface* target = pixels == nullptr ? nullptr : pixels->BeginDrawing();
+    cairo_surface_t* target = pixels == nullptr ? nullptr : pixels->BeginDrawing();
     if (target == nullptr)
     {
         return nullptr;
@@ -19,7 +19,7 @@ std::unique_ptr<CBitmapSurface> CBitmapSurface::Create(CBitmapContext* pixels)
         new CBitmapSurface(cairo_create(target), pixels->shared_from_this()));
 }
 
-CBitmapSurface::CBitmapSurface(_cairo* context_, std::shared_ptr<CBitmapContext> pixels_)
+CBitmapSurface::CBitmapSurface(cairo_t* context_, std::shared_ptr<CBitmapContext> pixels_)
     : CDrawSurface(context_),
       pixels(std::move(pixels_)),
       bitmap(pixels.get()),

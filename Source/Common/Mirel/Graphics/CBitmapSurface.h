@@ -2,6 +2,7 @@
 
 #include "Mirel/Graphics/CBitmapAdapter.h"
 #include "Mirel/Graphics/CDrawSurface.h"
+#include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/IPixelAccess.h"
 
 #include <memory>
@@ -29,7 +30,7 @@ public:
     IPixelAccess* GetPixelAccess() const { return access.get(); }
 
 private:
-    CBitmapSurface(_cairo* context_, std::shared_ptr<CBitmapContext> pixels_);
+    CBitmapSurface(cairo_t* context_, std::shared_ptr<CBitmapContext> pixels_);
 
     std::shared_ptr<CBitmapContext> pixels;
     CBitmapAdapter bitmap;

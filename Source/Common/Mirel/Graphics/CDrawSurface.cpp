@@ -21,7 +21,7 @@ constexpr double half = 0.5;
 constexpr int fullOpacity = 255;
 
 /// The clip's bounding box in whole pixels, none of which can be drawn on missing.
-CRect GetOuterClip(_cairo* context)
+CRect GetOuterClip(cairo_t* context)
 {
     double left = 0.0;
     double top = 0.0;
@@ -39,7 +39,7 @@ int GetLast(int first, int length)
     return static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + length - 1, INT32_MAX));
 }
 
-void AddRect(_cairo* context, const CRect& rect)
+void AddRect(cairo_t* context, const CRect& rect)
 {
     cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
 }
@@ -56,7 +56,7 @@ CRect GetWholePixels(const cairo_rectangle_t& rect)
 }
 
 /// The clip in the context's own coordinates if it is one rectangle of whole pixels, else no pixels.
-CRect GetPlainClip(_cairo* context)
+CRect GetPlainClip(cairo_t* context)
 {
     cairo_rectangle_list_t* list = cairo_copy_clip_rectangle_list(context);
     const bool plain = list->status == CAIRO_STATUS_SUCCESS && list->num_rectangles == 1;
@@ -66,7 +66,7 @@ CRect GetPlainClip(_cairo* context)
 }
 
 /// The origin in pixels if coordinates are but moved, and by whole pixels.
-std::optional<CPoint> GetPlainOrigin(_cairo* context)
+std::optional<CPoint> GetPlainOrigin(cairo_t* context)
 {
     cairo_matrix_t matrix = {};
     cairo_get_matrix(context, &matrix);
@@ -89,9 +89,9 @@ std::optional<CPoint> GetPlainOrigin(_cairo* context)
 
 /// The memory under a context that is plain enough to be drawn into past the library: 32-bit pixels, moved by
 /// whole pixels, clipped to a rectangle of them. Else without data.
-CPixelTarget GetPlainTarget(_cairo* context, CPoint& origin)
+CPixelTarget GetPlainTarget(cairo_t* context, CPoint& origin)
 {
-    _cairo_surface* surface = cairo_get_group_target(context);
+    cairo_surface_t* surface = cairo_get_group_target(context);
     const auto pixels = surface == cairo_get_target(context) ? CBitmapContext::CreateView(surface) : nullptr;
     const auto plainOrigin = pixels == nullptr ? std::nullopt : GetPlainOrigin(context);
     if (!plainOrigin || cairo_get_operator(context) != CAIRO_OPERATOR_OVER ||
@@ -124,7 +124,7 @@ CSegment MakeSeen(double ax, double ay, double bx, double by)
 
 } // namespace
 
-CDrawSurface::CDrawSurface(_cairo* context_) : context(context_)
+CDrawSurface::CDrawSurface(cairo_t* context_) : context(context_)
 {
     if (context != nullptr)
     {
@@ -184,7 +184,8 @@ void CDrawSurface::DrawRect(const CRect& rect)
 
 void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 {
-    Stroke(double{a.x} + half, double{a.y} + half, double{b.x} + half, double{b.y} + half);
+    Stroke(static_cast<double>(a.x) + half, static_cast<double>(a.y) + half, static_cast<double>(b.x) + half,
+           static_cast<double>(b.y) + half);
 }
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
@@ -194,7 +195,8 @@ void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 
 void CDrawSurface::DrawPointF(CPointF point)
 {
-    Stroke(double{point.x} + 1.0, double{point.y} + half, double{point.x} + half, double{point.y} + half);
+    Stroke(static_cast<double>(point.x) + 1.0, static_cast<double>(point.y) + half,
+           static_cast<double>(point.x) + half, static_cast<double>(point.y) + half);
 }
 
 void CDrawSurface::DrawPointsF(const CPointF* points, int count)
@@ -334,7 +336,7 @@ void CDrawSurface::RestoreState()
 
 CBitmap* CDrawSurface::GetBitmap()
 {
-    _cairo_surface* target = context == nullptr ? nullptr : cairo_get_target(context);
+    cairo_surface_t* target = context == nullptr ? nullptr : cairo_get_target(context);
     auto found = CBitmapContext::CreateView(target);
     if (found == nullptr)
     {
@@ -422,7 +424,7 @@ void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRe
     }
     const CRect part = Intersect(src, {CPoint(), pixels->GetSize()});
     const CRect seen = Intersect(dst, GetOuterClip(context));
-    _cairo_surface* source = seen.IsEmpty() ? nullptr : pixels->CreateSubImage(part);
+    cairo_surface_t* source = seen.IsEmpty() ? nullptr : pixels->CreateSubImage(part);
     if (source == nullptr)
     {
         return;

@@ -2,13 +2,12 @@
 
 #include "Mirel/Graphics/CColor.h"
 #include "Mirel/Graphics/CLineRasterizer.h"
+#include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
 
 #include <cstdint>
 #include <memory>
 #include <vector>
-
-struct _cairo;
 
 namespace Mirel::Graphics
 {
@@ -28,13 +27,13 @@ class CDrawSurface
 {
 public:
     /// Takes over the caller's reference to the context, and sets its line width and caps. May be null.
-    explicit CDrawSurface(_cairo* context_);
+    explicit CDrawSurface(cairo_t* context_);
     CDrawSurface(const CDrawSurface&) = delete;
     CDrawSurface& operator=(const CDrawSurface&) = delete;
     virtual ~CDrawSurface();
 
     /// The drawing library's context, owned by the surface; may be null.
-    virtual _cairo* GetNativeContext() const { return context; }
+    virtual cairo_t* GetNativeContext() const { return context; }
 
     /// The colour of lines and texts.
     virtual void SetPenColor(CColor color) { state.pen = color; }
@@ -120,7 +119,7 @@ private:
     void Stroke(double ax, double ay, double bx, double by);
     void PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity);
 
-    _cairo* context;
+    cairo_t* context;
     CState state;
     std::vector<CState> saved;
     bool textNoClip = false;

@@ -57,47 +57,62 @@ void CLineRasterizer::DrawSegment(const CPixelTarget& target, CColor color, cons
     {
         deltas.resize(static_cast<std::size_t>(columns) + 1, 0.0F);
     }
+    std::array<CEdge, 4> edges = {};
+    for (std::size_t i = 0; i < edges.size(); ++i)
+    {
+        edges[i] = MakeEdge(corners[i], corners[(i + 1) % corners.size()]);
+    }
     for (int y = firstRow; y < endRow && first < last; ++y)
     {
         firstTouched = columns;
         lastTouched = -1;
-        for (std::size_t i = 0; i < corners.size(); ++i)
+        for (const CEdge& edge : edges)
         {
-            AddEdge(corners[i], corners[(i + 1) % corners.size()], y);
+            AddEdge(edge, y);
         }
-        BlendRow(target.data + std::int64_t{target.stride} * y + std::int64_t{4} * firstColumn, first, last,
-                 color);
+        BlendRow(target.data + std::int64_t{target.stride} * y, first, last, color);
     }
 }
 
-void CLineRasterizer::AddEdge(CCorner from, CCorner to, double rowTop)
+CLineRasterizer::CEdge CLineRasterizer::MakeEdge(CCorner from, CCorner to) const
 {
-    const double low = std::clamp(from.y, rowTop, rowTop + 1.0);
-    const double high = std::clamp(to.y, rowTop, rowTop + 1.0);
     const double rise = to.y - from.y;
-    if (!(low < high || low > high))
+    const bool isLevel = !(rise < 0.0 || rise > 0.0);
+    return {
+        {from.x - firstColumn, from.y}, {to.x - firstColumn, to.y}, isLevel ? 0.0 : (to.x - from.x) / rise};
+}
+
+void CLineRasterizer::AddEdge(const CEdge& edge, double rowTop)
+{
+    const double start = std::clamp(edge.from.y, rowTop, rowTop + 1.0);
+    const double end = std::clamp(edge.to.y, rowTop, rowTop + 1.0);
+    if (!(start < end || start > end))
     {
         return;
     }
-    const double slope = (to.x - from.x) / rise;
-    const auto xAt = [&](double y)
-    {
-        return std::clamp(from.x + (y - from.y) * slope, std::min(from.x, to.x), std::max(from.x, to.x)) -
-               firstColumn;
-    };
-    AddPiece(xAt(low), low, xAt(high), high);
+    const auto [left, right] = std::minmax(edge.from.x, edge.to.x);
+    AddPiece(std::clamp(edge.from.x + (start - edge.from.y) * edge.slope, left, right),
+             std::clamp(edge.from.x + (end - edge.from.y) * edge.slope, left, right), end - start);
 }
 
 /// Notes one straight piece of the outline within the row. Pixels to the right of it change their coverage by
 /// its height; those that it crosses, by the area to its right.
-void CLineRasterizer::AddPiece(double x0, double y0, double x1, double y1)
+void CLineRasterizer::AddPiece(double x0, double x1, double height)
 {
-    const double height = y1 - y0;
     const double left = std::min(x0, x1);
     const double right = std::max(x0, x1);
     const int firstCrossed = std::clamp(static_cast<int>(left), 0, columns - 1);
     const int lastCrossed = std::clamp(static_cast<int>(std::ceil(right)) - 1, firstCrossed, columns - 1);
-    const double width = right - left;
+    if (firstCrossed == lastCrossed)
+    {
+        const double inside = firstCrossed + 1.0 - 0.5 * (left + right);
+        deltas[static_cast<std::size_t>(firstCrossed)] += static_cast<float>(height * inside);
+        deltas[static_cast<std::size_t>(firstCrossed) + 1] += static_cast<float>(height * (1.0 - inside));
+        firstTouched = std::min(firstTouched, firstCrossed);
+        lastTouched = std::max(lastTouched, firstCrossed + 1);
+        return;
+    }
+    const double perColumn = 1.0 / (right - left);
     firstTouched = std::min(firstTouched, firstCrossed);
     lastTouched = std::max(lastTouched, lastCrossed + 1);
     double carried = 0.0;
@@ -106,7 +121,7 @@ void CLineRasterizer::AddPiece(double x0, double y0, double x1, double y1)
         // The share of the piece that lies in this pixel, and how much of the pixel is to the right of it.
         const double from = std::max(left, static_cast<double>(column));
         const double to = std::min(right, column + 1.0);
-        const double share = width > 0.0 ? (to - from) / width : 1.0;
+        const double share = (to - from) * perColumn;
         const double inside = share * (column + 1.0 - 0.5 * (from + to));
         deltas[static_cast<std::size_t>(column)] += static_cast<float>(height * (carried + inside));
         carried = share - inside;
@@ -123,10 +138,10 @@ void CLineRasterizer::BlendRow(std::uint8_t* row, int first, int last, CColor co
         const float coverage = std::fabs(covered);
         if (column >= first && column < last && coverage > leastCoverage)
         {
+            const int x = firstColumn + column;
             const auto level = static_cast<unsigned>(std::min(coverage, 1.0F) * 255.0F + 0.5F);
-            StorePixel(row, column,
-                       level == opaque ? 0xff000000U | color.Pack()
-                                       : Blend(LoadPixel(row, column), color, level));
+            StorePixel(row, x,
+                       level == opaque ? 0xff000000U | color.Pack() : Blend(LoadPixel(row, x), color, level));
         }
     }
 }

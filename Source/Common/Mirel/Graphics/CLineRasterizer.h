@@ -35,8 +35,17 @@ private:
         double y;
     };
 
-    void AddEdge(CCorner from, CCorner to, double rowTop);
-    void AddPiece(double x0, double y0, double x1, double y1);
+    /// One side of the line's outline; x counts from firstColumn.
+    struct CEdge
+    {
+        CCorner from;
+        CCorner to;
+        double slope; ///< Columns for each row.
+    };
+
+    CEdge MakeEdge(CCorner from, CCorner to) const;
+    void AddEdge(const CEdge& edge, double rowTop);
+    void AddPiece(double x0, double x1, double height);
     void BlendRow(std::uint8_t* row, int first, int last, CColor color);
 
     /// Changes of coverage from pixel to pixel of the row being drawn; all 0 between rows.

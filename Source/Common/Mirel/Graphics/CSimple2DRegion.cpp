@@ -106,7 +106,7 @@ void CSimple2DRegion::Union(const CSimple2DRegion& other)
     cairo_region_union(region.get(), other.region.get());
 }
 
-void CSimple2DRegion::CDestroy::operator()(_cairo_region* dying) const
+void CSimple2DRegion::CDestroy::operator()(cairo_region_t* dying) const
 {
     cairo_region_destroy(dying);
 }

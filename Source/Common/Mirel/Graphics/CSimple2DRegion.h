@@ -1,10 +1,9 @@
 #pragma once
 
+#include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
 
 #include <memory>
-
-struct _cairo_region;
 
 namespace Mirel::Graphics
 {
@@ -40,10 +39,10 @@ public:
 private:
     struct CDestroy
     {
-        void operator()(_cairo_region* region) const;
+        void operator()(cairo_region_t* dying) const;
     };
 
-    std::unique_ptr<_cairo_region, CDestroy> region;
+    std::unique_ptr<cairo_region_t, CDestroy> region;
 };
 
 } // namespace Mirel::Graphics

@@ -118,7 +118,8 @@ TEST(CImageCatalog, MaskIsHitWhereItIsBrighterThanTheThreshold)
     for (int x = 0; x < 5; ++x)
     {
         const double grey = greys[static_cast<std::size_t>(x)];
-        EXPECT_EQ(catalog.HitTest(0, {x, 0}, 0.2F, {0, 0}), grey * 0.003921569 > double{0.2F}) << grey;
+        EXPECT_EQ(catalog.HitTest(0, {x, 0}, 0.2F, {0, 0}), grey * 0.003921569 > static_cast<double>(0.2F))
+            << grey;
         EXPECT_FALSE(catalog.HitTest(0, {x, 1}, 0.2F, {0, 0}));
     }
     EXPECT_FALSE(catalog.HitTest(0, {1, 0}, 0.2F, {0, 0}));

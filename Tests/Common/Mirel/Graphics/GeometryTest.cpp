@@ -23,7 +23,7 @@ TEST(Geometry, RectanglesThatOnlyTouchShareNothing)
 TEST(Geometry, IntersectionStandsTheLargestNumbers)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    EXPECT_EQ(Intersect({most, most, most, most}, {0, 0, most, most}).GetSize(), CSize(0, 0));
+    EXPECT_EQ(Intersect({most, most, most, most}, {0, 0, most, most}).GetSize(), CSize());
     EXPECT_EQ(Intersect({-most, -most, most, most}, {-5, -5, 10, 10}), CRect(-5, -5, 5, 5));
 }
 
