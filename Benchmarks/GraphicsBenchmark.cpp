@@ -8,6 +8,8 @@
 
 #include <benchmark/benchmark.h>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 
@@ -69,7 +71,8 @@ void Frame(benchmark::State& state)
                 {
                     for (int y = 0; y < side; ++y)
                     {
-                        std::memcpy(bitmap.GetData() + (y * width + 50) * 4, strip.GetData() + y * side * 4,
+                        std::memcpy(bitmap.GetData() + (std::int64_t{y} * width + 50) * 4,
+                                    strip.GetData() + std::int64_t{y} * side * 4,
                                     static_cast<std::size_t>(side) * 4);
                     }
                 });
