@@ -46,10 +46,15 @@ void PremultiplyAll(CBitmapContext& pixels)
 CSharedImage ReadImageFile(const char* path, std::int64_t maxPixels)
 {
     std::string content;
+    return Serialization::ReadFileWhole(path, CLimits::maxImageBytes, content) ? ReadImage(content, maxPixels)
+                                                                               : nullptr;
+}
+
+CSharedImage ReadImage(std::string_view content, std::int64_t maxPixels)
+{
     CPngReading reading;
     png_image& image = reading.image;
-    if (!Serialization::ReadFileWhole(path, CLimits::maxImageBytes, content) ||
-        png_image_begin_read_from_memory(&image, content.data(), content.size()) == 0)
+    if (png_image_begin_read_from_memory(&image, content.data(), content.size()) == 0)
     {
         return nullptr;
     }

@@ -3,6 +3,7 @@
 #include "Mirel/Graphics/CImage.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace Mirel::Graphics
 {
@@ -11,5 +12,8 @@ namespace Mirel::Graphics
 /// to be PNG. None if it cannot be read, is damaged, or has more pixels than maxPixels or CLimits allow: the
 /// header is asked before anything is decoded.
 CSharedImage ReadImageFile(const char* path, std::int64_t maxPixels);
+
+/// The same for the content of such a file.
+CSharedImage ReadImage(std::string_view content, std::int64_t maxPixels);
 
 } // namespace Mirel::Graphics
