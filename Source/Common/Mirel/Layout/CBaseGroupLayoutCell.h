@@ -12,8 +12,8 @@
 namespace Mirel::Layout
 {
 
-/// A cell that holds cells: margins, alignment of the content, and a size that is the content's or fixed, axis
-/// by axis. How it holds them is the matter of the classes above. GUI thread only.
+/// A cell that holds cells: margins, alignment of the content, and a size that is the content's or fixed,
+/// axis by axis. How it holds them is the matter of the classes above. GUI thread only.
 class CBaseGroupLayoutCell : public CLayoutCell, public virtual ILayoutGroup
 {
 public:

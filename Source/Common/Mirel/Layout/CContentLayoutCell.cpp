@@ -44,7 +44,8 @@ void CContentLayoutCell::Arrange(const Core::CPoint& point)
     const unsigned arrangement = ++arrangements;
     ShowContent();
     content.Move(point);
-    // Known before the widget hears of it: a widget that reports its new size must not have it taken as its own.
+    // Known before the widget hears of it: a widget that reports its new size must not have it taken as its
+    // own.
     hasGivenSize = true;
     givenToContent = GetSize();
     content.SetSize(givenToContent);

@@ -305,8 +305,8 @@ void CGroupLayoutCell::PlaceStack(const Core::CPoint& point, unsigned pass)
     {
         if (!item.removed)
         {
-            item.cell->Arrange({PlaceAcross(EAxis::Horizontal, item, point),
-                                PlaceAcross(EAxis::Vertical, item, point)});
+            item.cell->Arrange(
+                {PlaceAcross(EAxis::Horizontal, item, point), PlaceAcross(EAxis::Vertical, item, point)});
             if (IsSuperseded(pass))
             {
                 return;

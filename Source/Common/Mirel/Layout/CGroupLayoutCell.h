@@ -9,8 +9,9 @@
 namespace Mirel::Layout
 {
 
-/// A row, a column or a layer stack of cells. In a row and a column, cells with a flex weight share the pixels
-/// that are left over, or give up those that are missing. Arranging allocates nothing. GUI thread only.
+/// A row, a column or a layer stack of cells. In a row and a column, cells with a flex weight share the
+/// pixels that are left over, or give up those that are missing. Arranging allocates nothing. GUI thread
+/// only.
 class CGroupLayoutCell : public CBaseGroupLayoutCell
 {
 public:
@@ -44,10 +45,7 @@ protected:
     void ArrangeItems(const Core::CPoint& point);
 
 private:
-    EAxis GetMainAxis() const
-    {
-        return layoutType == ELayoutType::Row ? EAxis::Horizontal : EAxis::Vertical;
-    }
+    EAxis GetMainAxis() const { return layoutType == ELayoutType::Row ? EAxis::Horizontal : EAxis::Vertical; }
 
     bool IsFlow() const { return layoutType == ELayoutType::Row || layoutType == ELayoutType::Column; }
 

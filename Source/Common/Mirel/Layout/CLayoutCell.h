@@ -16,9 +16,9 @@ class CBaseGroupLayoutCell;
 /// A cell has a size of its own, from its last size pass or from SetSize, and may be given another by its
 /// group. Every arrangement starts from the own sizes, so that it never depends on the ones before it.
 ///
-/// GUI thread only. Listeners of the events here may change the tree and remove cells from their groups; those
-/// cells are destroyed once the layout under way is done. Destroying a cell directly from such a listener is
-/// the caller's error.
+/// GUI thread only. Listeners of the events here may change the tree and remove cells from their groups;
+/// those cells are destroyed once the layout under way is done. Destroying a cell directly from such a
+/// listener is the caller's error.
 class CLayoutCell : public virtual Core::IUpdate
 {
 public:
@@ -71,8 +71,8 @@ public:
     virtual void SetAutoUpdate(bool newAutoUpdate);
     virtual bool GetAutoUpdate() const { return autoUpdate; }
 
-    /// To be called after a change to the content: lays out again, from the lowest cell around the change that
-    /// keeps its size.
+    /// To be called after a change to the content: lays out again, from the lowest cell around the change
+    /// that keeps its size.
     void Update() override;
 
     CBaseGroupLayoutCell* GetParent() const { return parent; }

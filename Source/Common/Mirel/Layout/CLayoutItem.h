@@ -31,7 +31,7 @@ struct CLayoutItem
     }
 
     CLayoutOptions options;
-    Core::CSize target; ///< The size that the arrange pass under way gives to the cell.
+    Core::CSize target;   ///< The size that the arrange pass under way gives to the cell.
     bool removed = false; ///< The item stands in its list only until the walks over it are done.
     Core::TOwnership<CLayoutCell> cell;
 };

@@ -112,8 +112,8 @@ CLayoutCell* CLayoutItems::GetCurrentCell() const
 
 CLayoutItems::CIterator CLayoutItems::Find(const CLayoutCell* cell)
 {
-    return std::find_if(items.begin(), items.end(), [cell](const CLayoutItem& item)
-                        { return !item.removed && item.cell.Get() == cell; });
+    return std::find_if(items.begin(), items.end(),
+                        [cell](const CLayoutItem& item) { return !item.removed && item.cell.Get() == cell; });
 }
 
 } // namespace Mirel::Layout

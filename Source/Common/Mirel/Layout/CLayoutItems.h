@@ -28,9 +28,9 @@ public:
     /// Inserts the cell, and sets the insertion point behind it.
     CLayoutItem& Add(CLayoutCell* cell, const CLayoutOptions& options, bool owned);
 
-    /// Marks the cell's item as removed and sets the insertion point to the end. A cell that is owned goes with
-    /// the item if destroy is set, else is the caller's. False, with nothing but the insertion point changed, if
-    /// the cell is not here.
+    /// Marks the cell's item as removed and sets the insertion point to the end. A cell that is owned goes
+    /// with the item if destroy is set, else is the caller's. False, with nothing but the insertion point
+    /// changed, if the cell is not here.
     bool Remove(const CLayoutCell* cell, bool destroy);
 
     /// Marks all items as removed.
@@ -39,7 +39,8 @@ public:
     /// Destroys the items that are marked as removed.
     void Purge();
 
-    /// Behind the cell; null for the head. False, with the insertion point at the end, if the cell is not here.
+    /// Behind the cell; null for the head. False, with the insertion point at the end, if the cell is not
+    /// here.
     bool SetInsertionPoint(const CLayoutCell* cell);
 
     void MoveInsertionPointToEnd() { insertionPoint = items.end(); }

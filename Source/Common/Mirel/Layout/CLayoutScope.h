@@ -8,8 +8,8 @@ namespace Mirel::Layout
 struct CLayoutItem;
 
 /// Stands on the stack around everything in the layout that calls listeners. Cells that are removed meanwhile
-/// are destroyed when the outermost scope ends: a listener may remove the very cell whose event it hears, or a
-/// group around it, and the callers beneath still use them.
+/// are destroyed when the outermost scope ends: a listener may remove the very cell whose event it hears, or
+/// a group around it, and the callers beneath still use them.
 class CLayoutScope
 {
 public:

@@ -86,8 +86,8 @@ CTableLayoutCell::CRow* CTableLayoutCell::AddRow(float heightRatio, std::int32_t
     const CWalk walk(*this);
     const auto current =
         std::find_if(rows.begin(), rows.end(), [this](const CRow& row) { return &row == currentRow; });
-    CRow& row = *rows.emplace(current == rows.end() ? current : std::next(current), *this, heightRatio,
-                              fixedHeight);
+    CRow& row =
+        *rows.emplace(current == rows.end() ? current : std::next(current), *this, heightRatio, fixedHeight);
     ++rowCount;
     currentRow = &row;
     Update();
@@ -308,8 +308,8 @@ Core::CSize CTableLayoutCell::NaturalSizeOfExtents() const
 {
     const std::int64_t width = (std::int64_t{columnCount} - 1) * hSpacing + 2 * std::int64_t{GetHMargin()} +
                                Sum(extents.columnWidths);
-    const std::int64_t height = (std::int64_t{rowCount} - 1) * vSpacing + 2 * std::int64_t{GetVMargin()} +
-                                Sum(extents.rowHeights);
+    const std::int64_t height =
+        (std::int64_t{rowCount} - 1) * vSpacing + 2 * std::int64_t{GetVMargin()} + Sum(extents.rowHeights);
     return {Core::SaturateToInt32(width), Core::SaturateToInt32(height)};
 }
 

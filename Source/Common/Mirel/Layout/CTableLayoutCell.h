@@ -11,9 +11,9 @@
 namespace Mirel::Layout
 {
 
-/// Rows of cells whose columns line up. A column is as wide as its widest displayed cell, a row as high as its
-/// highest one unless its height is given. Hidden cells take no column: those behind them move up. The flex
-/// weights and positions of the cells have no effect. GUI thread only.
+/// Rows of cells whose columns line up. A column is as wide as its widest displayed cell, a row as high as
+/// its highest one unless its height is given. Hidden cells take no column: those behind them move up. The
+/// flex weights and positions of the cells have no effect. GUI thread only.
 class CTableLayoutCell : public CBaseGroupLayoutCell
 {
 public:
@@ -114,7 +114,8 @@ private:
     bool FindRowTargets(CRow& row, std::int32_t rowHeight);
     bool GiveTargets(unsigned pass);
     void Place(const Core::CPoint& point, unsigned pass);
-    bool PlaceRow(const CRow& row, std::int64_t left, std::int64_t top, std::int32_t rowHeight, unsigned pass);
+    bool PlaceRow(const CRow& row, std::int64_t left, std::int64_t top, std::int32_t rowHeight,
+                  unsigned pass);
     CRow* GetLastRow();
 
     std::int32_t hSpacing;

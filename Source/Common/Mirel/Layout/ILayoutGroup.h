@@ -46,8 +46,8 @@ public:
     /// a table has no row; null too if a listener removed the cell at once.
     virtual CLayoutOptions* AddCell(CLayoutCell* cell, const CLayoutOptions& options, bool owned) = 0;
 
-    /// Takes the cell out, with destroy also destroys it if it was owned, and moves the insertion point to the
-    /// end. A cell that is not here is left alone.
+    /// Takes the cell out, with destroy also destroys it if it was owned, and moves the insertion point to
+    /// the end. A cell that is not here is left alone.
     virtual void RemoveCell(CLayoutCell* cell, bool destroy) = 0;
 
     /// Behind the cell; null for the head. A cell that is not here means the end.

@@ -9,7 +9,8 @@
 namespace Mirel::Layout
 {
 
-/// The extent of a cell that takes a share of the available pixels, in single precision, rounded towards zero.
+/// The extent of a cell that takes a share of the available pixels, in single precision, rounded towards
+/// zero.
 inline std::int32_t RatioExtent(std::int64_t available, float ratio)
 {
     return Core::TruncateToInt32(static_cast<float>(Core::SaturateToInt32(available)) * ratio);

@@ -53,7 +53,9 @@ TEST(CBaseGroupLayoutCell, EverySetterUpdatesOnAChangeOnly)
         [&] { group.SetAutoWidth(false); },
         [&] { group.SetAutoHeight(false); },
         [&] { group.SetAutoSize(true); },
-        [&] { group.SetFixedSize({3, 4}); },
+        [&] {
+            group.SetFixedSize({3, 4});
+        },
         [&] { group.SetHMargin(5); },
         [&] { group.SetVMargin(6); },
         [&] { group.SetSpacing(7); },

@@ -248,8 +248,8 @@ private:
             Share(node, main, flexTotal);
             FindNatural(node, false);
         }
-        int cursor = point[main] + node.margin[main] + Aligned(node.internalAlign[main],
-                                                              size[main] - natural[&node][main]);
+        int cursor = point[main] + node.margin[main] +
+                     Aligned(node.internalAlign[main], size[main] - natural[&node][main]);
         for (const auto& child : node.children)
         {
             TPair<int> place = {};
@@ -318,8 +318,8 @@ private:
             }
             for (std::size_t i = 0; i < node.rows[r].cells; ++i, ++child)
             {
-                changed |= (*child)->displayed &&
-                           Ratios(**child, size[0] - 2 * node.margin[0], table.rows[r]);
+                changed |=
+                    (*child)->displayed && Ratios(**child, size[0] - 2 * node.margin[0], table.rows[r]);
             }
         }
         if (changed)

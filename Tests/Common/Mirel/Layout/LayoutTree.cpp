@@ -73,7 +73,8 @@ std::unique_ptr<CNode> RandomNode(int depth, std::mt19937& random)
     {
         for (int row = Pick(random, 0, 3); row > 0; --row)
         {
-            node->rows.push_back({RandomRatio(random), Pick(random, 0, 3) == 0 ? Pick(random, 0, 40) : -1, 0});
+            node->rows.push_back(
+                {RandomRatio(random), Pick(random, 0, 3) == 0 ? Pick(random, 0, 40) : -1, 0});
         }
     }
     return node;
@@ -87,8 +88,7 @@ bool CanHoldMore(const CNode& node)
 /// Puts the child into the parent's list; the child that it stands behind, or null.
 const CNode* Insert(CNode& parent, std::unique_ptr<CNode> child, bool live, std::mt19937& random)
 {
-    std::size_t index =
-        static_cast<std::size_t>(Pick(random, 0, static_cast<int>(parent.children.size())));
+    std::size_t index = static_cast<std::size_t>(Pick(random, 0, static_cast<int>(parent.children.size())));
     if (parent.kind == CNode::EKind::Table)
     {
         auto row = static_cast<std::size_t>(Pick(random, 0, static_cast<int>(parent.rows.size()) - 1));
@@ -222,7 +222,8 @@ std::unique_ptr<CLayoutCell> CLiveTree::MakeGroup(const CNode& node)
     }
     else
     {
-        group = std::make_unique<CGroupLayoutCell>(node.type, node.spacing[0], node.margin[0], node.margin[1]);
+        group =
+            std::make_unique<CGroupLayoutCell>(node.type, node.spacing[0], node.margin[0], node.margin[1]);
         group->SetFixedSize({node.size[0], node.size[1]});
     }
     if (node.kind == CNode::EKind::Table)

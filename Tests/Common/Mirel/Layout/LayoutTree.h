@@ -19,7 +19,8 @@ namespace Tests
 template <class T>
 using TPair = std::array<T, 2>;
 
-/// A tree of cells on paper: from it live trees are built, and a second, slow computation takes the positions.
+/// A tree of cells on paper: from it live trees are built, and a second, slow computation takes the
+/// positions.
 struct CNode
 {
     enum class EKind
