@@ -21,6 +21,13 @@ Core::CSize TargetSize(const CLayoutItem& item)
     return item.target;
 }
 
+/// The extent of one layer, or of a cell across the flow.
+std::int64_t LayerExtent(const CLayoutItem& item, EAxis axis, const Core::CSize& size, std::int64_t margin)
+{
+    const std::int64_t before = item.options.HasPosition(axis) ? item.options.GetPosition(axis) : margin;
+    return before + margin + Along(size, axis);
+}
+
 } // namespace
 
 CGroupLayoutCell::CGroupLayoutCell(ELayoutType layoutType_, std::int32_t spacing_, std::int32_t hMargin_,
@@ -121,14 +128,6 @@ template <class SizeOf>
 Core::CSize CGroupLayoutCell::NaturalSizeBy(const SizeOf& sizeOf) const
 {
     return IsFlow() ? FlowSizeBy(sizeOf) : StackSizeBy(sizeOf);
-}
-
-/// The extent of one layer, or of a cell across the flow.
-static std::int64_t LayerExtent(const CLayoutItem& item, EAxis axis, const Core::CSize& size,
-                                std::int64_t margin)
-{
-    const std::int64_t before = item.options.HasPosition(axis) ? item.options.GetPosition(axis) : margin;
-    return before + margin + Along(size, axis);
 }
 
 template <class SizeOf>

@@ -61,8 +61,10 @@ void CLayoutCell::Detach()
 {
     if (parent != nullptr)
     {
-        parent->RemoveCell(this, false);
+        // Cleared first: a listener may have the cell in another group before the removal returns.
+        CBaseGroupLayoutCell* left = parent;
         SetParent(nullptr);
+        left->RemoveCell(this, false);
     }
 }
 

@@ -13,7 +13,8 @@ namespace Mirel::Layout
 /// zero.
 inline std::int32_t RatioExtent(std::int64_t available, float ratio)
 {
-    return Core::TruncateToInt32(static_cast<float>(Core::SaturateToInt32(available)) * ratio);
+    const float extent = static_cast<float>(Core::SaturateToInt32(available)) * ratio;
+    return Core::TruncateToInt32(static_cast<double>(extent));
 }
 
 /// How far the content moves into what is left over around it, which may be negative. The half of an odd

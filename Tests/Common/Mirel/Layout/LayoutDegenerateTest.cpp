@@ -336,6 +336,19 @@ TEST(LayoutDegenerate, ListenerMayClearATableThatIsBeingArranged)
     EXPECT_EQ(table.GetRowCount(), 0);
 }
 
+TEST(LayoutDegenerate, ListenerMayTakeTheCellThatIsDetached)
+{
+    CGroupLayoutCell from;
+    CGroupLayoutCell to;
+    CBox box({10, 10});
+    from.AddCell(&box, {}, false);
+    from.SetAutoUpdate(true);
+    CFunctionCommand take([&] { to.AddCell(&box, {}, false); });
+    from.GetSizeChangedEvent().Connect(take);
+    box.Detach();
+    EXPECT_EQ(box.GetParent(), &to);
+}
+
 TEST(LayoutDegenerate, ChangeByAListenerIsLaidOutLast)
 {
     CGroupLayoutCell row(ELayoutType::Row);

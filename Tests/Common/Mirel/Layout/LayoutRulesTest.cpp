@@ -19,6 +19,7 @@ std::vector<std::int32_t> Shares(std::int64_t freePixels, const std::vector<floa
     }
     CFlexSharing sharing(freePixels, total);
     std::vector<std::int32_t> shares;
+    shares.reserve(weights.size());
     for (const float weight : weights)
     {
         shares.push_back(sharing.Next(weight));
