@@ -92,6 +92,7 @@ std::string CRealTimeWatch::GetFirst() const
 #define WATCHED extern "C" __attribute__((visibility("default")))
 
 // The C library's own entries for memory: to look them up by name would itself allocate.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C"
 {
     void* __libc_malloc(std::size_t size);
@@ -100,6 +101,7 @@ extern "C"
     void* __libc_memalign(std::size_t alignment, std::size_t size);
     void __libc_free(void* block);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 WATCHED void* malloc(std::size_t size)
 {
@@ -147,7 +149,7 @@ WATCHED void free(void* block)
     __libc_free(block);
 }
 
-// A function that is seen and then handed on as it is.
+// A function that is seen and then handed on as it is. NOLINTBEGIN(bugprone-macro-parentheses)
 #define WATCH(result, name, parameters, arguments)                                                           \
     WATCHED result name parameters                                                                           \
     {                                                                                                        \
@@ -155,6 +157,7 @@ WATCHED void free(void* block)
         See(#name);                                                                                          \
         return Next<result parameters>(#name, known) arguments;                                              \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 WATCH(int, pthread_mutex_lock, (pthread_mutex_t * mutex), (mutex))
 WATCH(int, pthread_mutex_timedlock, (pthread_mutex_t * mutex, const timespec* end), (mutex, end))
