@@ -113,6 +113,18 @@ std::int32_t AAXExtEffectParameters::GetParameterStepCount(const char* id, std::
                          { return Give(steps, std::int32_t{parameter.GetStepCount()}); });
 }
 
+std::int32_t AAXExtEffectParameters::GetParameterRange(const char* id, double* min, double* max)
+{
+    return WithParameter(parameters, id,
+                         [&](const CAAXPluginParameter& parameter)
+                         {
+                             const std::int32_t result = Give(min, double{parameter.GetTaper().ToPlain(0.0)});
+                             return result != AAXResult::Ok
+                                        ? result
+                                        : Give(max, double{parameter.GetTaper().ToPlain(1.0)});
+                         });
+}
+
 std::int32_t AAXExtEffectParameters::GetParameterDefault(const char* id, double* normalized)
 {
     return WithParameter(

@@ -29,6 +29,7 @@ public:
     std::int32_t GetParameterName(const char* id, char* name, std::int32_t capacity) override;
     std::int32_t IsParameterContinuous(const char* id, std::int32_t* continuous) override;
     std::int32_t GetParameterStepCount(const char* id, std::int32_t* steps) override;
+    std::int32_t GetParameterRange(const char* id, double* min, double* max) override;
     std::int32_t GetParameterDefault(const char* id, double* normalized) override;
     std::int32_t GetParameterValue(const char* id, double* normalized) override;
     std::int32_t SetParameterValue(const char* id, double normalized) override;

@@ -321,4 +321,14 @@ std::int32_t CAAXPluginParameters::GetRefreshes(std::int64_t* count, std::int64_
     return AAXResult::Ok;
 }
 
+std::int32_t CAAXPluginParameters::GetPublications(std::int64_t* count)
+{
+    if (count == nullptr)
+    {
+        return AAXResult::Failed;
+    }
+    *count = processContext.GetRefreshes().published;
+    return AAXResult::Ok;
+}
+
 } // namespace MirelExt::AAXPlugin

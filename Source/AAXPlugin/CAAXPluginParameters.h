@@ -47,6 +47,7 @@ public:
                                float* maxY) override;
     std::int32_t EvaluateCurve(std::int32_t curve, const float* x, std::int32_t count, float* y) override;
     std::int32_t GetRefreshes(std::int64_t* count, std::int64_t* lastPosition) override;
+    std::int32_t GetPublications(std::int64_t* count) override;
 
 protected:
     std::int32_t EffectInit() override;

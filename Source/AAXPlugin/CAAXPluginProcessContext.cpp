@@ -99,7 +99,8 @@ void CAAXPluginProcessContext::Process(AAX_InstanceRecord record)
 
 CAAXPluginProcessContext::CRefreshes CAAXPluginProcessContext::GetRefreshes() const
 {
-    return {refreshCount.load(std::memory_order_relaxed), lastRefresh.load(std::memory_order_relaxed)};
+    return {refreshCount.load(std::memory_order_relaxed), lastRefresh.load(std::memory_order_relaxed),
+            publicationCount.load(std::memory_order_relaxed)};
 }
 
 void CAAXPluginProcessContext::ReadMidi(IAAXMidiNode* node)
@@ -155,6 +156,8 @@ void CAAXPluginProcessContext::RefreshOutputs(IAAXMidiNode* node)
     {
         PublishParams(node);
         areParamsPublished = true;
+        refreshCount.fetch_add(1, std::memory_order_relaxed);
+        lastRefresh.store(processedSamples, std::memory_order_relaxed);
     }
     if (!internals.PublishOutputs())
     {
@@ -163,8 +166,7 @@ void CAAXPluginProcessContext::RefreshOutputs(IAAXMidiNode* node)
     }
     areParamsPublished = false;
     sync.Reset();
-    refreshCount.fetch_add(1, std::memory_order_relaxed);
-    lastRefresh.store(processedSamples, std::memory_order_relaxed);
+    publicationCount.fetch_add(1, std::memory_order_relaxed);
 }
 
 void CAAXPluginProcessContext::PublishParams(IAAXMidiNode* node)

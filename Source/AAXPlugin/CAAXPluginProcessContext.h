@@ -22,11 +22,13 @@ namespace MirelExt::AAXPlugin
 class CAAXPluginProcessContext
 {
 public:
-    /// Where the refreshes of an instance stand: how many there were, and the samples processed by the last.
+    /// Where the refreshes of an instance stand: how often output was due, the samples processed by the last
+    /// time, and how often it was published.
     struct CRefreshes
     {
         std::int64_t count = 0;
         std::int64_t lastPosition = 0;
+        std::int64_t published = 0;
     };
 
     /// All must outlive this object.
@@ -68,6 +70,7 @@ private:
     std::int64_t processedSamples = 0;
     std::atomic<std::int64_t> refreshCount = 0;
     std::atomic<std::int64_t> lastRefresh = 0;
+    std::atomic<std::int64_t> publicationCount = 0;
 };
 
 /// The process procedure of every variant: processes a block of each instance whose packet names its context;

@@ -1,10 +1,19 @@
 #include "Host/CHostProgram.h"
 
+#include "Host/Audio/CDemoSource.h"
+#include "Host/Audio/CSoundFileSource.h"
 #include "Host/CDescriptionPrinter.h"
+#include "Host/CHostInstance.h"
 #include "Host/CPluginSession.h"
+#include "Host/Run/COfflineRun.h"
+#include "Host/Run/CurvesFile.h"
+#include "Host/Run/StateFiles.h"
+#include "Mirel/Serialization/WholeFile.h"
 
-#include <CLI/CLI.hpp>
-
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <ostream>
 #include <utility>
 
 namespace Host
@@ -16,52 +25,153 @@ namespace
 constexpr int Success = 0;
 constexpr int Failure = 1;
 
+/// Frames in so many seconds; all that there can be for more than fit a counter.
+std::int64_t FramesIn(double seconds, double sampleRate)
+{
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 2;
+    const double frames = seconds * sampleRate;
+    return frames < static_cast<double>(most) ? std::llround(frames) : most;
+}
+
+/// Whether a run is asked for anything but to happen.
+bool HasResult(const CRunOptions& options)
+{
+    return options.summary || !options.summaryFile.empty() || !options.outputFile.empty() ||
+           !options.curvesFile.empty() || !options.saveState.empty() || !options.savePreset.empty();
+}
+
 } // namespace
 
-CHostProgram::CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_)
+CHostProgram::CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_,
+                           bool onTerminal_)
     : out(out_),
       error(error_),
-      modulePath(std::move(modulePath_))
+      onTerminal(onTerminal_)
 {
+    options.modulePath = std::move(modulePath_);
 }
 
 int CHostProgram::Run(int argumentCount, const char* const* arguments)
 {
-    CLI::App app("A host for the plug-in module that stands beside it.", "scope-bank");
-    bool describe = false;
-    app.add_option("--module", modulePath, "The module to load instead")->type_name("PATH");
-    app.add_flag("--describe", describe, "Print what the module declares, one declaration a line");
-    try
-    {
-        app.parse(argumentCount, arguments);
-    }
-    catch (const CLI::Success&)
-    {
-        out << app.help();
-        return Success;
-    }
-    catch (const CLI::ParseError& failure)
-    {
-        return Fail(failure.what());
-    }
-    if (describe)
-    {
-        return Describe();
-    }
-    out << app.help();
-    return Success;
-}
-
-int CHostProgram::Describe()
-{
-    CPluginSession session;
     std::string message;
-    if (!session.Open(modulePath, message))
+    switch (ParseCommandLine(argumentCount, arguments, out, options, message))
+    {
+    case EParsed::Done:
+        return Success;
+    case EParsed::Failed:
+        return Fail(message);
+    case EParsed::Run:
+        break;
+    }
+    CPluginSession session;
+    if (!session.Open(options.modulePath, message))
     {
         return Fail(message);
     }
-    CDescriptionPrinter(out).Print(*session.GetCollection());
+    const bool done = options.describe ? Describe(session) : RunInstance(session, message);
+    if (!done)
+    {
+        return Fail(message);
+    }
     return session.Close(message) ? Success : Fail(message);
+}
+
+bool CHostProgram::Describe(const CPluginSession& session)
+{
+    CDescriptionPrinter(out).Print(*session.GetCollection());
+    return true;
+}
+
+bool CHostProgram::RunInstance(const CPluginSession& session, std::string& message)
+{
+    const std::unique_ptr<IAudioSource> source = OpenSource(message);
+    if (source == nullptr)
+    {
+        return false;
+    }
+    const CInstanceSetup setup = {source->GetChannelCount(), source->GetSampleRate()};
+    const auto instance = CHostInstance::Make(*session.GetCollection(), setup, message);
+    return instance != nullptr && LoadState(*instance, message) && Play(*instance, *source, message) &&
+           SaveResults(*instance, message);
+}
+
+std::unique_ptr<IAudioSource> CHostProgram::OpenSource(std::string& message)
+{
+    if (options.inputFile.empty())
+    {
+        return std::make_unique<CDemoSource>();
+    }
+    auto file = std::make_unique<CSoundFileSource>();
+    if (!file->Open(options.inputFile, message))
+    {
+        return nullptr;
+    }
+    if (file->GetFileChannelCount() > file->GetChannelCount())
+    {
+        error << "scope-bank: \"" << options.inputFile << "\" has " << file->GetFileChannelCount()
+              << " channels; the first two are played\n";
+    }
+    return file;
+}
+
+bool CHostProgram::LoadState(CHostInstance& instance, std::string& message) const
+{
+    return (options.loadState.empty() || Host::LoadState(instance, options.loadState, message)) &&
+           (options.loadPreset.empty() || LoadPreset(instance, options.loadPreset, message));
+}
+
+bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::string& message)
+{
+    COfflineRun run(instance, options);
+    if (!run.Prepare(message))
+    {
+        return false;
+    }
+    if (options.listParams)
+    {
+        run.PrintParameters(out);
+        return true;
+    }
+    CSoundFileWriter writer;
+    const bool writes = !options.outputFile.empty();
+    const double rate = source.GetSampleRate();
+    if (writes && !writer.Open(options.outputFile, static_cast<int>(rate), source.GetChannelCount(), message))
+    {
+        return false;
+    }
+    const std::int64_t skipped = std::min(FramesIn(options.offset, rate), source.GetFrameCount());
+    source.Skip(skipped);
+    std::int64_t frames = source.GetFrameCount() - skipped;
+    if (options.seconds)
+    {
+        frames = std::min(frames, FramesIn(*options.seconds, rate));
+    }
+    CProgressBar progress(error, onTerminal, frames, rate);
+    const CRunSummary summary = run.Play(source, frames, writes ? &writer : nullptr, progress);
+    if (options.summary || !HasResult(options))
+    {
+        PrintSummary(summary, out);
+    }
+    if (!options.summaryFile.empty() &&
+        !Mirel::Serialization::WriteFileWhole(options.summaryFile.c_str(), SummaryJson(summary)))
+    {
+        message = "cannot write \"" + options.summaryFile + '"';
+        return false;
+    }
+    return !writes || writer.Finish(message);
+}
+
+bool CHostProgram::SaveResults(CHostInstance& instance, std::string& message) const
+{
+    if (!options.curvesFile.empty() && instance.GetCurves() == nullptr)
+    {
+        message = "the plug-in publishes no curves";
+        return false;
+    }
+    return (options.curvesFile.empty() ||
+            WriteCurves(*instance.GetCurves(), options.curvePoints, options.curvesFile, message)) &&
+           (options.saveState.empty() || SaveState(instance, options.saveState, message)) &&
+           (options.savePreset.empty() || SavePreset(instance, options.savePreset, message));
 }
 
 int CHostProgram::Fail(const std::string& message)

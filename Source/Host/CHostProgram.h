@@ -1,29 +1,43 @@
 #pragma once
 
-#include <ostream>
+#include "Host/Run/CRunOptions.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
 #include <string>
 
 namespace Host
 {
 
-/// The command line of the host program.
+class CHostInstance;
+class CPluginSession;
+class IAudioSource;
+
+/// The program: reads the command line, does what it asks for, and answers with an exit code. Failures are
+/// one line on the error stream.
 class CHostProgram
 {
 public:
-    /// Results go to `out`, errors to `error`, one line each. `modulePath` is the module used unless the
-    /// command line names another.
-    CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_);
+    /// `modulePath` is the module that is used unless the command line names another. On a terminal a run
+    /// shows on `error` how far it has come.
+    CHostProgram(std::ostream& out_, std::ostream& error_, std::string modulePath_, bool onTerminal_ = false);
 
-    /// The exit code: 0, or 1 after an error.
     int Run(int argumentCount, const char* const* arguments);
 
 private:
-    int Describe();
+    bool Describe(const CPluginSession& session);
+    bool RunInstance(const CPluginSession& session, std::string& message);
+    std::unique_ptr<IAudioSource> OpenSource(std::string& message);
+    bool LoadState(CHostInstance& instance, std::string& message) const;
+    bool Play(CHostInstance& instance, IAudioSource& source, std::string& message);
+    bool SaveResults(CHostInstance& instance, std::string& message) const;
     int Fail(const std::string& message);
 
     std::ostream& out;
     std::ostream& error;
-    std::string modulePath;
+    bool onTerminal;
+    CRunOptions options;
 };
 
 } // namespace Host

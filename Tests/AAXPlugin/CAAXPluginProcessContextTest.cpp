@@ -331,14 +331,17 @@ TEST(ProcessContext, ReaderAtTheCapturesPutsThePublicationOffToTheNextBlock)
             });
         audio.join();
     }
-    EXPECT_EQ(rig.context.GetRefreshes().count, 0);
+    EXPECT_EQ(rig.context.GetRefreshes().count, 1);
+    EXPECT_EQ(rig.context.GetRefreshes().lastPosition, 10);
+    EXPECT_EQ(rig.context.GetRefreshes().published, 0);
     EXPECT_EQ(rig.midiOutput->GetAll().size(), 1U) << "parameters go out once for each refresh";
     rig.RunValue(0.5F, 10);
     EXPECT_EQ(rig.context.GetRefreshes().count, 1);
-    EXPECT_EQ(rig.context.GetRefreshes().lastPosition, 30);
+    EXPECT_EQ(rig.context.GetRefreshes().published, 1);
     EXPECT_EQ(rig.midiOutput->GetAll().size(), 1U);
     rig.RunValue(0.5F, 10);
     EXPECT_EQ(rig.context.GetRefreshes().count, 1);
+    EXPECT_EQ(rig.context.GetRefreshes().published, 1);
 }
 
 TEST(ProcessContext, SampleRateThatTheFilterCannotRunAtIsRefused)

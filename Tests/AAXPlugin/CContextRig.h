@@ -5,8 +5,8 @@
 #include "AAXPlugin/CListeningFilter.h"
 #include "AAXPlugin/ParamAdapters.h"
 #include "AAXPlugin/ProcessFields.h"
-#include "Common/Mirel/Serialization/TemporaryFolder.h"
 #include "Host/CHostMidiNode.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Common/Mirel/Serialization/TemporaryFolder.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

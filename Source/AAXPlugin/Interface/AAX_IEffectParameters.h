@@ -34,6 +34,9 @@ public:
     /// -1 for a continuous parameter.
     virtual std::int32_t GetParameterStepCount(const char* id, std::int32_t* steps) = 0;
 
+    /// The values that 0 and 1 stand for, in the parameter's own units; even between them.
+    virtual std::int32_t GetParameterRange(const char* id, double* min, double* max) = 0;
+
     /// Values are from 0 to 1.
     virtual std::int32_t GetParameterDefault(const char* id, double* normalized) = 0;
     virtual std::int32_t GetParameterValue(const char* id, double* normalized) = 0;

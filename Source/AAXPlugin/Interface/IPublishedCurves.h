@@ -27,6 +27,9 @@ public:
     /// block in which it was due included. Both 0 before the first. Exact between blocks.
     virtual std::int32_t GetRefreshes(std::int64_t* count, std::int64_t* lastPosition) = 0;
 
+    /// How often curves were handed over for it: a hand-over waits for a later block while somebody reads.
+    virtual std::int32_t GetPublications(std::int64_t* count) = 0;
+
 protected:
     ~IPublishedCurves() = default;
 };

@@ -1,6 +1,6 @@
 #include "Mirel/Serialization/CIniDataObject.h"
 
-#include "TemporaryFolder.h"
+#include "Support/CTemporaryFolder.h"
 #include "Values.h"
 
 #include <gtest/gtest.h>

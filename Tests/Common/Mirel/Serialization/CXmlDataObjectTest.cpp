@@ -1,6 +1,6 @@
 #include "Mirel/Serialization/CXmlDataObject.h"
 
-#include "TemporaryFolder.h"
+#include "Support/CTemporaryFolder.h"
 #include "Values.h"
 
 #include <gtest/gtest.h>

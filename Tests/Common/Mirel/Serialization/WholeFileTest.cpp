@@ -1,6 +1,6 @@
 #include "Mirel/Serialization/WholeFile.h"
 
-#include "TemporaryFolder.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

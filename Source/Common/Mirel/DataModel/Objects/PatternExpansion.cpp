@@ -70,18 +70,23 @@ std::string ExpandPattern(std::string_view pattern, const PlaceholderExpansion& 
     return result;
 }
 
-void CutToWholeCharacters(std::string& text, std::size_t size)
+std::size_t LengthInWholeCharacters(std::string_view text, std::size_t size)
 {
     if (text.size() <= size)
     {
-        return;
+        return text.size();
     }
     const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
     while (size > 0 && isContinuation(text[size]))
     {
         --size;
     }
-    text.resize(size);
+    return size;
+}
+
+void CutToWholeCharacters(std::string& text, std::size_t size)
+{
+    text.resize(LengthInWholeCharacters(text, size));
 }
 
 } // namespace Mirel::DataModel::Objects

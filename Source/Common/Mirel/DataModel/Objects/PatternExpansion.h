@@ -18,6 +18,10 @@ using PlaceholderExpansion = std::function<void(std::string_view placeholder, st
 /// The result ends at maxExpandedText bytes, or at the character before.
 std::string ExpandPattern(std::string_view pattern, const PlaceholderExpansion& expand);
 
+/// The bytes of a UTF-8 text that are left when it is shortened to a size in bytes, or to the character
+/// before. Any thread.
+std::size_t LengthInWholeCharacters(std::string_view text, std::size_t size);
+
 /// Shortens a UTF-8 text to a size in bytes, or to the character before.
 void CutToWholeCharacters(std::string& text, std::size_t size);
 

@@ -1,6 +1,6 @@
 #include "Mirel/Audio/Plugin/CPluginPaths.h"
-#include "Common/Mirel/Serialization/TemporaryFolder.h"
 #include "Mirel/Audio/Plugin/PreferencesFolder.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 
 namespace
 {
+
+// NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs during these tests.
 
 /// Sets, or with null removes, a variable of the environment for the time of a test.
 class CVariable
@@ -49,6 +51,8 @@ private:
     const char* name;
     std::optional<std::string> before;
 };
+
+// NOLINTEND(concurrency-mt-unsafe)
 
 mode_t PermissionsOf(const std::string& path)
 {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "CTestFilter.h"
-#include "Common/Mirel/Serialization/TemporaryFolder.h"
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
 #include "Mirel/Audio/Plugin/PresetFiles.h"
+#include "Support/CTemporaryFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -31,7 +31,7 @@ bool KillAtCall(int stop, const std::function<void()>& work)
     if (child == 0)
     {
         ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-        raise(SIGSTOP); // here the parent begins to follow
+        static_cast<void>(raise(SIGSTOP)); // here the parent begins to follow
         work();
         _exit(0);
     }
