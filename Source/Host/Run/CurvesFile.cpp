@@ -75,6 +75,7 @@ CColumn ReadColumn(IPublishedCurves& curves, std::int32_t curve, const std::vect
 bool WriteCurves(IPublishedCurves& curves, int points, const std::string& path, std::string& error)
 {
     std::vector<double> shares;
+    shares.reserve(static_cast<std::size_t>(points));
     for (int i = 0; i < points; ++i)
     {
         shares.push_back(static_cast<double>(i) / (points - 1));
@@ -82,6 +83,7 @@ bool WriteCurves(IPublishedCurves& curves, int points, const std::string& path, 
     std::int32_t count = 0;
     curves.GetCurveCount(&count);
     std::vector<CColumn> columns;
+    columns.reserve(static_cast<std::size_t>(count));
     std::string text = "x";
     for (std::int32_t curve = 0; curve < count; ++curve)
     {
