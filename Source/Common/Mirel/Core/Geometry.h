@@ -20,6 +20,9 @@ struct CSize
     std::int32_t width = 0;
     std::int32_t height = 0;
 
+    /// True if there is no pixel in it.
+    constexpr bool IsEmpty() const { return width < 1 || height < 1; }
+
     friend constexpr bool operator==(const CSize&, const CSize&) = default;
 };
 
