@@ -118,10 +118,11 @@ std::int32_t AAXExtEffectParameters::GetParameterRange(const char* id, double* m
     return WithParameter(parameters, id,
                          [&](const CAAXPluginParameter& parameter)
                          {
-                             const std::int32_t result = Give(min, double{parameter.GetTaper().ToPlain(0.0)});
+                             const std::int32_t result =
+                                 Give(min, static_cast<double>(parameter.GetTaper().ToPlain(0.0)));
                              return result != AAXResult::Ok
                                         ? result
-                                        : Give(max, double{parameter.GetTaper().ToPlain(1.0)});
+                                        : Give(max, static_cast<double>(parameter.GetTaper().ToPlain(1.0)));
                          });
 }
 

@@ -14,7 +14,7 @@ std::string Copied(std::string_view text, std::int32_t capacity)
     std::string buffer(16, '#');
     EXPECT_TRUE(CopyToBuffer(text, buffer.data(), capacity));
     EXPECT_EQ(buffer[static_cast<std::size_t>(capacity)], '#');
-    return buffer.c_str();
+    return buffer.substr(0, buffer.find('\0'));
 }
 
 TEST(CopyToBuffer, CopiesWhatFitsWithItsZero)

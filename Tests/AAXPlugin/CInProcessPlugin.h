@@ -2,6 +2,7 @@
 
 #include "AAXPlugin/ChunkIds.h"
 #include "AAXPlugin/Interface/ACFExports.h"
+#include "AAXPlugin/ProcessFields.h"
 #include "Host/CHostInstance.h"
 #include "Host/CRecordingHost.h"
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
@@ -46,8 +47,9 @@ inline Mirel::Audio::Plugin::CAudioPluginInternalsBase& InternalsOf(Host::CHostI
 {
     Mirel::Audio::Plugin::CAudioPluginInternalsBase* internals = nullptr;
     std::uint32_t written = 0;
-    EXPECT_EQ(instance.GetParameters().GetCustomData(MirelExt::AAXPlugin::InternalsDataId, sizeof(internals),
-                                                     &internals, &written),
+    EXPECT_EQ(instance.GetParameters().GetCustomData(MirelExt::AAXPlugin::InternalsDataId,
+                                                     MirelExt::AAXPlugin::PointerPacketSize, &internals,
+                                                     &written),
               0);
     return *internals;
 }

@@ -112,7 +112,9 @@ TEST_F(ParamRamps, UpdateAllocatesNothing)
     const Tests::CAllocationCounter allocations;
     for (int i = 0; i < 100; ++i)
     {
-        Update(static_cast<float>(i / 3), static_cast<float>(i / 5), i % 7);
+        const int first = i / 3;
+        const int second = i / 5;
+        Update(static_cast<float>(first), static_cast<float>(second), i % 7);
     }
     EXPECT_EQ(allocations.GetCount(), 0U);
 }

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <string>
 
 namespace
 {
@@ -155,13 +155,13 @@ TEST_F(PluginChunks, StateChunkThatCannotBeReadLeavesTheStateAndGivesTheBasesRes
 {
     parameters.SetParameterValue("P4", 0.25);
     const std::string before = StateText();
-    for (const char* text : {"<Preset", "not a document", "<Preset></Present>"})
+    for (const std::string text : {"<Preset", "not a document", "<Preset></Present>"})
     {
-        std::vector<char> memory(56 + std::strlen(text) + 58);
+        std::vector<char> memory(56 + text.size() + 58);
         auto* chunk = reinterpret_cast<SAAXChunk*>(memory.data());
         chunk->chunkId = State;
-        chunk->size = static_cast<std::uint32_t>(std::strlen(text)) + 58;
-        std::strcpy(memory.data() + 56, text);
+        chunk->size = static_cast<std::uint32_t>(text.size() + 58);
+        text.copy(memory.data() + 56, text.size());
         EXPECT_EQ(parameters.SetChunk(State, chunk), -20007) << text;
         EXPECT_EQ(StateText(), before) << text;
     }

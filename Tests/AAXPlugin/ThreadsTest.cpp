@@ -22,8 +22,9 @@ std::chrono::milliseconds Duration()
 {
     // No other thread runs yet. NOLINTNEXTLINE(concurrency-mt-unsafe)
     const char* seconds = std::getenv("AAXPLUGIN_THREADS_SECONDS");
-    return std::chrono::milliseconds(seconds != nullptr ? std::atoi(seconds) * 1000
-                                                        : 300); // NOLINT(cert-err34-c)
+    constexpr int decimal = 10;
+    return std::chrono::milliseconds(seconds != nullptr ? std::strtol(seconds, nullptr, decimal) * 1000
+                                                        : 300);
 }
 
 /// Does something over and over on a thread of its own.

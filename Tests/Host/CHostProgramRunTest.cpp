@@ -33,6 +33,7 @@ struct CResult
 std::vector<std::uint32_t> Bits(const std::vector<float>& samples)
 {
     std::vector<std::uint32_t> bits;
+    bits.reserve(samples.size());
     for (const float sample : samples)
     {
         bits.push_back(std::bit_cast<std::uint32_t>(sample));
@@ -235,14 +236,16 @@ TEST_F(CHostProgramRun, StateAndPresetCarryWhatWasSet)
 TEST_F(CHostProgramRun, MidiMovesABoundParameterInTheBlockItComesIn)
 {
     // A preset that binds the delay, input 4 with the bypass, to controller 7 of channel 2 over 0 to 300.
-    std::string settings = "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings><settingCount>7"
-                           "</settingCount>";
+    std::string settings = "<MIDIInputDefault>0</MIDIInputDefault><MIDIInputSettings>"
+                           "<settingCount>7</settingCount>";
     for (int i = 0; i < 7; ++i)
     {
-        const std::string number = std::to_string(i);
-        settings += "<setting" + number + "><channel>2</channel><version>1</version><number>" +
-                    (i == 4 ? "7" : "9") + "</number><enabled>" + (i == 4 ? "1" : "0") +
-                    "</enabled><curve>Linear</curve><min>0</min><max>300</max></setting" + number + ">";
+        const std::string element = "setting" + std::to_string(i) + ">";
+        settings.append("<").append(element);
+        settings.append("<channel>2</channel><version>1</version>");
+        settings.append(i == 4 ? "<number>7</number><enabled>1</enabled>"
+                               : "<number>9</number><enabled>0</enabled>");
+        settings.append("<curve>Linear</curve><min>0</min><max>300</max></").append(element);
     }
     folder.Write("p.preset", "<?xml version=\"1.0\"?><Preset><version>2</version>" + settings +
                                  "</MIDIInputSettings></Preset>");

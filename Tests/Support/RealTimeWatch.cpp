@@ -1,6 +1,7 @@
 #include "Support/RealTimeWatch.h"
 
 #include <atomic>
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -12,8 +13,11 @@
 #include <semaphore.h>
 #include <unistd.h>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// The sanitizers put functions of their own before the C library's, and static checks take offence at any.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(__clang_analyzer__)
 #define REAL_TIME_WATCH 0
+#elif defined(__has_feature)
+#define REAL_TIME_WATCH (!__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer))
 #else
 #define REAL_TIME_WATCH 1
 #endif

@@ -10,7 +10,7 @@ void CChannelLevels::Add(const float* samples, int count_)
 {
     for (int i = 0; i < count_; ++i)
     {
-        const double sample = samples[i];
+        const auto sample = static_cast<double>(samples[i]);
         if (std::isnan(sample))
         {
             continue;

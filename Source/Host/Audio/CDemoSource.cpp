@@ -12,6 +12,7 @@ namespace
 
 constexpr double Rate = 48000.0;
 constexpr std::int64_t BeatFrames = 24000;
+constexpr std::int64_t OffBeatFrames = 12000;
 constexpr std::int64_t Beats = 8;
 constexpr double Turn = 2.0 * std::numbers::pi;
 
@@ -80,7 +81,7 @@ int CDemoSource::Read(float* const* channels, int frames)
         const std::int64_t inBeat = position % BeatFrames;
         const double seconds = static_cast<double>(inBeat) / Rate;
         const double both = Kick(seconds) + Bass(seconds, beat);
-        const double offBeat = static_cast<double>(inBeat - BeatFrames / 2) / Rate;
+        const double offBeat = static_cast<double>(inBeat - OffBeatFrames) / Rate;
         const double hat = offBeat < 0.0 ? 0.0 : 0.3 * std::exp(-offBeat / 0.025) * Noise(position);
         channels[0][i] = static_cast<float>(both + Sweep(static_cast<double>(position) / Rate) + 0.3 * hat);
         channels[1][i] = static_cast<float>(both + hat);

@@ -1,7 +1,6 @@
 #include "Host/Audio/CSoundFileSource.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -29,7 +28,7 @@ std::string WhyNotOpened(const std::string& path)
     }
     if (::access(path.c_str(), R_OK) != 0)
     {
-        return std::strerror(errno);
+        return std::generic_category().message(errno);
     }
     return sf_strerror(nullptr);
 }
@@ -74,7 +73,7 @@ void CSoundFileSource::Skip(std::int64_t frames)
 
 int CSoundFileSource::Read(float* const* channels, int frames)
 {
-    const int stride = info.channels;
+    const auto stride = static_cast<std::size_t>(info.channels);
     int filled = 0;
     while (filled < frames)
     {
@@ -82,9 +81,10 @@ int CSoundFileSource::Read(float* const* channels, int frames)
         const int count = static_cast<int>(sf_readf_float(file.get(), interleaved.data(), wanted));
         for (int channel = 0; channel < GetChannelCount(); ++channel)
         {
-            for (int i = 0; i < count; ++i)
+            const float* sample = interleaved.data() + channel;
+            for (int i = 0; i < count; ++i, sample += stride)
             {
-                channels[channel][filled + i] = interleaved[static_cast<std::size_t>(i * stride + channel)];
+                channels[channel][filled + i] = *sample;
             }
         }
         filled += count;

@@ -66,8 +66,8 @@ void CProgressBar::Draw(std::int64_t done, double elapsed)
     const double share = total > 0.0 ? seconds / total : 1.0;
     const double speed = elapsed > 0.0 ? seconds / elapsed : 0.0;
     char line[128];
-    std::snprintf(line, sizeof(line), "\r[%s] %7.1f of %.1f s, %.0f times real time ", Bar(share).c_str(),
-                  seconds, total, speed);
+    static_cast<void>(std::snprintf(line, sizeof(line), "\r[%s] %7.1f of %.1f s, %.0f times real time ",
+                                    Bar(share).c_str(), seconds, total, speed));
     out << line << std::flush;
 }
 

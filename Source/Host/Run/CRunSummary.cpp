@@ -29,7 +29,7 @@ std::string Decibels(double level)
         return "silence";
     }
     char text[32];
-    std::snprintf(text, sizeof(text), "%.2f dBFS", 20.0 * std::log10(level));
+    static_cast<void>(std::snprintf(text, sizeof(text), "%.2f dBFS", 20.0 * std::log10(level)));
     return text;
 }
 
@@ -61,22 +61,25 @@ double ProcessShare(const CRunSummary& summary)
 void PrintSummary(const CRunSummary& summary, std::ostream& out)
 {
     char line[160];
-    std::snprintf(line, sizeof(line), "%.3f s, %lld frames at %.0f Hz\n", SecondsOfAudio(summary),
-                  static_cast<long long>(summary.frames), summary.sampleRate);
+    static_cast<void>(std::snprintf(line, sizeof(line), "%.3f s, %lld frames at %.0f Hz\n",
+                                    SecondsOfAudio(summary), static_cast<long long>(summary.frames),
+                                    summary.sampleRate));
     out << line;
     for (std::size_t channel = 0; channel < summary.channels.size(); ++channel)
     {
         const CChannelLevels& levels = summary.channels[channel];
-        std::snprintf(line, sizeof(line), "%-6s peak %.6f (%s), RMS %.6f (%s)\n",
-                      ChannelName(summary, channel), levels.GetPeak(), Decibels(levels.GetPeak()).c_str(),
-                      levels.GetRms(), Decibels(levels.GetRms()).c_str());
+        static_cast<void>(std::snprintf(line, sizeof(line), "%-6s peak %.6f (%s), RMS %.6f (%s)\n",
+                                        ChannelName(summary, channel), levels.GetPeak(),
+                                        Decibels(levels.GetPeak()).c_str(), levels.GetRms(),
+                                        Decibels(levels.GetRms()).c_str()));
         out << line;
     }
-    std::snprintf(line, sizeof(line), "output was due %lld times, published %lld times\n",
-                  static_cast<long long>(summary.dueCount), static_cast<long long>(summary.published));
+    static_cast<void>(std::snprintf(line, sizeof(line), "output was due %lld times, published %lld times\n",
+                                    static_cast<long long>(summary.dueCount),
+                                    static_cast<long long>(summary.published)));
     out << line;
-    std::snprintf(line, sizeof(line), "processing took %.3f ms per second of audio\n",
-                  1000.0 * ProcessShare(summary));
+    static_cast<void>(std::snprintf(line, sizeof(line), "processing took %.3f ms per second of audio\n",
+                                    1000.0 * ProcessShare(summary)));
     out << line;
 }
 

@@ -56,11 +56,13 @@ CColumn ReadColumn(IPublishedCurves& curves, std::int32_t curve, const std::vect
     float maxY = 0.0f;
     curves.GetCurveName(curve, &name);
     curves.GetCurveRange(curve, &minX, &maxX, &minY, &maxY);
+    const auto lowest = static_cast<double>(minX);
+    const auto highest = static_cast<double>(maxX);
     std::vector<float> places;
     places.reserve(shares.size());
     for (const double share : shares)
     {
-        places.push_back(static_cast<float>(double{minX} + share * (double{maxX} - double{minX})));
+        places.push_back(static_cast<float>(lowest + share * (highest - lowest)));
     }
     CColumn column = {name, std::vector<float>(shares.size())};
     curves.EvaluateCurve(curve, places.data(), static_cast<std::int32_t>(places.size()),
@@ -73,6 +75,7 @@ CColumn ReadColumn(IPublishedCurves& curves, std::int32_t curve, const std::vect
 bool WriteCurves(IPublishedCurves& curves, int points, const std::string& path, std::string& error)
 {
     std::vector<double> shares;
+    shares.reserve(static_cast<std::size_t>(points));
     for (int i = 0; i < points; ++i)
     {
         shares.push_back(static_cast<double>(i) / (points - 1));
@@ -80,6 +83,7 @@ bool WriteCurves(IPublishedCurves& curves, int points, const std::string& path, 
     std::int32_t count = 0;
     curves.GetCurveCount(&count);
     std::vector<CColumn> columns;
+    columns.reserve(static_cast<std::size_t>(count));
     std::string text = "x";
     for (std::int32_t curve = 0; curve < count; ++curve)
     {

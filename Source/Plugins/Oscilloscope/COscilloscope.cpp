@@ -5,7 +5,6 @@
 #include "Plugins/Oscilloscope/OscilloscopeInfo.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace PluginsFilters
@@ -20,8 +19,6 @@ namespace
 constexpr float secondsShown = 1.0f;
 constexpr int histogramBins = 151;
 constexpr double maxDelaySeconds = 0.3;
-/// Samples that are gathered at a time from a stream that is not contiguous.
-constexpr std::size_t gatherSize = 512;
 
 COscilloscope::EViewMode ViewModeOf(float value)
 {
@@ -157,11 +154,16 @@ void COscilloscope::AnalyseStream(const IAudioStream& stream, std::size_t sample
 
 void COscilloscope::AnalyseGathered(const float* data, std::ptrdiff_t stride, std::size_t sampleCount)
 {
-    std::array<float, gatherSize> gathered{};
+    // A channel that the host lacks is one number all along: it is spread once.
+    const bool isConstant = data == nullptr || stride == 0;
+    if (isConstant)
+    {
+        std::fill_n(gathered.begin(), std::min(gatherSize, sampleCount), data == nullptr ? 0.0f : *data);
+    }
     for (std::size_t done = 0; done < sampleCount;)
     {
         const std::size_t count = std::min(gatherSize, sampleCount - done);
-        for (std::size_t i = 0; i < count && data != nullptr; ++i)
+        for (std::size_t i = 0; i < count && !isConstant; ++i)
         {
             gathered[i] = data[static_cast<std::ptrdiff_t>(done + i) * stride];
         }

@@ -12,6 +12,7 @@
 #include "Mirel/Math/THistogram.h"
 #include "Plugins/Oscilloscope/TriggerSearch.h"
 
+#include <array>
 #include <cstddef>
 #include <span>
 
@@ -80,6 +81,9 @@ private:
     using CNearestTable = Mirel::Core::TLookupTable<float, Mirel::Core::TNearestInterpolator<float, float>>;
     using CDirtyMarks = Mirel::Containers::TDynamicCollection<Mirel::Core::CDirty, Mirel::Core::IDirty>;
 
+    /// Samples that are gathered at a time from a stream that is not contiguous.
+    static constexpr std::size_t gatherSize = 512;
+
     void ConnectCurves();
     void AnalyseStream(const Mirel::Audio::DSP::IAudioStream& stream, std::size_t sampleCount);
     void AnalyseGathered(const float* data, std::ptrdiff_t stride, std::size_t sampleCount);
@@ -99,6 +103,7 @@ private:
     bool sync = false;
     float triggerValue = 0.0f;
     ETriggerDirection triggerDirection = ETriggerDirection::Up;
+    std::array<float, gatherSize> gathered{}; ///< Of use within a block alone.
 };
 
 } // namespace PluginsFilters

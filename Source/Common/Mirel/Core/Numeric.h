@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
@@ -14,6 +15,13 @@ constexpr std::int32_t TruncateToInt32(double value)
     constexpr double aboveHighest = 2147483648.0;
     return value > belowLowest && value < aboveHighest ? static_cast<std::int32_t>(value)
                                                        : std::numeric_limits<std::int32_t>::min();
+}
+
+/// The value, or the end of the 32-bit integers that lies nearest to it.
+constexpr std::int32_t SaturateToInt32(std::int64_t value)
+{
+    using CLimits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, CLimits::min(), CLimits::max()));
 }
 
 } // namespace Mirel::Core

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Core/Geometry.h"
 #include "Mirel/Core/Numeric.h"
 
 #include <algorithm>
@@ -8,30 +9,14 @@
 namespace Mirel::Graphics
 {
 
-/// A pixel: origin at the top left, y downward.
-struct CPoint
-{
-    int x = 0;
-    int y = 0;
-    bool operator==(const CPoint&) const = default;
-};
+using Core::CPoint;
+using Core::CSize;
 
 /// A position between pixels, in the same space: the centre of the pixel (0, 0) is (0.0, 0.0).
 struct CPointF
 {
     float x = 0.0F;
     float y = 0.0F;
-};
-
-/// Pixels across and down.
-struct CSize
-{
-    int width = 0;
-    int height = 0;
-    bool operator==(const CSize&) const = default;
-
-    /// True if there is no pixel in it.
-    bool IsEmpty() const { return width < 1 || height < 1; }
 };
 
 /// Pixels from (x, y) up to, and without, (x + width, y + height).

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+using Mirel::Core::SaturateToInt32;
 using Mirel::Core::TruncateToInt32;
 
 namespace
@@ -46,4 +47,15 @@ TEST(TruncateToInt32, WorksAtCompileTime)
     static_assert(TruncateToInt32(3.5) == 3);
     static_assert(TruncateToInt32(std::numeric_limits<double>::quiet_NaN()) == lowest);
     SUCCEED();
+}
+
+TEST(SaturateToInt32, KeepsWhatFitsAndStopsAtTheEnds)
+{
+    EXPECT_EQ(SaturateToInt32(0), 0);
+    EXPECT_EQ(SaturateToInt32(highest), highest);
+    EXPECT_EQ(SaturateToInt32(lowest), lowest);
+    EXPECT_EQ(SaturateToInt32(std::int64_t{highest} + 1), highest);
+    EXPECT_EQ(SaturateToInt32(std::int64_t{lowest} - 1), lowest);
+    EXPECT_EQ(SaturateToInt32(std::numeric_limits<std::int64_t>::max()), highest);
+    EXPECT_EQ(SaturateToInt32(std::numeric_limits<std::int64_t>::min()), lowest);
 }
