@@ -22,7 +22,7 @@ constexpr std::uint32_t blue = 0xff0000ffU;
 std::uint32_t PixelOf(const CImage& image, int x, int y)
 {
     const CBitmapContext& pixels = *image.GetContext();
-    return LoadPixel(pixels.GetData() + y * pixels.GetStride(), x);
+    return LoadPixel(pixels.GetData() + std::int64_t{pixels.GetStride()} * y, x);
 }
 
 class CGraphicResources : public testing::Test

@@ -41,7 +41,9 @@ void PaintLines(CDrawSurface& surface)
 {
     surface.SetPenColor({90, 220, 120});
     std::vector<CPointF> trace;
-    for (int x = 0; x < 440; ++x)
+    constexpr int points = 440;
+    trace.reserve(points);
+    for (int x = 0; x < points; ++x)
     {
         trace.push_back(
             {static_cast<float>(x + 20), 80.0F - 50.0F * std::sin(static_cast<float>(x) / 22.0F)});
