@@ -1,19 +1,11 @@
 #include "AAXPlugin/BufferText.h"
 
+#include "Mirel/DataModel/Objects/PatternExpansion.h"
+
 #include <cstring>
 
 namespace MirelExt::AAXPlugin
 {
-
-namespace
-{
-
-bool IsContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-} // namespace
 
 bool CopyToBuffer(std::string_view text, char* buffer, std::int32_t capacity)
 {
@@ -21,16 +13,8 @@ bool CopyToBuffer(std::string_view text, char* buffer, std::int32_t capacity)
     {
         return false;
     }
-    std::size_t size = text.size();
     const std::size_t room = static_cast<std::size_t>(capacity) - 1;
-    if (size > room)
-    {
-        size = room;
-        while (size > 0 && IsContinuation(text[size]))
-        {
-            --size;
-        }
-    }
+    const std::size_t size = Mirel::DataModel::Objects::LengthInWholeCharacters(text, room);
     std::memcpy(buffer, text.data(), size);
     buffer[size] = '\0';
     return true;

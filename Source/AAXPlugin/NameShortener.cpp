@@ -1,15 +1,14 @@
 #include "AAXPlugin/NameShortener.h"
 
+#include "Mirel/Serialization/Utf8.h"
+
 namespace MirelExt::AAXPlugin
 {
 
+using Mirel::Serialization::IsUtf8Continuation;
+
 namespace
 {
-
-bool IsContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 /// How many continuation bytes a lead byte asks for.
 std::size_t ContinuationsAfter(char lead)
@@ -36,7 +35,7 @@ std::size_t FirstCharacterSize(std::string_view text)
     }
     for (std::size_t i = 1; i < size; ++i)
     {
-        if (!IsContinuation(text[i]))
+        if (!IsUtf8Continuation(text[i]))
         {
             return 1;
         }

@@ -2,6 +2,7 @@
 
 #include "AAXPlugin/Interface/AAX_Properties.h"
 #include "AAXPlugin/Interface/QueryFor.h"
+#include "Host/CodeText.h"
 
 #include <algorithm>
 #include <cstring>
@@ -26,11 +27,6 @@ bool HasChannels(const CRecordingPropertyMap& map, int channels)
     const auto wanted = static_cast<std::uint32_t>(channels);
     return (PropertyOf(map, AAXProperty::InputStemFormat) & ChannelCountMask) == wanted &&
            (PropertyOf(map, AAXProperty::OutputStemFormat) & ChannelCountMask) == wanted;
-}
-
-std::string CodeText(const char* call, std::int32_t code)
-{
-    return std::string(call) + " failed with code " + std::to_string(code);
 }
 
 SAAXChunk* HeadOf(std::vector<char>& bytes)

@@ -1,17 +1,9 @@
 #include "Host/CPluginSession.h"
 
+#include "Host/CodeText.h"
+
 namespace Host
 {
-
-namespace
-{
-
-std::string CodeText(const char* call, std::int32_t code)
-{
-    return std::string(call) + " failed with code " + std::to_string(code);
-}
-
-} // namespace
 
 CPluginSession::CPluginSession() : host(TACFReference<CRecordingHost>::Adopt(new CRecordingHost)) {}
 

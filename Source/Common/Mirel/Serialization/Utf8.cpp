@@ -50,7 +50,7 @@ bool IsSequence(std::string_view text, const CSequence& sequence)
     }
     for (std::size_t i = 2; i < sequence.length; ++i)
     {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U)
+        if (!IsUtf8Continuation(text[i]))
         {
             return false;
         }

@@ -9,4 +9,10 @@ namespace Mirel::Serialization
 /// nothing above U+10FFFF.
 bool IsUtf8(std::string_view text);
 
+/// Whether the byte goes on with a character that an earlier byte began.
+constexpr bool IsUtf8Continuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 } // namespace Mirel::Serialization

@@ -1,6 +1,7 @@
 #include "Mirel/DataModel/Objects/PatternExpansion.h"
 
 #include "Mirel/DataModel/Objects/Limits.h"
+#include "Mirel/Serialization/Utf8.h"
 
 #include <algorithm>
 
@@ -76,8 +77,7 @@ std::size_t LengthInWholeCharacters(std::string_view text, std::size_t size)
     {
         return text.size();
     }
-    const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
-    while (size > 0 && isContinuation(text[size]))
+    while (size > 0 && Serialization::IsUtf8Continuation(text[size]))
     {
         --size;
     }
