@@ -4,6 +4,7 @@
 #include "Mirel/Serialization/IndexedKey.h"
 #include "Mirel/Serialization/Limits.h"
 #include "Support/SmallStack.h"
+#include "Support/Texts.h"
 #include "Support/ThreadTime.h"
 #include "Values.h"
 
@@ -16,19 +17,10 @@ namespace Mirel::Serialization
 namespace
 {
 
+using Tests::Repeated;
+
 /// The stack of a host's small thread.
 constexpr std::size_t stackBytes = std::size_t{512} * 1024;
-
-std::string Repeated(const std::string& text, int count)
-{
-    std::string result;
-    result.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-    {
-        result += text;
-    }
-    return result;
-}
 
 // The sanitizers' own work is no part of the promise.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
