@@ -1,5 +1,5 @@
-// Any text as a formula: what compiles can be evaluated, copied and given objects for its names, and the forms
-// of the compiler agree with one another.
+// Any text as a formula: what compiles can be evaluated, copied and given objects for its names, and the
+// forms of the compiler agree with one another.
 
 #include "Mirel/Math/CConstantBinaryFunction.h"
 #include "Mirel/Math/TFunction.h"
@@ -26,8 +26,8 @@ constexpr float points[] = {0.0f, 1.0f, -2.5f, 1e30f, std::numeric_limits<float>
 
 bool IsSame(float a, float b)
 {
-    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b)
-           || (std::isnan(a) && std::isnan(b));
+    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b) ||
+           (std::isnan(a) && std::isnan(b));
 }
 
 /// Whatever the names are given, a copy is the same function.

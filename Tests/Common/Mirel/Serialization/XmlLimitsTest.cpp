@@ -34,15 +34,14 @@ bool LoadsInTime(const std::string& text)
 {
     bool loaded = false;
     double seconds = 0.0;
-    Tests::RunOnStack(
-        stackBytes,
-        [&]
-        {
-            const double begin = Tests::ThreadSeconds();
-            CXmlDataObject object("Root");
-            loaded = object.LoadFromMemory(text.data(), text.size());
-            seconds = Tests::ThreadSeconds() - begin;
-        });
+    Tests::RunOnStack(stackBytes,
+                      [&]
+                      {
+                          const double begin = Tests::ThreadSeconds();
+                          CXmlDataObject object("Root");
+                          loaded = object.LoadFromMemory(text.data(), text.size());
+                          seconds = Tests::ThreadSeconds() - begin;
+                      });
     EXPECT_LT(seconds, secondsAllowed);
     return loaded;
 }

@@ -44,8 +44,8 @@ float ValueOf(const std::string& text)
     const auto parametrized = CompileParametrizedConstant(text.c_str());
     const auto parametrizedFunction = CompileParametrizedFunction(text.c_str(), "x");
     const auto parametrizedBinary = CompileParametrizedBinaryFunction(text.c_str(), "x", "y");
-    if (constant == nullptr || function == nullptr || binary == nullptr || parametrized == nullptr
-        || parametrizedFunction == nullptr || parametrizedBinary == nullptr)
+    if (constant == nullptr || function == nullptr || binary == nullptr || parametrized == nullptr ||
+        parametrizedFunction == nullptr || parametrizedBinary == nullptr)
     {
         ADD_FAILURE() << text << " does not compile in all forms";
         return nan;
@@ -61,10 +61,10 @@ float ValueOf(const std::string& text)
 
 bool IsInvalidInAllForms(const char* text)
 {
-    return CompileConstant(text) == nullptr && CompileFunction(text, "x") == nullptr
-           && CompileBinary(text) == nullptr && CompileParametrizedConstant(text) == nullptr
-           && CompileParametrizedFunction(text, "x") == nullptr
-           && CompileParametrizedBinaryFunction(text, "x", "y") == nullptr;
+    return CompileConstant(text) == nullptr && CompileFunction(text, "x") == nullptr &&
+           CompileBinary(text) == nullptr && CompileParametrizedConstant(text) == nullptr &&
+           CompileParametrizedFunction(text, "x") == nullptr &&
+           CompileParametrizedBinaryFunction(text, "x", "y") == nullptr;
 }
 
 } // namespace
@@ -76,16 +76,16 @@ TEST(FormulaCompiler, OperatorsHaveTheirFunctions)
         const char* text;
         float value;
     } rows[] = {
-        {"2+3*4", 14.0f},     {"(2+3)*4", 20.0f},  {"7-2-1", 4.0f},      {"7/2", 3.5f},       {"2^3^2", 64.0f},
-        {"-3^2", 9.0f},       {"2^-1", 0.5f},      {"1<2", 1.0f},        {"2<1", 0.0f},       {"2<2", 0.0f},
-        {"1<2<3", 1.0f},      {"3>2>1", 0.0f},     {"2<=2", 1.0f},       {"3<=2", 0.0f},      {"2>1", 1.0f},
-        {"2>2", 0.0f},        {"2>=2", 1.0f},      {"1>=2", 0.0f},       {"2=2", 1.0f},       {"2==3", 0.0f},
-        {"2!=3", 1.0f},       {"2<>2", 0.0f},      {"2 and 3", 1.0f},    {"2 && 0", 0.0f},    {"0 and 0", 0.0f},
-        {"0 or 0", 0.0f},     {"0 || 5", 1.0f},    {"-2 or 0", 1.0f},    {"!0", 1.0f},        {"not 5", 0.0f},
-        {"!true", 0.0f},      {"true", 1.0f},      {"false", 0.0f},      {"-5", -5.0f},       {"1-(-5)", 6.0f},
-        {".5", 0.5f},         {"007", 7.0f},       {"12.25", 12.25f},    {"min(1,2)", 1.0f},  {"min(2,1)", 1.0f},
-        {"max(1,2)", 2.0f},   {"max(2,1)", 2.0f},  {"0/0 = 1", 1.0f},    {"0/0 < 1", 1.0f},   {"0/0 <= 1", 1.0f},
-        {"0/0 != 1", 0.0f},   {"0/0 > 1", 0.0f},   {"0/0 >= 1", 0.0f},   {"!(0/0)", 1.0f},    {"0/0 or 0", 0.0f},
+        {"2+3*4", 14.0f},    {"(2+3)*4", 20.0f}, {"7-2-1", 4.0f},    {"7/2", 3.5f},      {"2^3^2", 64.0f},
+        {"-3^2", 9.0f},      {"2^-1", 0.5f},     {"1<2", 1.0f},      {"2<1", 0.0f},      {"2<2", 0.0f},
+        {"1<2<3", 1.0f},     {"3>2>1", 0.0f},    {"2<=2", 1.0f},     {"3<=2", 0.0f},     {"2>1", 1.0f},
+        {"2>2", 0.0f},       {"2>=2", 1.0f},     {"1>=2", 0.0f},     {"2=2", 1.0f},      {"2==3", 0.0f},
+        {"2!=3", 1.0f},      {"2<>2", 0.0f},     {"2 and 3", 1.0f},  {"2 && 0", 0.0f},   {"0 and 0", 0.0f},
+        {"0 or 0", 0.0f},    {"0 || 5", 1.0f},   {"-2 or 0", 1.0f},  {"!0", 1.0f},       {"not 5", 0.0f},
+        {"!true", 0.0f},     {"true", 1.0f},     {"false", 0.0f},    {"-5", -5.0f},      {"1-(-5)", 6.0f},
+        {".5", 0.5f},        {"007", 7.0f},      {"12.25", 12.25f},  {"min(1,2)", 1.0f}, {"min(2,1)", 1.0f},
+        {"max(1,2)", 2.0f},  {"max(2,1)", 2.0f}, {"0/0 = 1", 1.0f},  {"0/0 < 1", 1.0f},  {"0/0 <= 1", 1.0f},
+        {"0/0 != 1", 0.0f},  {"0/0 > 1", 0.0f},  {"0/0 >= 1", 0.0f}, {"!(0/0)", 1.0f},   {"0/0 or 0", 0.0f},
         {"1 and 0/0", 0.0f},
     };
     for (const auto& row : rows)
@@ -101,25 +101,20 @@ TEST(FormulaCompiler, FunctionsOfOneArgumentHaveTheirNames)
         const char* name;
         double (*value)(double x);
     } rows[] = {
-        {"exp", [](double x) { return std::exp(x); }},
-        {"log", [](double x) { return std::log(x); }},
-        {"cosh", [](double x) { return std::cosh(x); }},
-        {"sinh", [](double x) { return std::sinh(x); }},
-        {"tanh", [](double x) { return std::tanh(x); }},
-        {"sqrt", [](double x) { return std::sqrt(x); }},
-        {"cos", [](double x) { return std::cos(x); }},
-        {"sin", [](double x) { return std::sin(x); }},
-        {"tan", [](double x) { return std::tan(x); }},
-        {"floor", [](double x) { return std::floor(x); }},
-        {"ceil", [](double x) { return std::ceil(x); }},
-        {"round", [](double x) { return std::round(x); }},
+        {"exp", [](double x) { return std::exp(x); }},   {"log", [](double x) { return std::log(x); }},
+        {"cosh", [](double x) { return std::cosh(x); }}, {"sinh", [](double x) { return std::sinh(x); }},
+        {"tanh", [](double x) { return std::tanh(x); }}, {"sqrt", [](double x) { return std::sqrt(x); }},
+        {"cos", [](double x) { return std::cos(x); }},   {"sin", [](double x) { return std::sin(x); }},
+        {"tan", [](double x) { return std::tan(x); }},   {"floor", [](double x) { return std::floor(x); }},
+        {"ceil", [](double x) { return std::ceil(x); }}, {"round", [](double x) { return std::round(x); }},
         {"abs", [](double x) { return std::fabs(x); }},
     };
     for (const auto& row : rows)
     {
         for (const double argument : {0.25, 1.5, 2.75})
         {
-            const std::string text = std::string(row.name).append("(").append(std::to_string(argument)).append(")");
+            const std::string text =
+                std::string(row.name).append("(").append(std::to_string(argument)).append(")");
             EXPECT_NEAR(static_cast<double>(ValueOf(text)), row.value(argument), 2e-6) << text;
         }
     }
@@ -144,15 +139,21 @@ TEST(FormulaCompiler, PiIsTheNearestSingleInAllForms)
 TEST(FormulaCompiler, PiHidesAVariableOfItsName)
 {
     EXPECT_EQ((*CompileFunction("pi", "pi"))(5.0f), std::numbers::pi_v<float>);
-    EXPECT_EQ((*CBinaryFunctionFormulaBuilder("pi", "y").Compile("pi"))(5.0f, 6.0f), std::numbers::pi_v<float>);
+    EXPECT_EQ((*CBinaryFunctionFormulaBuilder("pi", "y").Compile("pi"))(5.0f, 6.0f),
+              std::numbers::pi_v<float>);
 }
 
 TEST(FormulaCompiler, WhatHasNoMeaningIsInvalidInAllForms)
 {
-    for (const char* const text :
-         {"5%2", "'text'", "1 + 'text'", "#1.1.2024#", "abs(#now#)", "f()", "sin()", "f(1,2,3)", "max(1,2,3)", "min()",
-          "sin(f())", "max(1, 2%1)", "-(1%2)", "!'a'", "max('a', 1)", "g(1%2)", "g(1, 1%2)", "g(1%2, 1)", "1%2 + 1",
-          "1 + 1%2", "1 2", "--1", "1e3", "", "(", "1)", "99999999999999999999999999999999999999999"})
+    for (const char* const text : {"5%2",        "'text'",     "1 + 'text'",
+                                   "#1.1.2024#", "abs(#now#)", "f()",
+                                   "sin()",      "f(1,2,3)",   "max(1,2,3)",
+                                   "min()",      "sin(f())",   "max(1, 2%1)",
+                                   "-(1%2)",     "!'a'",       "max('a', 1)",
+                                   "g(1%2)",     "g(1, 1%2)",  "g(1%2, 1)",
+                                   "1%2 + 1",    "1 + 1%2",    "1 2",
+                                   "--1",        "1e3",        "",
+                                   "(",          "1)",         "99999999999999999999999999999999999999999"})
     {
         EXPECT_TRUE(IsInvalidInAllForms(text)) << text;
     }

@@ -58,22 +58,21 @@ bool SurvivesAsValid(const std::string& text)
 {
     bool valid = false;
     double seconds = 0.0;
-    Tests::RunOnStack(
-        stackBytes,
-        [&]
-        {
-            const double begin = Tests::ThreadSeconds();
-            const auto function = CompileFunction(text.c_str(), "x");
-            const auto parametrized = CompileParametrizedFunction(text.c_str(), "x");
-            valid = function != nullptr && parametrized != nullptr;
-            if (valid)
-            {
-                const std::unique_ptr<Math::IFunction> clone(function->Clone());
-                EXPECT_EQ((*clone)(1.0f), (*function)(1.0f));
-                EXPECT_EQ((*parametrized)(1.0f), (*function)(1.0f));
-            }
-            seconds = Tests::ThreadSeconds() - begin;
-        });
+    Tests::RunOnStack(stackBytes,
+                      [&]
+                      {
+                          const double begin = Tests::ThreadSeconds();
+                          const auto function = CompileFunction(text.c_str(), "x");
+                          const auto parametrized = CompileParametrizedFunction(text.c_str(), "x");
+                          valid = function != nullptr && parametrized != nullptr;
+                          if (valid)
+                          {
+                              const std::unique_ptr<Math::IFunction> clone(function->Clone());
+                              EXPECT_EQ((*clone)(1.0f), (*function)(1.0f));
+                              EXPECT_EQ((*parametrized)(1.0f), (*function)(1.0f));
+                          }
+                          seconds = Tests::ThreadSeconds() - begin;
+                      });
     EXPECT_LT(seconds, secondsAllowed);
     EXPECT_LT(PeakMegabytes(), megabytesAllowed);
     return valid;
@@ -135,14 +134,15 @@ TEST(FormulaLimits, RowsAndBracketsTogetherKeepToTheDepth)
 {
     constexpr int rows = 60;
     EXPECT_TRUE(SurvivesAsValid(Joined({Repeated("(x+x*", rows), "x", Repeated(")", rows)})));
-    EXPECT_FALSE(SurvivesAsValid(Joined({Repeated("(1+1+1+1+1+abs(x)*", rows), "x", Repeated("+1+1+1+1)", rows)})));
+    EXPECT_FALSE(
+        SurvivesAsValid(Joined({Repeated("(1+1+1+1+1+abs(x)*", rows), "x", Repeated("+1+1+1+1)", rows)})));
 }
 
 TEST(FormulaLimits, WrongFormulasWithinTheLimitsEndInTime)
 {
     constexpr int bytes = CFormulaLimits::maxBytes;
-    for (const char* const part : {"(", ")", "x+", "x ", "?", "'", "#", "f(", "-", "(#)#+", "(')'+", "()", "(1)", ",",
-                                   "f(,", "1.", "|", "\\", "\xff", "1(", "((1)", "(1))"})
+    for (const char* const part : {"(",  ")",   "x+", "x ",  "?",  "'", "#",  "f(",   "-",  "(#)#+", "(')'+",
+                                   "()", "(1)", ",",  "f(,", "1.", "|", "\\", "\xff", "1(", "((1)",  "(1))"})
     {
         const std::string text = Repeated(part, bytes / static_cast<int>(std::string(part).size()));
         EXPECT_FALSE(SurvivesAsValid(text)) << part;

@@ -65,8 +65,8 @@ private:
         const char first = text.front();
         if (IsLetter(first))
         {
-            return Word(std::string(text.substr(
-                0, Run(text, 1, [](char c) { return IsLetter(c) || IsDigit(c) || c == '.'; }))));
+            return Word(std::string(
+                text.substr(0, Run(text, 1, [](char c) { return IsLetter(c) || IsDigit(c) || c == '.'; }))));
         }
         if (IsDigit(first) || first == '.')
         {
@@ -77,7 +77,8 @@ private:
             std::size_t end = 1;
             while (end < text.size() && text[end] != first)
             {
-                end += first == '\'' && text[end] == '\\' ? 2U : 1U; // the digits of an escape are characters too
+                end += first == '\'' && text[end] == '\\' ? 2U
+                                                          : 1U; // the digits of an escape are characters too
             }
             return {std::string(1, first), std::string(text.substr(0, end + 1))};
         }

@@ -6,8 +6,8 @@
 namespace Mirel::SkinEngine
 {
 
-/// What a formula in x and y is, found by a second reading of the language that shares nothing with the first:
-/// a descent over the characters that computes as it goes.
+/// What a formula in x and y is, found by a second reading of the language that shares nothing with the
+/// first: a descent over the characters that computes as it goes.
 struct CFormulaVerdict
 {
     bool isSyntax = false;      ///< The text follows the grammar.

@@ -21,9 +21,8 @@ std::string Shape(const CFormulaNode& node)
     std::string shape = "(" + node.text;
     for (const CFormulaNode& child : node.children)
     {
-        shape.append(" ").append(child.children.empty() && node.type == EFormulaToken::Parameter
-                                     ? child.text
-                                     : Shape(child));
+        shape.append(" ").append(
+            child.children.empty() && node.type == EFormulaToken::Parameter ? child.text : Shape(child));
     }
     return shape.append(")");
 }
@@ -65,12 +64,12 @@ TEST(FormulaSyntax, EverySpellingOfATokenHasItsNumber)
         const char* text;
         int type;
     } rows[] = {
-        {"a", 4},       {"-a", 5},        {"'a'", 6},     {"''", 6},          {"1||2", 7},   {"1 or 2", 7},
-        {"1&&2", 8},    {"1 and 2", 8},   {"1=2", 9},     {"1==2", 9},        {"1!=2", 10},  {"1<>2", 10},
-        {"1<2", 11},    {"1<=2", 12},     {"1>2", 13},    {"1>=2", 14},       {"1+2", 15},   {"1-2", 16},
-        {"1*2", 17},    {"1/2", 18},      {"1%2", 19},    {"1^2", 20},        {"!1", 21},    {"not 1", 21},
-        {"1", 22},      {"0123456789", 22}, {"1.5", 23},  {".5", 23},         {"12.034", 23}, {"#1.2.2024#", 24},
-        {"##", 24},     {"true", 25},     {"false", 25},  {"f()", 26},        {"f(1)", 26},
+        {"a", 4},    {"-a", 5},          {"'a'", 6},    {"''", 6},    {"1||2", 7},    {"1 or 2", 7},
+        {"1&&2", 8}, {"1 and 2", 8},     {"1=2", 9},    {"1==2", 9},  {"1!=2", 10},   {"1<>2", 10},
+        {"1<2", 11}, {"1<=2", 12},       {"1>2", 13},   {"1>=2", 14}, {"1+2", 15},    {"1-2", 16},
+        {"1*2", 17}, {"1/2", 18},        {"1%2", 19},   {"1^2", 20},  {"!1", 21},     {"not 1", 21},
+        {"1", 22},   {"0123456789", 22}, {"1.5", 23},   {".5", 23},   {"12.034", 23}, {"#1.2.2024#", 24},
+        {"##", 24},  {"true", 25},       {"false", 25}, {"f()", 26},  {"f(1)", 26},
     };
     for (const auto& row : rows)
     {
@@ -88,8 +87,8 @@ TEST(FormulaSyntax, LeavesKeepTheirText)
 
 TEST(FormulaSyntax, EscapesOfStringsAreRead)
 {
-    for (const char* const text : {R"('\n')", R"('\r\t')", R"('\'')", R"('\\')", R"('\u00eF')", R"('a\u0041b')",
-                                   "'#'", "' !\"&()'", "'\xc3\xa9'"})
+    for (const char* const text : {R"('\n')", R"('\r\t')", R"('\'')", R"('\\')", R"('\u00eF')",
+                                   R"('a\u0041b')", "'#'", "' !\"&()'", "'\xc3\xa9'"})
     {
         EXPECT_EQ(TypeOf(text), 6) << text;
     }
@@ -126,12 +125,16 @@ TEST(FormulaSyntax, KeywordsAreWholeLowerCaseWords)
 
 TEST(FormulaSyntax, BlanksOnlySeparate)
 {
-    ExpectShapes({{" 1\t+\n2 \f*\r3 ", "(+ 1 (* 2 3))"}, {"sqrt (4)", "(sqrt 4)"}, {"1 2", "error"}, {"1 < = 2", "error"}});
+    ExpectShapes({{" 1\t+\n2 \f*\r3 ", "(+ 1 (* 2 3))"},
+                  {"sqrt (4)", "(sqrt 4)"},
+                  {"1 2", "error"},
+                  {"1 < = 2", "error"}});
 }
 
 TEST(FormulaSyntax, NumbersHaveNoSignAndNoExponent)
 {
-    ExpectShapes({{"1e3", "error"}, {"1.5e3", "error"}, {"+1", "error"}, {"1.2.3", "error"}, {"5.", "error"}});
+    ExpectShapes(
+        {{"1e3", "error"}, {"1.5e3", "error"}, {"+1", "error"}, {"1.2.3", "error"}, {"5.", "error"}});
 }
 
 TEST(FormulaSyntax, EveryLevelBindsTighterThanTheOneBeforeIt)
@@ -155,16 +158,16 @@ TEST(FormulaSyntax, EveryLevelBindsTighterThanTheOneBeforeIt)
 
 TEST(FormulaSyntax, AllBinaryOperatorsGroupFromTheLeft)
 {
-    for (const char* const op : {"or", "||", "and", "&&", "=", "==", "!=", "<>", "<", "<=", ">", ">=", "+", "-",
-                                 "*", "/", "%", "^"})
+    for (const char* const op :
+         {"or", "||", "and", "&&", "=", "==", "!=", "<>", "<", "<=", ">", ">=", "+", "-", "*", "/", "%", "^"})
     {
         const std::string sign = op;
         const std::string text = std::string("1 ").append(sign).append(" 2 ").append(sign).append(" 3");
-        const std::string shape =
-            std::string("(").append(sign).append(" (").append(sign).append(" 1 2) 3)");
+        const std::string shape = std::string("(").append(sign).append(" (").append(sign).append(" 1 2) 3)");
         EXPECT_EQ(ShapeOf(text.c_str()), shape);
     }
-    ExpectShapes({{"1 - 2 + 3", "(+ (- 1 2) 3)"}, {"1 < 2 >= 3", "(>= (< 1 2) 3)"}, {"1 * 2 / 3", "(/ (* 1 2) 3)"}});
+    ExpectShapes(
+        {{"1 - 2 + 3", "(+ (- 1 2) 3)"}, {"1 < 2 >= 3", "(>= (< 1 2) 3)"}, {"1 * 2 / 3", "(/ (* 1 2) 3)"}});
 }
 
 TEST(FormulaSyntax, BracketsGroupAndLeaveNoNode)
@@ -203,13 +206,20 @@ TEST(FormulaSyntax, CallsTakeAnyNumberOfFormulas)
 
 TEST(FormulaSyntax, NothingMayStandBehindTheFormula)
 {
-    ExpectShapes({{"1+2 3", "error"}, {"(1))", "error"}, {"1,2", "error"}, {"1)", "error"}, {"a 'b'", "error"}});
+    ExpectShapes(
+        {{"1+2 3", "error"}, {"(1))", "error"}, {"1,2", "error"}, {"1)", "error"}, {"a 'b'", "error"}});
 }
 
 TEST(FormulaSyntax, IncompleteFormulasAreErrors)
 {
-    ExpectShapes({{"", "error"}, {"  ", "error"}, {"(", "error"}, {"()", "error"}, {"1+", "error"}, {"*1", "error"},
-                  {"(1", "error"}, {"1 or", "error"}});
+    ExpectShapes({{"", "error"},
+                  {"  ", "error"},
+                  {"(", "error"},
+                  {"()", "error"},
+                  {"1+", "error"},
+                  {"*1", "error"},
+                  {"(1", "error"},
+                  {"1 or", "error"}});
     EXPECT_FALSE(ParseFormula(nullptr));
 }
 

@@ -3,9 +3,9 @@
 #include "Mirel/Math/CConstantFunction.h"
 #include "Mirel/Math/TBinaryFunction.h"
 #include "Mirel/Math/TFunction.h"
-#include "Mirel/SkinEngine/Formula/FormulaCompiler.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/Serialization/ItemStreams.h"
+#include "Mirel/SkinEngine/Formula/FormulaCompiler.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,7 +41,10 @@ class CCountedFunction : public CConstantFunction
 {
 public:
     CCountedFunction(float factor, int& alive_) : CConstantFunction(factor), alive(alive_) { ++alive; }
-    CCountedFunction(const CCountedFunction& other) : CConstantFunction(other), alive(other.alive) { ++alive; }
+    CCountedFunction(const CCountedFunction& other) : CConstantFunction(other), alive(other.alive)
+    {
+        ++alive;
+    }
     CCountedFunction& operator=(const CCountedFunction&) = delete;
     ~CCountedFunction() override { --alive; }
 
@@ -66,8 +69,8 @@ const IBinaryFunction& Difference()
 
 TEST(TParametrizedFunction, ListsTheNamesOfEachKindOnceInOrder)
 {
-    const auto formula =
-        CompileParametrizedFunction("b + a*b + pi + x + curve(a) + surface(x, c) + sin(x) + curve(2) + min(1, a)", "x");
+    const auto formula = CompileParametrizedFunction(
+        "b + a*b + pi + x + curve(a) + surface(x, c) + sin(x) + curve(2) + min(1, a)", "x");
     ASSERT_NE(formula, nullptr);
     const CFormulaParameters& parameters = formula->GetParameters();
     EXPECT_THAT(ListOf(parameters.GetConstantNames()), ElementsAre("a", "b", "c"));
@@ -101,7 +104,8 @@ TEST(TParametrizedFunction, AFormulaWithoutNamesHasNone)
 
 TEST(TParametrizedFunction, AVariableIsNoParameterOfItsFormula)
 {
-    EXPECT_THAT(ListOf(CompileParametrizedConstant("x")->GetParameters().GetConstantNames()), ElementsAre("x"));
+    EXPECT_THAT(ListOf(CompileParametrizedConstant("x")->GetParameters().GetConstantNames()),
+                ElementsAre("x"));
     EXPECT_THAT(ListOf(CompileParametrizedFunction("x+y", "x")->GetParameters().GetConstantNames()),
                 ElementsAre("y"));
     EXPECT_THAT(
