@@ -1,5 +1,6 @@
 #include "Mirel/Graphics/CLineRasterizer.h"
 
+#include "Mirel/Graphics/CNarrowLine.h"
 #include "Mirel/Graphics/Premultiply.h"
 
 #include <algorithm>
@@ -35,6 +36,12 @@ void CLineRasterizer::DrawSegment(const CPixelTarget& target, CColor color, cons
     const double length = std::sqrt(dx * dx + dy * dy);
     if (!(length > 0.0))
     {
+        return;
+    }
+    CNarrowLine narrow(segment);
+    if (narrow.IsNarrow() && target.clip.width >= CNarrowLine::maxColumns)
+    {
+        narrow.Draw(target, color);
         return;
     }
     const double sideX = -dy / length * 0.5;
