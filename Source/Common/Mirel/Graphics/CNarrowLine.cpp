@@ -15,10 +15,18 @@ namespace
 /// Less than this sideways, an edge counts as upright.
 constexpr float leastSlope = 1.0F / 1024.0F;
 
-int Floor(float value)
+/// Without the call that the library's takes on processors without an instruction for it.
+template <class T>
+int Floor(T value)
 {
     const int whole = static_cast<int>(value);
-    return whole - (static_cast<float>(whole) > value ? 1 : 0);
+    return whole - (static_cast<T>(whole) > value ? 1 : 0);
+}
+
+template <class T>
+int Ceil(T value)
+{
+    return -Floor(-value);
 }
 
 __m128 Clamp(__m128 value)
@@ -60,56 +68,45 @@ CNarrowLine::CNarrowLine(const CSegment& segment)
     const double sideX = dy * half; // To the right side; upward if the line runs to the right.
     const double sideY = -dx * half;
 
-    const double leftmost = std::min(ax, ax + dx) - sideX;
     const double top = ay - std::fabs(sideY);
-    firstColumn = static_cast<int>(std::floor(leftmost));
-    firstRow = static_cast<int>(std::floor(top));
-    columns = static_cast<int>(std::ceil(std::max(ax, ax + dx) + sideX)) - firstColumn;
-    rows = static_cast<int>(std::ceil(ay + dy + std::fabs(sideY))) - firstRow;
+    firstColumn = Floor(std::min(ax, ax + dx) - sideX);
+    firstRow = Floor(top);
+    columns = Ceil(std::max(ax, ax + dx) + sideX) - firstColumn;
+    rows = Ceil(ay + dy + std::fabs(sideY)) - firstRow;
     isSteep = dy >= std::fabs(dx);
     if (!IsNarrow())
     {
         return;
     }
+    slope = dy > 0.0 ? static_cast<float>(dx / dy) : 0.0F;
+    const float across = dx < 0.0 || dx > 0.0 ? static_cast<float>(-dy / dx) : 0.0F;
     const auto x = static_cast<float>(ax - firstColumn);
     const auto y = static_cast<float>(ay - firstRow);
     const auto endX = x + static_cast<float>(dx);
     const auto endY = y + static_cast<float>(dy);
     const auto rx = static_cast<float>(sideX);
     const auto ry = static_cast<float>(sideY);
-    AddEdge(0, x - rx, y - ry, endX - rx, endY - ry, 1.0F);
-    AddEdge(1, x + rx, y + ry, endX + rx, endY + ry, -1.0F);
-    // An end is a left side where the outline runs down to the left of the line, and a right side elsewhere.
-    const bool toTheRight = dx > 0.0;
-    const float endSign = toTheRight ? 1.0F : -1.0F;
-    if (toTheRight)
+    edges[0] = {x - rx, y - ry, endY - ry, slope, -across, 1.0F};
+    edges[1] = {x + rx, y + ry, endY + ry, slope, -across, -1.0F};
+    // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
+    if (dx > 0.0)
     {
-        AddEdge(2, x + rx, y + ry, x - rx, y - ry, endSign);
-        AddEdge(3, endX + rx, endY + ry, endX - rx, endY - ry, -endSign);
+        edges[2] = {x + rx, y + ry, y - ry, across, -slope, 1.0F};
+        edges[3] = {endX + rx, endY + ry, endY - ry, across, -slope, -1.0F};
     }
     else
     {
-        AddEdge(2, x - rx, y - ry, x + rx, y + ry, endSign);
-        AddEdge(3, endX - rx, endY - ry, endX + rx, endY + ry, -endSign);
+        edges[2] = {x - rx, y - ry, y + ry, across, -slope, -1.0F};
+        edges[3] = {endX - rx, endY - ry, endY + ry, across, -slope, 1.0F};
     }
     if (isSteep)
     {
-        slope = static_cast<float>(dx / dy);
         wide = static_cast<float>(0.5 / (half * dy));
         left = x - 0.5F * wide - y * slope;
         const float slant = std::fabs(ry);
         firstWhole = Floor(y + slant) + 1;
         endWhole = Floor(endY - slant);
     }
-}
-
-void CNarrowLine::AddEdge(int index, float x, float y, float endX, float endY, float sign)
-{
-    const float rise = endY - y;
-    const float run = endX - x;
-    const float edgeSlope = rise > 0.0F ? run / rise : 0.0F;
-    edges[static_cast<std::size_t>(index)] = {
-        x, y, endY, edgeSlope, run < 0.0F || run > 0.0F ? rise / run : 0.0F, sign};
 }
 
 /// The share of each pixel that lies to the right of the edge between two heights of the row; the pixels are

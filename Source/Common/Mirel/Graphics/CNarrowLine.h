@@ -41,7 +41,6 @@ private:
         float sign; ///< 1 if the line lies to the right of it, else -1.
     };
 
-    void AddEdge(int index, float x, float y, float endX, float endY, float sign);
     static __m128 Cover(const CEdge& edge, float from, float to, __m128 rightSides);
     void DrawRow(std::uint8_t* row, int y, int clipLeft, int clipRight,
                  const CFourPixelBlender& blender) const;
