@@ -35,19 +35,22 @@ std::shared_ptr<CBitmapContext> CBitmapContext::Create(CSize size, int depth)
     return context->data == nullptr ? nullptr : context;
 }
 
+bool CBitmapContext::CanView(cairo_surface_t* surface)
+{
+    return surface != nullptr && cairo_surface_get_type(surface) == CAIRO_SURFACE_TYPE_IMAGE &&
+           (cairo_image_surface_get_format(surface) == CAIRO_FORMAT_ARGB32 ||
+            cairo_image_surface_get_format(surface) == CAIRO_FORMAT_RGB24) &&
+           cairo_image_surface_get_width(surface) > 0 && cairo_image_surface_get_height(surface) > 0 &&
+           cairo_image_surface_get_data(surface) != nullptr;
+}
+
 std::shared_ptr<CBitmapContext> CBitmapContext::CreateView(cairo_surface_t* surface)
 {
-    if (surface == nullptr || cairo_surface_get_type(surface) != CAIRO_SURFACE_TYPE_IMAGE ||
-        (cairo_image_surface_get_format(surface) != CAIRO_FORMAT_ARGB32 &&
-         cairo_image_surface_get_format(surface) != CAIRO_FORMAT_RGB24))
+    if (!CanView(surface))
     {
         return nullptr;
     }
     const CSize size = {cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface)};
-    if (size.IsEmpty() || cairo_image_surface_get_data(surface) == nullptr)
-    {
-        return nullptr;
-    }
     std::shared_ptr<CBitmapContext> context(
         new CBitmapContext(size, drawingDepth, cairo_image_surface_get_stride(surface)));
     context->data = cairo_image_surface_get_data(surface);

@@ -23,8 +23,10 @@ public:
     /// memory.
     static std::shared_ptr<CBitmapContext> Create(CSize size, int depth);
 
-    /// A view on the pixels of an image surface of the drawing library, which it retains. None for another
-    /// kind of surface, for other than 32 bits a pixel, and for one without pixels.
+    /// Whether it is an image surface of the drawing library, with pixels, and of 32 bits each.
+    static bool CanView(cairo_surface_t* surface);
+
+    /// A view on the pixels of such a surface, which it retains. None for any other.
     static std::shared_ptr<CBitmapContext> CreateView(cairo_surface_t* surface);
 
     CBitmapContext(const CBitmapContext&) = delete;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace Mirel::Graphics
@@ -54,10 +55,26 @@ bool ClipToNeighbourhood(CSegment& segment, const CRect& clip)
 }
 
 /// A line without length is seen as the pixel that it stands on: one as long as it is wide.
-CSegment MakeSeen(double ax, double ay, double bx, double by)
+CSegment MakeSeen(const CSegment& s)
 {
-    const bool isDot = !(ax < bx || ax > bx || ay < by || ay > by);
-    return isDot ? CSegment{ax - half, ay, bx + half, by} : CSegment{ax, ay, bx, by};
+    const bool isDot = !(s.ax < s.bx || s.ax > s.bx || s.ay < s.by || s.ay > s.by);
+    return isDot ? CSegment{s.ax - half, s.ay, s.bx + half, s.by} : s;
+}
+
+/// Between the centres of pixels.
+template <class Point>
+CSegment Between(Point a, Point b)
+{
+    return {half + static_cast<double>(a.x), half + static_cast<double>(a.y), half + static_cast<double>(b.x),
+            half + static_cast<double>(b.y)};
+}
+
+/// Half of the pixel.
+template <class Point>
+CSegment HalfOf(Point point)
+{
+    const CSegment dot = Between(point, point);
+    return {dot.ax + half, dot.ay, dot.bx, dot.by};
 }
 
 } // namespace
@@ -83,25 +100,22 @@ void CDrawSurface::SetPenStyle(std::uint32_t /*style*/) {}
 
 void CDrawSurface::DrawLine(CPoint a, CPoint b)
 {
-    Stroke(a.x + half, a.y + half, b.x + half, b.y + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolyline(const CPoint* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPoint(CPoint point)
 {
-    Stroke(point.x + 1.0, point.y + half, point.x + half, point.y + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPoints(const CPoint* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLine(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::DrawRect(const CRect& rect)
@@ -112,37 +126,29 @@ void CDrawSurface::DrawRect(const CRect& rect)
     }
     const CPoint topLeft = rect.GetOrigin();
     const CPoint bottomRight = {GetLast(rect.x, rect.width), GetLast(rect.y, rect.height)};
-    const CPoint topRight = {bottomRight.x, topLeft.y};
-    const CPoint bottomLeft = {topLeft.x, bottomRight.y};
-    DrawLine(topLeft, topRight);
-    DrawLine(topRight, bottomRight);
-    DrawLine(bottomRight, bottomLeft);
-    DrawLine(bottomLeft, topLeft);
+    const CPoint corners[] = {
+        topLeft, {bottomRight.x, topLeft.y}, bottomRight, {topLeft.x, bottomRight.y}, topLeft};
+    DrawPolyline(corners, static_cast<int>(std::size(corners)));
 }
 
 void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 {
-    Stroke(static_cast<double>(a.x) + half, static_cast<double>(a.y) + half, static_cast<double>(b.x) + half,
-           static_cast<double>(b.y) + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPointF(CPointF point)
 {
-    Stroke(static_cast<double>(point.x) + 1.0, static_cast<double>(point.y) + half,
-           static_cast<double>(point.x) + half, static_cast<double>(point.y) + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPointsF(const CPointF* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLineF(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::FillRect(const CRect& rect)
@@ -314,55 +320,48 @@ void CDrawSurface::SetSource(CColor color)
     cairo_set_source_rgb(context, ToUnit(color.r), ToUnit(color.g), ToUnit(color.b));
 }
 
-void CDrawSurface::Stroke(double ax, double ay, double bx, double by)
+void CDrawSurface::Stroke(const CSegment& segment)
 {
-    if (context == nullptr)
-    {
-        return;
-    }
     const CRect clip = GetOuterClip(context);
-    CSegment segment = MakeSeen(ax, ay, bx, by);
-    if (clip.IsEmpty() || !ClipToNeighbourhood(segment, clip))
+    CSegment seen = MakeSeen(segment);
+    if (clip.IsEmpty() || !ClipToNeighbourhood(seen, clip))
     {
         return;
     }
     SetSource(state.pen);
-    cairo_move_to(context, segment.ax, segment.ay);
-    cairo_line_to(context, segment.bx, segment.by);
+    cairo_move_to(context, seen.ax, seen.ay);
+    cairo_line_to(context, seen.bx, seen.by);
     cairo_stroke(context);
 }
 
-template <class Point>
-void CDrawSurface::StrokeAll(const Point* points, int count)
+template <class SegmentAt>
+void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
 {
-    const auto at = [points](int i)
-    { return std::pair(half + static_cast<double>(points[i].x), half + static_cast<double>(points[i].y)); };
+    if (context == nullptr || count < 1)
+    {
+        return;
+    }
     CPoint origin;
-    const CPixelTarget target =
-        context == nullptr || count < 2 ? CPixelTarget() : GetPlainTarget(context, origin);
-    if (target.data != nullptr)
+    const CPixelTarget target = GetPlainTarget(context, origin);
+    if (target.data == nullptr)
     {
-        cairo_surface_flush(cairo_get_target(context));
-    }
-    for (int i = 1; i < count; ++i)
-    {
-        const auto [ax, ay] = at(i - 1);
-        const auto [bx, by] = at(i);
-        if (target.data == nullptr)
+        for (int i = 0; i < count; ++i)
         {
-            Stroke(ax, ay, bx, by);
-            continue;
+            Stroke(segmentAt(i));
         }
-        CSegment segment = MakeSeen(ax + origin.x, ay + origin.y, bx + origin.x, by + origin.y);
-        if (ClipToNeighbourhood(segment, target.clip))
+        return;
+    }
+    cairo_surface_flush(cairo_get_target(context));
+    for (int i = 0; i < count; ++i)
+    {
+        const CSegment s = segmentAt(i);
+        CSegment seen = MakeSeen({s.ax + origin.x, s.ay + origin.y, s.bx + origin.x, s.by + origin.y});
+        if (ClipToNeighbourhood(seen, target.clip))
         {
-            rasterizer.DrawSegment(target, state.pen, segment);
+            rasterizer.DrawSegment(target, state.pen, seen);
         }
     }
-    if (target.data != nullptr)
-    {
-        cairo_surface_mark_dirty(cairo_get_target(context));
-    }
+    cairo_surface_mark_dirty(cairo_get_target(context));
 }
 
 void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity)

@@ -15,6 +15,7 @@ namespace
 {
 
 constexpr unsigned opaque = 255;
+constexpr std::ptrdiff_t bytesPerPixel = 4;
 
 /// Half of an eighth of a grey level: less is not seen.
 constexpr float leastCoverage = 1.0F / 4096.0F;
@@ -44,10 +45,20 @@ void FillAlong(std::uint8_t* pixels, std::ptrdiff_t step, double from, double to
     const std::uint32_t pixel = 0xff000000U | color.Pack();
     const int firstWhole = std::max(first, static_cast<int>(std::ceil(from)));
     const int endWhole = std::min(end, static_cast<int>(std::floor(to)));
-    std::uint8_t* at = pixels + step * firstWhole;
-    for (int i = firstWhole; i < endWhole; ++i, at += step)
+    if (step == bytesPerPixel)
     {
-        StorePixel(at, 0, pixel);
+        // A loop of its own: the compiler stores many pixels at a time.
+        for (int i = firstWhole; i < endWhole; ++i)
+        {
+            StorePixel(pixels, i, pixel);
+        }
+    }
+    else
+    {
+        for (int i = firstWhole; i < endWhole; ++i)
+        {
+            StorePixel(pixels + step * i, 0, pixel);
+        }
     }
     const auto blend = [&](int i)
     {
@@ -76,7 +87,7 @@ bool DrawAlongPixels(const CPixelTarget& target, CColor color, const CSegment& s
         if (pixel >= clip.x && pixel < clip.x + clip.width)
         {
             const auto [from, to] = std::minmax(segment.ay, segment.by);
-            FillAlong(target.data + std::int64_t{4} * pixel, target.stride, from, to, clip.y,
+            FillAlong(target.data + bytesPerPixel * pixel, target.stride, from, to, clip.y,
                       clip.y + clip.height, color);
         }
         return true;
@@ -86,7 +97,7 @@ bool DrawAlongPixels(const CPixelTarget& target, CColor color, const CSegment& s
         if (pixel >= clip.y && pixel < clip.y + clip.height)
         {
             const auto [from, to] = std::minmax(segment.ax, segment.bx);
-            FillAlong(target.data + std::int64_t{target.stride} * pixel, 4, from, to, clip.x,
+            FillAlong(target.data + std::int64_t{target.stride} * pixel, bytesPerPixel, from, to, clip.x,
                       clip.x + clip.width, color);
         }
         return true;
