@@ -3,12 +3,15 @@
 #include "Mirel/Graphics/CBitmapAdapter.h"
 #include "Mirel/Graphics/CBitmapContext.h"
 #include "Mirel/Graphics/CDIBBitmap.h"
+#include "Mirel/Graphics/Limits.h"
 #include "Mirel/Graphics/LineClip.h"
 #include "Mirel/Graphics/PlainTarget.h"
 
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <cstring>
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -38,6 +41,50 @@ CRect GetOuterClip(cairo_t* context)
 int GetLast(int first, int length)
 {
     return static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + length - 1, INT32_MAX));
+}
+
+/// Whether two image surfaces use some of the same bytes.
+bool Overlap(cairo_surface_t* a, cairo_surface_t* b)
+{
+    if (!CBitmapContext::CanView(a) || !CBitmapContext::CanView(b))
+    {
+        return false;
+    }
+    const auto begin = [](cairo_surface_t* surface) { return cairo_image_surface_get_data(surface); };
+    const auto end = [](cairo_surface_t* surface)
+    {
+        return cairo_image_surface_get_data(surface) +
+               std::int64_t{cairo_image_surface_get_stride(surface)} *
+                   (cairo_image_surface_get_height(surface) - 1) +
+               std::int64_t{4} * cairo_image_surface_get_width(surface);
+    };
+    const std::less<> before;
+    return before(begin(a), end(b)) && before(begin(b), end(a));
+}
+
+/// The pixels of that part to draw from; copied if they are drawn onto themselves, where the library would
+/// read what it has just written. For the caller to destroy; none if there is no such part.
+cairo_surface_t* CreateSource(CBitmapContext& pixels, const CRect& part, cairo_surface_t* target)
+{
+    cairo_surface_t* source = pixels.CreateSubImage(part);
+    if (source == nullptr || !Overlap(source, target))
+    {
+        return source;
+    }
+    cairo_surface_flush(target);
+    cairo_surface_t* copy =
+        cairo_image_surface_create(cairo_image_surface_get_format(source), part.width, part.height);
+    for (int y = 0; y < part.height && CBitmapContext::CanView(copy); ++y)
+    {
+        const auto row = [y](cairo_surface_t* surface) {
+            return cairo_image_surface_get_data(surface) +
+                   std::int64_t{cairo_image_surface_get_stride(surface)} * y;
+        };
+        std::memcpy(row(copy), row(source), static_cast<std::size_t>(part.width) * 4);
+    }
+    cairo_surface_mark_dirty(copy);
+    cairo_surface_destroy(source);
+    return copy;
 }
 
 void AddRect(cairo_t* context, const CRect& rect)
@@ -286,7 +333,7 @@ int CDrawSurface::GetDeviceScale() const
     {
         cairo_surface_get_device_scale(cairo_get_target(context), &x, &y);
     }
-    return Core::TruncateToInt32(x);
+    return std::clamp(Core::TruncateToInt32(x), 1, CLimits::maxDeviceScale);
 }
 
 CBitmap* CDrawSurface::GetBitmap()
@@ -312,7 +359,7 @@ CBitmap* CDrawSurface::GetBitmap()
 CSize CDrawSurface::GetContextSize() const
 {
     const auto found = context == nullptr ? nullptr : CBitmapContext::CreateView(cairo_get_target(context));
-    return found == nullptr ? CSize() : found->GetSize();
+    return found == nullptr ? CSize() : found->GetScaledSize();
 }
 
 void CDrawSurface::SetSource(CColor color)
@@ -370,9 +417,15 @@ void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRe
     {
         return;
     }
-    const CRect part = Intersect(src, {CPoint(), pixels->GetSize()});
+    const CRect whole = {CPoint(), pixels->GetScaledSize()};
+    const CRect part = Intersect(src, whole);
     const CRect seen = Intersect(dst, GetOuterClip(context));
-    cairo_surface_t* source = seen.IsEmpty() ? nullptr : pixels->CreateSubImage(part);
+    const int scale = pixels->GetScale();
+    cairo_surface_t* source =
+        seen.IsEmpty() || part.IsEmpty()
+            ? nullptr
+            : CreateSource(*pixels, {part.x * scale, part.y * scale, part.width * scale, part.height * scale},
+                           cairo_get_target(context));
     if (source == nullptr)
     {
         return;
@@ -390,6 +443,7 @@ void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRe
         cairo_rectangle(context, 0.0, 0.0, part.width, part.height);
         cairo_clip(context);
     }
+    cairo_surface_set_device_scale(source, scale, scale);
     cairo_set_source_surface(context, source, 0.0, 0.0);
     // The edges of a scaled picture do not fade into nothing.
     cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
