@@ -74,7 +74,13 @@ cairo_surface_t* CreateSource(CBitmapContext& pixels, const CRect& part, cairo_s
     cairo_surface_flush(target);
     cairo_surface_t* copy =
         cairo_image_surface_create(cairo_image_surface_get_format(source), part.width, part.height);
-    for (int y = 0; y < part.height && CBitmapContext::CanView(copy); ++y)
+    if (!CBitmapContext::CanView(copy))
+    {
+        cairo_surface_destroy(copy);
+        cairo_surface_destroy(source);
+        return nullptr;
+    }
+    for (int y = 0; y < part.height; ++y)
     {
         const auto row = [y](cairo_surface_t* surface) {
             return cairo_image_surface_get_data(surface) +
