@@ -2,13 +2,15 @@
 
 #include "Mirel/Graphics/CBitmapAdapter.h"
 #include "Mirel/Graphics/CBitmapContext.h"
-#include "Mirel/Graphics/CDIBBitmap.h"
+#include "Mirel/Graphics/ContextArea.h"
+#include "Mirel/Graphics/Limits.h"
 #include "Mirel/Graphics/LineClip.h"
 #include "Mirel/Graphics/PlainTarget.h"
 
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace Mirel::Graphics
@@ -18,30 +20,11 @@ namespace
 {
 
 constexpr double half = 0.5;
-constexpr int fullOpacity = 255;
-
-/// The clip's bounding box in whole pixels, with those that it only touches.
-CRect GetOuterClip(cairo_t* context)
-{
-    double left = 0.0;
-    double top = 0.0;
-    double right = 0.0;
-    double bottom = 0.0;
-    cairo_clip_extents(context, &left, &top, &right, &bottom);
-    const int x = Core::TruncateToInt32(std::floor(left));
-    const int y = Core::TruncateToInt32(std::floor(top));
-    return {x, y, Core::TruncateToInt32(std::ceil(right) - x), Core::TruncateToInt32(std::ceil(bottom) - y)};
-}
 
 /// The last pixel of an extent, as far as there are numbers for it.
 int GetLast(int first, int length)
 {
     return static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + length - 1, INT32_MAX));
-}
-
-void AddRect(cairo_t* context, const CRect& rect)
-{
-    cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
 }
 
 /// Beyond some millions of pixels the library's own coordinates wrap round, and a zoomed curve goes there:
@@ -54,10 +37,26 @@ bool ClipToNeighbourhood(CSegment& segment, const CRect& clip)
 }
 
 /// A line without length is seen as the pixel that it stands on: one as long as it is wide.
-CSegment MakeSeen(double ax, double ay, double bx, double by)
+CSegment MakeSeen(const CSegment& s)
 {
-    const bool isDot = !(ax < bx || ax > bx || ay < by || ay > by);
-    return isDot ? CSegment{ax - half, ay, bx + half, by} : CSegment{ax, ay, bx, by};
+    const bool isDot = !(s.ax < s.bx || s.ax > s.bx || s.ay < s.by || s.ay > s.by);
+    return isDot ? CSegment{s.ax - half, s.ay, s.bx + half, s.by} : s;
+}
+
+/// Between the centres of pixels.
+template <class Point>
+CSegment Between(Point a, Point b)
+{
+    return {half + static_cast<double>(a.x), half + static_cast<double>(a.y), half + static_cast<double>(b.x),
+            half + static_cast<double>(b.y)};
+}
+
+/// Half of the pixel.
+template <class Point>
+CSegment HalfOf(Point point)
+{
+    const CSegment dot = Between(point, point);
+    return {dot.ax + half, dot.ay, dot.bx, dot.by};
 }
 
 } // namespace
@@ -83,25 +82,22 @@ void CDrawSurface::SetPenStyle(std::uint32_t /*style*/) {}
 
 void CDrawSurface::DrawLine(CPoint a, CPoint b)
 {
-    Stroke(a.x + half, a.y + half, b.x + half, b.y + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolyline(const CPoint* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPoint(CPoint point)
 {
-    Stroke(point.x + 1.0, point.y + half, point.x + half, point.y + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPoints(const CPoint* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLine(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::DrawRect(const CRect& rect)
@@ -112,37 +108,29 @@ void CDrawSurface::DrawRect(const CRect& rect)
     }
     const CPoint topLeft = rect.GetOrigin();
     const CPoint bottomRight = {GetLast(rect.x, rect.width), GetLast(rect.y, rect.height)};
-    const CPoint topRight = {bottomRight.x, topLeft.y};
-    const CPoint bottomLeft = {topLeft.x, bottomRight.y};
-    DrawLine(topLeft, topRight);
-    DrawLine(topRight, bottomRight);
-    DrawLine(bottomRight, bottomLeft);
-    DrawLine(bottomLeft, topLeft);
+    const CPoint corners[] = {
+        topLeft, {bottomRight.x, topLeft.y}, bottomRight, {topLeft.x, bottomRight.y}, topLeft};
+    DrawPolyline(corners, static_cast<int>(std::size(corners)));
 }
 
 void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 {
-    Stroke(static_cast<double>(a.x) + half, static_cast<double>(a.y) + half, static_cast<double>(b.x) + half,
-           static_cast<double>(b.y) + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPointF(CPointF point)
 {
-    Stroke(static_cast<double>(point.x) + 1.0, static_cast<double>(point.y) + half,
-           static_cast<double>(point.x) + half, static_cast<double>(point.y) + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPointsF(const CPointF* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLineF(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::FillRect(const CRect& rect)
@@ -159,51 +147,6 @@ void CDrawSurface::FillRect(const CRect& rect)
         AddRect(context, seen);
         cairo_fill(context);
     }
-}
-
-void CDrawSurface::DrawImage(const CImage& image, CPoint src, CPoint dst, CSize size)
-{
-    DrawImageAlpha(image, src, dst, size, fullOpacity);
-}
-
-void CDrawSurface::DrawImageAlpha(const CImage& image, CPoint src, CPoint dst, CSize size, int opacity)
-{
-    PaintPart(image.GetContext(), {src, size}, {dst, size}, opacity);
-}
-
-void CDrawSurface::StretchImage(const CImage& image, const CRect& src, const CRect& dst)
-{
-    PaintPart(image.GetContext(), src, dst, fullOpacity);
-}
-
-void CDrawSurface::DrawBitmap(const CBitmap& bitmap_, CPoint src, CPoint dst, CSize size)
-{
-    DrawBitmapAlpha(bitmap_, src, dst, size, fullOpacity);
-}
-
-void CDrawSurface::DrawBitmapAlpha(const CBitmap& bitmap_, CPoint src, CPoint dst, CSize size, int opacity)
-{
-    PaintPart(bitmap_.GetContext(), {src, size}, {dst, size}, opacity);
-}
-
-void CDrawSurface::StretchBitmap(const CBitmap& bitmap_, const CRect& src, const CRect& dst)
-{
-    PaintPart(bitmap_.GetContext(), src, dst, fullOpacity);
-}
-
-void CDrawSurface::DrawLayer(const CLayer& layer, CPoint point)
-{
-    DrawBitmap(layer, CPoint(), point, layer.GetSize());
-}
-
-void CDrawSurface::DrawLayerAlpha(const CLayer& layer, CPoint point, int opacity)
-{
-    DrawBitmapAlpha(layer, CPoint(), point, layer.GetSize(), opacity);
-}
-
-void CDrawSurface::DrawLayerInRect(const CLayer& layer, const CRect& rect)
-{
-    StretchBitmap(layer, {CPoint(), layer.GetSize()}, rect);
 }
 
 void CDrawSurface::Translate(CPoint delta)
@@ -272,6 +215,17 @@ void CDrawSurface::RestoreState()
     }
 }
 
+int CDrawSurface::GetDeviceScale() const
+{
+    double x = 1.0;
+    double y = 1.0;
+    if (context != nullptr)
+    {
+        cairo_surface_get_device_scale(cairo_get_target(context), &x, &y);
+    }
+    return std::clamp(Core::TruncateToInt32(x), 1, CLimits::maxDeviceScale);
+}
+
 CBitmap* CDrawSurface::GetBitmap()
 {
     cairo_surface_t* target = context == nullptr ? nullptr : cairo_get_target(context);
@@ -295,7 +249,7 @@ CBitmap* CDrawSurface::GetBitmap()
 CSize CDrawSurface::GetContextSize() const
 {
     const auto found = context == nullptr ? nullptr : CBitmapContext::CreateView(cairo_get_target(context));
-    return found == nullptr ? CSize() : found->GetSize();
+    return found == nullptr ? CSize() : found->GetScaledSize();
 }
 
 void CDrawSurface::SetSource(CColor color)
@@ -303,89 +257,48 @@ void CDrawSurface::SetSource(CColor color)
     cairo_set_source_rgb(context, ToUnit(color.r), ToUnit(color.g), ToUnit(color.b));
 }
 
-void CDrawSurface::Stroke(double ax, double ay, double bx, double by)
+void CDrawSurface::Stroke(const CSegment& segment)
 {
-    if (context == nullptr)
-    {
-        return;
-    }
     const CRect clip = GetOuterClip(context);
-    CSegment segment = MakeSeen(ax, ay, bx, by);
-    if (clip.IsEmpty() || !ClipToNeighbourhood(segment, clip))
+    CSegment seen = MakeSeen(segment);
+    if (clip.IsEmpty() || !ClipToNeighbourhood(seen, clip))
     {
         return;
     }
     SetSource(state.pen);
-    cairo_move_to(context, segment.ax, segment.ay);
-    cairo_line_to(context, segment.bx, segment.by);
+    cairo_move_to(context, seen.ax, seen.ay);
+    cairo_line_to(context, seen.bx, seen.by);
     cairo_stroke(context);
 }
 
-template <class Point>
-void CDrawSurface::StrokeAll(const Point* points, int count)
+template <class SegmentAt>
+void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
 {
-    const auto at = [points](int i)
-    { return std::pair(half + static_cast<double>(points[i].x), half + static_cast<double>(points[i].y)); };
+    if (context == nullptr || count < 1)
+    {
+        return;
+    }
     CPoint origin;
-    const CPixelTarget target =
-        context == nullptr || count < 2 ? CPixelTarget() : GetPlainTarget(context, origin);
-    if (target.data != nullptr)
+    const CPixelTarget target = GetPlainTarget(context, origin);
+    if (target.data == nullptr)
     {
-        cairo_surface_flush(cairo_get_target(context));
-    }
-    for (int i = 1; i < count; ++i)
-    {
-        const auto [ax, ay] = at(i - 1);
-        const auto [bx, by] = at(i);
-        if (target.data == nullptr)
+        for (int i = 0; i < count; ++i)
         {
-            Stroke(ax, ay, bx, by);
-            continue;
+            Stroke(segmentAt(i));
         }
-        CSegment segment = MakeSeen(ax + origin.x, ay + origin.y, bx + origin.x, by + origin.y);
-        if (ClipToNeighbourhood(segment, target.clip))
-        {
-            rasterizer.DrawSegment(target, state.pen, segment);
-        }
-    }
-    if (target.data != nullptr)
-    {
-        cairo_surface_mark_dirty(cairo_get_target(context));
-    }
-}
-
-void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity)
-{
-    if (context == nullptr || pixels == nullptr || src.IsEmpty() || dst.IsEmpty() || opacity <= 0)
-    {
         return;
     }
-    const CRect part = Intersect(src, {CPoint(), pixels->GetSize()});
-    const CRect seen = Intersect(dst, GetOuterClip(context));
-    cairo_surface_t* source = seen.IsEmpty() ? nullptr : pixels->CreateSubImage(part);
-    if (source == nullptr)
+    cairo_surface_flush(cairo_get_target(context));
+    for (int i = 0; i < count; ++i)
     {
-        return;
+        const CSegment s = segmentAt(i);
+        CSegment seen = MakeSeen({s.ax + origin.x, s.ay + origin.y, s.bx + origin.x, s.by + origin.y});
+        if (ClipToNeighbourhood(seen, target.clip))
+        {
+            rasterizer.DrawSegment(target, state.pen, seen);
+        }
     }
-    const double scaleX = static_cast<double>(dst.width) / src.width;
-    const double scaleY = static_cast<double>(dst.height) / src.height;
-    cairo_save(context);
-    AddRect(context, seen);
-    cairo_clip(context);
-    cairo_translate(context, dst.x + (static_cast<double>(part.x) - src.x) * scaleX,
-                    dst.y + (static_cast<double>(part.y) - src.y) * scaleY);
-    cairo_scale(context, scaleX, scaleY);
-    if (part != src)
-    {
-        cairo_rectangle(context, 0.0, 0.0, part.width, part.height);
-        cairo_clip(context);
-    }
-    cairo_set_source_surface(context, source, 0.0, 0.0);
-    // The edges of a scaled picture do not fade into nothing.
-    cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
-    cairo_paint_with_alpha(context, ToUnit(std::min(opacity, fullOpacity)));
-    cairo_restore(context);
-    cairo_surface_destroy(source);
+    cairo_surface_mark_dirty(cairo_get_target(context));
 }
 
 } // namespace Mirel::Graphics
