@@ -13,6 +13,7 @@ CSkinCollectionContext::CChange::CChange(CSkinCollectionContext& context_) : con
     if (context.changes++ == 0)
     {
         context.itemsInChange = 0;
+        context.elementsInChange = 0;
     }
 }
 
@@ -21,6 +22,7 @@ CSkinCollectionContext::CChange::~CChange()
     if (context.changes == 1)
     {
         context.RunRequests();
+        context.Report();
     }
     --context.changes;
 }
@@ -70,7 +72,7 @@ bool CSkinCollectionContext::TakeItem()
 {
     if (IsExhausted())
     {
-        Report();
+        refused = true;
         return false;
     }
     ++items;
@@ -78,30 +80,32 @@ bool CSkinCollectionContext::TakeItem()
     return true;
 }
 
-bool CSkinCollectionContext::TakeElement()
+bool CSkinCollectionContext::TakeElements(int count)
 {
-    if (elements >= maxCollectionElements)
+    if (count > maxCollectionElements - elements)
     {
-        Report();
+        refused = true;
         return false;
     }
-    ++elements;
+    elements += count;
+    elementsInChange += count;
     return true;
 }
 
 bool CSkinCollectionContext::IsExhausted() const
 {
-    return items >= maxCollectionItems || elements >= maxCollectionElements ||
-           itemsInChange >= maxItemsPerChange || changes > maxNestedCollections;
+    return items >= maxCollectionItems || elements >= maxCollectionElements || changes > maxNestedCollections ||
+           itemsInChange >= maxItemsPerChange || elementsInChange >= maxElementsPerChange;
 }
 
 void CSkinCollectionContext::Report()
 {
-    if (!reported && log != nullptr)
+    CoreUtilities::IMessageLog* log = refused && !reported ? findLog() : nullptr;
+    if (log != nullptr)
     {
         reported = true;
         log->Post(CoreUtilities::CMessageKind::Error,
-                  "The collections are too large in all: some of their items are left out.", 0);
+                  "The collections have too many items in all: some are left out or incomplete.", 0);
     }
 }
 

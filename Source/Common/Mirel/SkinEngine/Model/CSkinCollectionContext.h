@@ -2,7 +2,8 @@
 
 #include "Mirel/CoreUtilities/IMessageLog.h"
 
-#include <cstddef>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace Mirel::SkinEngine
@@ -18,13 +19,12 @@ class CSkinCollectionBase;
 class CSkinCollectionContext
 {
 public:
-    CSkinCollectionContext() = default;
+    /// Finds where a limit that was met is reported, which happens once for all collections; null for nowhere.
+    using CFindLog = std::function<CoreUtilities::IMessageLog*()>;
+
+    explicit CSkinCollectionContext(CFindLog findLog_) : findLog(std::move(findLog_)) {}
     CSkinCollectionContext(const CSkinCollectionContext&) = delete;
     CSkinCollectionContext& operator=(const CSkinCollectionContext&) = delete;
-
-    /// Where a limit that was met is reported, once for all collections; not owned, null for nowhere.
-    void SetLog(CoreUtilities::IMessageLog* newLog) { log = newLog; }
-    CoreUtilities::IMessageLog* GetLog() const { return log; }
 
     /// A change of a count and all that it sets off. The outermost one carries out the requests that have
     /// come in meanwhile when it ends.
@@ -48,16 +48,13 @@ public:
     /// For a collection that goes away.
     void Forget(const CSkinCollectionBase& collection);
 
-    /// One more item. False, with a report, where there may be none.
+    /// One more item. False where there may be none; that is reported when the change is over.
     bool TakeItem();
     void ReleaseItem() { --items; }
 
-    /// One more element inside an item. False, with a report, where there may be none.
-    bool TakeElement();
+    /// More elements inside an item. False where there may not be so many; that is reported.
+    bool TakeElements(int count);
     void ReleaseElements(int count) { elements -= count; }
-
-    /// Whether no item can be made that would hold anything.
-    bool IsExhausted() const;
 
     int GetItems() const { return items; }
     int GetElements() const { return elements; }
@@ -71,13 +68,16 @@ private:
 
     void RunRequests();
     void Report();
+    bool IsExhausted() const;
 
-    CoreUtilities::IMessageLog* log = nullptr;
+    CFindLog findLog;
     std::vector<CRequest> requests;
     int changes = 0; ///< Under way, one inside the other.
     int items = 0;
     int elements = 0;
-    int itemsInChange = 0; ///< Made since the outermost change began.
+    int itemsInChange = 0; ///< Made since the outermost change began, like the next.
+    int elementsInChange = 0;
+    bool refused = false;
     bool reported = false;
 };
 

@@ -16,6 +16,7 @@ constexpr int maxCollectionElements = 65536;
 /// Items that one change of a count, with all that it sets off, makes and unmakes again: links that move
 /// counts to and fro would keep the thread busy.
 constexpr int maxItemsPerChange = 4 * maxCollectionItems;
+constexpr int maxElementsPerChange = 4 * maxCollectionElements;
 
 /// Collections within items of collections. Each level of an item being made takes its stack.
 constexpr int maxNestedCollections = 32;
