@@ -2,46 +2,80 @@
 
 #include "Mirel/DataModel/TConstCaptureValueWrapper.h"
 
-#include <type_traits>
+#include <concepts>
+#include <functional>
+#include <utility>
 
 namespace Mirel::DataModel
 {
 
-/// The writing form: a number is clamped to the range of the description before it is handed on. GUI thread
-/// only.
+/// The writing form: what is set is set in the other object, which may make something else of it.
 template <class T, class I, class C>
 class TCaptureValueWrapper : public TConstCaptureValueWrapper<T, I, C>, public virtual TICaptureObject<T, I>
 {
 public:
-    /// V is a TIValue<T> and an IValueChangedEventProvider. See TConstCaptureValueWrapper.
-    template <class V>
-    TCaptureValueWrapper(V* value_, bool owned_, const I& info_)
-        : TConstCaptureValueWrapper<T, I, C>(value_, owned_, info_),
-          value(*value_)
+    using CGet = typename TConstCaptureValueWrapper<T, I, C>::CGet;
+    using CSet = std::function<void(T)>;
+
+    /// See TConstCaptureValueWrapper. Captures are passed on to the captured object, if there is one; it is
+    /// not owned and must outlive this object.
+    TCaptureValueWrapper(const I& info_, CGet get_, CSet set_, Core::IEventProvider* changed_,
+                         Core::ICapture* captured_ = nullptr)
+        : TConstCaptureValueWrapper<T, I, C>(info_, std::move(get_), changed_),
+          set(std::move(set_)),
+          captured(captured_)
     {
     }
 
-    /// What the value behind makes of it is what shows. The wrapper may be gone afterwards. NaN is no change.
+    /// A number is first clamped to the range of the description, and ignored if it is none. If the other
+    /// object has no event, this one fires in its place.
     void SetValue(T newValue) override
     {
-        if constexpr (std::is_floating_point_v<T>)
+        if constexpr (std::floating_point<T>)
         {
-            const I& range = this->GetInfo();
-            newValue = range.GetMin() > newValue ? range.GetMin() : newValue;
-            newValue = newValue > range.GetMax() ? range.GetMax() : newValue;
-            if (!(newValue < value.GetValue() || newValue > value.GetValue()))
+            const T atLeast = this->GetInfo().GetMin() > newValue ? this->GetInfo().GetMin() : newValue;
+            const T clamped = atLeast > this->GetInfo().GetMax() ? this->GetInfo().GetMax() : atLeast;
+            if (clamped < this->GetValue() || clamped > this->GetValue())
             {
-                return;
+                Forward(clamped);
             }
         }
-        value.SetValue(newValue);
+        else
+        {
+            Forward(newValue);
+        }
     }
 
-    void BeginCapture() override { this->GetCapture().BeginCapture(); }
-    void EndCapture() override { this->GetCapture().EndCapture(); }
+    void BeginCapture() override
+    {
+        if (captured != nullptr)
+        {
+            captured->BeginCapture();
+        }
+        this->GetCapture().BeginCapture();
+    }
+
+    void EndCapture() override
+    {
+        if (captured != nullptr)
+        {
+            captured->EndCapture();
+        }
+        this->GetCapture().EndCapture();
+    }
 
 private:
-    Core::TIValue<T>& value;
+    void Forward(T newValue)
+    {
+        set(newValue);
+        if (!this->HasEvent())
+        {
+            this->GetCapture().NotifyChanged();
+        }
+    }
+
+    CSet set;
+    Core::ICapture* captured;
 };
 
 } // namespace Mirel::DataModel

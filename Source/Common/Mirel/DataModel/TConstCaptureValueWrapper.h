@@ -1,33 +1,39 @@
 #pragma once
 
 #include "Mirel/Core/CCapture.h"
-#include "Mirel/Core/TOwnership.h"
 #include "Mirel/DataModel/TICaptureObject.h"
+
+#include <functional>
+#include <utility>
 
 namespace Mirel::DataModel
 {
 
-/// Presents a value that has a change event, and no more, as an observable object that can only be read: T
-/// and I are those of TICaptureObject, C is the class of the description. GUI thread only.
+/// Presents what another object holds, such as a switch or a count, as an observable object with a
+/// description of its own. T and I are those of TICaptureObject, C is the class of the description. Nobody
+/// captures it. The thread is that of the other object.
 template <class T, class I, class C>
 class TConstCaptureValueWrapper : public virtual TIConstCaptureObject<T, I>
 {
 public:
-    /// V is a TIConstValue<T> and an IValueChangedEventProvider. With owned it is destroyed with the wrapper,
-    /// otherwise it must outlive it. Copies the description.
-    template <class V>
-    TConstCaptureValueWrapper(V* value_, bool owned_, const I& info_)
-        : owner(value_, owned_),
-          value(*value_),
-          changed(value_->GetValueChangedEventProvider()),
-          info(info_)
+    using CGet = std::function<T()>;
+
+    /// Copies the description. The event is the other object's, fires when `get` would give another value,
+    /// and must outlive this object; null if there is none.
+    TConstCaptureValueWrapper(const I& info_, CGet get_, Core::IEventProvider* changed_)
+        : info(info_),
+          get(std::move(get_)),
+          changed(changed_)
     {
     }
     TConstCaptureValueWrapper(const TConstCaptureValueWrapper&) = delete;
     TConstCaptureValueWrapper& operator=(const TConstCaptureValueWrapper&) = delete;
 
-    T GetValue() const override { return value.GetValue(); }
-    Core::IEventProvider& GetValueChangedEventProvider() const override { return changed; }
+    T GetValue() const override { return get(); }
+    Core::IEventProvider& GetValueChangedEventProvider() const override
+    {
+        return changed == nullptr ? capture.GetChangedEventProvider() : *changed;
+    }
 
     const C& GetInfo() const override { return info; }
     C& GetInfo() { return info; }
@@ -45,11 +51,13 @@ public:
 protected:
     Core::CCapture& GetCapture() { return capture; }
 
+    /// Whether the other object tells of changes by itself.
+    bool HasEvent() const { return changed != nullptr; }
+
 private:
-    Core::TOwnership<const Core::TIConstValue<T>> owner;
-    const Core::TIConstValue<T>& value;
-    Core::IEventProvider& changed;
     C info;
+    CGet get;
+    Core::IEventProvider* changed;
     Core::CCapture capture;
 };
 

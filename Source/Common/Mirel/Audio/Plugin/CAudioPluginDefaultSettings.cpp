@@ -2,7 +2,7 @@
 
 #include "Mirel/Audio/Plugin/BypassInfo.h"
 #include "Mirel/Audio/Plugin/Limits.h"
-#include "Mirel/Audio/Plugin/ReadText.h"
+#include "Mirel/Serialization/ReadText.h"
 #include "Mirel/Core/CAutoLock.h"
 #include "Mirel/Serialization/CXmlDataObject.h"
 
