@@ -6,9 +6,7 @@
 #include <FormulaLexer.h>
 #include <FormulaParser.h>
 
-#include <algorithm>
 #include <cstring>
-#include <limits>
 #include <memory>
 #include <utility>
 
@@ -41,7 +39,7 @@ void PassOverRest(pANTLR3_BASE_RECOGNIZER recognizer, pANTLR3_UINT8*)
 {
     const auto* const parser = static_cast<pANTLR3_PARSER>(recognizer->super);
     const pANTLR3_INT_STREAM tokens = parser->tstream->istream;
-    tokens->seek(tokens, std::numeric_limits<ANTLR3_INT32>::max());
+    tokens->seek(tokens, tokens->size(tokens));
 }
 
 /// Whether brackets nest no deeper than the parser may recurse.
