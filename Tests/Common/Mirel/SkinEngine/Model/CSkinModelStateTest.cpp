@@ -103,9 +103,7 @@ TEST(CSkinModelState, StandsUnderItsKeyInVersion2)
     CSkinModel model;
     AddParam(model, "volume").SetValue(0.25f);
     AddString(model, "title").SetValue("Scope & <Bank>");
-    CTestCount bands;
-    bands.SetCount(3);
-    AddCount(model, "bands", bands);
+    AddCount(model, "bands").SetCount(3);
     for (const char* id : {"volume", "title", "bands"})
     {
         ASSERT_TRUE(model.MakePersistent(id, true));
@@ -211,9 +209,8 @@ TEST(CSkinModelState, AStateOfBeforeVersion2LoadsAndLeavesCountsAsTheyAre)
 
         CSkinModel model;
         CCaptureParam& volume = AddParam(model, "volume");
-        CTestCount bands;
+        CTestCount& bands = AddCount(model, "bands");
         bands.SetCount(2);
-        AddCount(model, "bands", bands);
         model.MakePersistent("volume", false);
         model.MakePersistent("bands", false);
         CSkinModelState read;
@@ -241,8 +238,7 @@ TEST(CSkinModelState, UnknownNamesAndOtherKindsAreSkippedInSilence)
     CSkinModel model(&log);
     CCaptureParam& volume = AddParam(model, "volume");
     CCaptureString& title = AddString(model, "title");
-    CTestCount bands;
-    AddCount(model, "bands", bands);
+    CTestCount& bands = AddCount(model, "bands");
     for (const char* id : {"volume", "title", "bands"})
     {
         model.MakePersistent(id, false);
@@ -324,8 +320,7 @@ public:
         for (int i = GetCount(); i < newCount; ++i)
         {
             const std::string itemId = id + "[" + std::to_string(i) + "]";
-            items.push_back(std::make_unique<CTestCount>());
-            AddCount(model, (itemId + ".parts").c_str(), *items.back());
+            items.push_back(&AddCount(model, (itemId + ".parts").c_str()));
             model.MakePersistent((itemId + ".parts").c_str(), true);
             params.push_back(&AddParam(model, (itemId + ".gain").c_str()));
             model.MakePersistent((itemId + ".gain").c_str(), true);
@@ -335,15 +330,14 @@ public:
 
     CSkinModel& model;
     std::string id;
-    std::vector<std::unique_ptr<CTestCount>> items;
+    std::vector<CTestCount*> items;
     std::vector<CCaptureParam*> params;
 };
 
 TEST(CSkinModelState, CountsComeBackBeforeTheObjectsOfTheItems)
 {
     CSkinModel model;
-    CNestingCount bands(model, "bands");
-    AddCount(model, "bands", bands);
+    CNestingCount& bands = AddCount(model, "bands", std::make_unique<CNestingCount>(model, "bands"));
     model.MakePersistent("bands", true);
     CSkinModelState state;
     // The inner collection first, as a map would give it that keeps no order.
@@ -458,8 +452,7 @@ TEST(CSkinModelState, AChangeOfALinkedObjectMarksTheStateAsModified)
     CCaptureCurve& curve = AddCurve(model, "c");
     CCaptureSurface& surface = AddSurface(model, "s");
     CCaptureString& string = AddString(model, "t");
-    CTestCount count;
-    AddCount(model, "n", count);
+    CTestCount& count = AddCount(model, "n");
     for (const char* id : {"p", "c", "s", "t", "n"})
     {
         model.MakePersistent(id, true);
@@ -507,9 +500,9 @@ TEST(CSkinModelState, RestoringAStateIsNoModification)
 
 TEST(CSkinModelState, ARemovedObjectIsFollowedNoLonger)
 {
-    CSkinModel model;
     CCaptureParam param;
     param.GetInfo().SetMax(1.0f);
+    CSkinModel model;
     model.AddParam("p", &param, objectItself, false);
     model.MakePersistent("p", true);
     EXPECT_TRUE(model.RemoveObject("p"));
@@ -586,8 +579,7 @@ struct CRig
         }
         for (int i = 0; i < counts_; ++i)
         {
-            counts.push_back(std::make_unique<CTestCount>());
-            AddCount(model, Id("n", i).c_str(), *counts.back());
+            counts.push_back(&AddCount(model, Id("n", i).c_str()));
         }
     }
 
@@ -606,12 +598,12 @@ struct CRig
     }
 
     std::vector<std::string> ids;
-    std::vector<std::unique_ptr<CTestCount>> counts;
     CSkinModel model;
     std::vector<CCaptureParam*> params;
     std::vector<CCaptureCurve*> curves;
     std::vector<CCaptureSurface*> surfaces;
     std::vector<CCaptureString*> strings;
+    std::vector<CTestCount*> counts;
 };
 
 template <class Stream>
@@ -638,7 +630,7 @@ void CheckRoundTrip(Stream& stream)
     {
         string->SetValue(AnyText().c_str());
     }
-    for (auto& count : source.counts)
+    for (auto* count : source.counts)
     {
         count->SetCount(*rc::gen::arbitrary<int>());
     }

@@ -105,8 +105,8 @@ TEST(CSkinModel, EachAdderEntersItsKindAndAccess)
 
 TEST(CSkinModel, AnObjectThatWorksAtAPeriodOrHasASwitchShowsIt)
 {
-    CSkinModel model;
     CCaptureParam source;
+    CSkinModel model;
     model.AddConstParam("timed", new CConstCaptureParamTimerProxy(source, nullptr), objectItself, true);
     AddParam(model, "plain");
     auto* timed = FindObject<Core::IRefreshTime>(model.GetObjects(), "timed");

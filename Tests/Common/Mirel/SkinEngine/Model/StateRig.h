@@ -74,14 +74,22 @@ inline Mirel::DataModel::Objects::CCaptureString& AddString(Mirel::SkinEngine::I
     return *string;
 }
 
-/// The count must outlive its stay in the model.
-inline void AddCount(Mirel::SkinEngine::ISkinModel& model, const char* id, Mirel::SkinEngine::ICount& count)
+/// Adds the count, which the model then owns.
+template <class C>
+C& AddCount(Mirel::SkinEngine::ISkinModel& model, const char* id, std::unique_ptr<C> count)
 {
     using namespace Mirel::SkinEngine;
+    C& added = *count;
     auto wrapper = std::make_unique<Mirel::Runtime::CDynamicObject>();
-    wrapper->AddInterface<IConstCount>(TObjectInterface<IConstCount>::name, &count, false);
-    wrapper->AddInterface<ICount>(TObjectInterface<ICount>::name, &count, false);
+    wrapper->AddInterface<IConstCount>(TObjectInterface<IConstCount>::name, count.get(), false);
+    wrapper->AddInterface<ICount>(TObjectInterface<ICount>::name, count.release(), true);
     model.AddObject(id, wrapper.release(), true);
+    return added;
+}
+
+inline CTestCount& AddCount(Mirel::SkinEngine::ISkinModel& model, const char* id)
+{
+    return AddCount(model, id, std::make_unique<CTestCount>());
 }
 
 } // namespace Tests
