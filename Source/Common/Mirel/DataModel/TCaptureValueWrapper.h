@@ -65,10 +65,12 @@ public:
     }
 
 private:
+    /// What is set may take this very object away, as a collection's count does with what its items show.
     void Forward(T newValue)
     {
+        const bool fires = !this->HasEvent();
         set(newValue);
-        if (!this->HasEvent())
+        if (fires)
         {
             this->GetCapture().NotifyChanged();
         }

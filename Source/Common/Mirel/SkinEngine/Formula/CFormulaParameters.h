@@ -58,8 +58,8 @@ public:
 
     /// Gives a name its function wherever the formula calls it. With owned the function is destroyed when it
     /// is replaced or with the formula, and at once if the formula calls no function of this name, which
-    /// gives false; a borrowed one must live until then. Null stands for 0 everywhere, which also holds before
-    /// the first call. A function that leads back to this formula would never come to an end.
+    /// gives false; a borrowed one must live until then. Null stands for 0 everywhere, which also holds
+    /// before the first call. A function that leads back to this formula would never come to an end.
     bool SetFunction(const char* name, const Math::IFunction* function, bool owned);
     bool SetBinaryFunction(const char* name, const Math::IBinaryFunction* function, bool owned);
 

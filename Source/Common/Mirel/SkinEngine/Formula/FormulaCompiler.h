@@ -11,9 +11,10 @@ namespace Mirel::SkinEngine
 // Formulas of skin and model files, compiled into trees of function objects. The result is the caller's; null
 // is for a null text and for an invalid formula, which the caller reports in its own words. Any thread.
 //
-// The language: || or, && and, = == != <>, < <= > >=, + -, * /, ^, ! not and the sign of a bracket, a value or a
-// call, from the loosest to the tightest, all from left to right; numbers without sign and exponent, true,
-// false, pi; exp log cosh sinh tanh sqrt cos sin tan floor ceil round abs of one argument, min max of two.
+// The language: || or, && and, = == != <>, < <= > >=, + -, * /, ^, ! not and the sign of a bracket, a value
+// or a call, from the loosest to the tightest, all from left to right; numbers without sign and exponent,
+// true, false, pi; exp log cosh sinh tanh sqrt cos sin tan floor ceil round abs of one argument, min max of
+// two.
 
 /// A number without any names in it: `2+3*4`.
 std::unique_ptr<Math::IConstant> CompileConstant(const char* text);

@@ -36,8 +36,8 @@ TEntry<K, Math::IBinaryFunction> Binary(K key)
 template <class K, class I, std::size_t n>
 const I* Find(const TEntry<K, I> (&table)[n], K key)
 {
-    const auto* const found =
-        std::find_if(std::begin(table), std::end(table), [key](const auto& entry) { return entry.key == key; });
+    const auto* const found = std::find_if(std::begin(table), std::end(table),
+                                           [key](const auto& entry) { return entry.key == key; });
     return found != std::end(table) ? found->function : nullptr;
 }
 
@@ -66,10 +66,10 @@ const Math::IBinaryFunction* FindOperator(EFormulaToken type)
 const Math::IFunction* FindUnaryFunction(std::string_view name)
 {
     static const TEntry<std::string_view, Math::IFunction> functions[] = {
-        Unary<&Library::Exp>("exp"),     Unary<&Library::Log>("log"),     Unary<&Library::Cosh>("cosh"),
-        Unary<&Library::Sinh>("sinh"),   Unary<&Library::Tanh>("tanh"),   Unary<&Library::SquareRoot>("sqrt"),
-        Unary<&Library::Cos>("cos"),     Unary<&Library::Sin>("sin"),     Unary<&Library::Tan>("tan"),
-        Unary<&Library::Floor>("floor"), Unary<&Library::Ceil>("ceil"),   Unary<&Library::Round>("round"),
+        Unary<&Library::Exp>("exp"),     Unary<&Library::Log>("log"),   Unary<&Library::Cosh>("cosh"),
+        Unary<&Library::Sinh>("sinh"),   Unary<&Library::Tanh>("tanh"), Unary<&Library::SquareRoot>("sqrt"),
+        Unary<&Library::Cos>("cos"),     Unary<&Library::Sin>("sin"),   Unary<&Library::Tan>("tan"),
+        Unary<&Library::Floor>("floor"), Unary<&Library::Ceil>("ceil"), Unary<&Library::Round>("round"),
         Unary<&Library::Abs>("abs"),
     };
     return Find(functions, name);

@@ -13,11 +13,12 @@ struct CFormulaLimits
     /// recogniser a token and a node of half a kilobyte.
     static constexpr std::size_t maxBytes = std::size_t{1} << 14U;
 
-    /// Brackets within one another. The recogniser calls itself nine deep for each.
-    static constexpr int maxBrackets = 100;
+    /// Brackets within one another. The recogniser calls itself nine deep for each, on 1.6 KB of the stack; a
+    /// curve of a dozen pieces nests a dozen calls of min and max.
+    static constexpr int maxBrackets = 64;
 
-    /// Nodes from the whole formula down to a number or name: operators in a row nest as brackets do, since
-    /// each takes the row before it for its left side. Whatever walks the compiled tree recurses this deep.
+    /// Nodes from the whole formula down to a number or name. Operators in a row nest too, each over the row
+    /// before it, so that a sum may have 254 terms. Whatever walks the compiled tree recurses this deep.
     static constexpr int maxDepth = 256;
 };
 

@@ -129,10 +129,7 @@ private:
         }
     }
 
-    CResult BuildOperator(const CFormulaNode& node)
-    {
-        return Combine(node, FindOperator(node.type), false);
-    }
+    CResult BuildOperator(const CFormulaNode& node) { return Combine(node, FindOperator(node.type), false); }
 };
 
 } // namespace Mirel::SkinEngine

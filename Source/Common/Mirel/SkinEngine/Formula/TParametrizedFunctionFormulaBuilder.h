@@ -10,8 +10,8 @@ namespace Mirel::SkinEngine
 {
 
 /// Builds formulas whose unknown names are parameters. B is the builder that knows the others; without
-/// variables it is CConstantFormulaBuilder. The placeholders of a tree are in `parameters` from then on, which
-/// must not be used any more once the tree is destroyed: TParametrizedFunction keeps the two together.
+/// variables it is CConstantFormulaBuilder. The placeholders of a tree are in `parameters` from then on,
+/// which must not be used any more once the tree is destroyed: TParametrizedFunction keeps the two together.
 template <class I, class B = CConstantFormulaBuilder>
 class TParametrizedFunctionFormulaBuilder : public B
 {

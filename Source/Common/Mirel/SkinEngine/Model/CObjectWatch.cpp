@@ -1,25 +1,24 @@
 #include "Mirel/SkinEngine/Model/CObjectWatch.h"
 
-#include <algorithm>
-
 namespace Mirel::SkinEngine
 {
 
-void CObjectWatch::Add(const std::string& id, IObjectWatcher& watcher)
+CObjectWatch::CPlace CObjectWatch::Add(const std::string& id, IObjectWatcher& watcher)
 {
     Listen(true);
-    watched[id].list.push_back(&watcher);
+    std::list<IObjectWatcher*>& list = watched[id].list;
+    return list.insert(list.end(), &watcher);
 }
 
-void CObjectWatch::Remove(const std::string& id, const IObjectWatcher& watcher)
+void CObjectWatch::Remove(const std::string& id, CPlace place)
 {
     const auto found = watched.find(id);
-    if (found == watched.end())
+    if (found->second.deliveries > 0)
     {
+        *place = nullptr;
         return;
     }
-    std::replace(found->second.list.begin(), found->second.list.end(), const_cast<IObjectWatcher*>(&watcher),
-                 static_cast<IObjectWatcher*>(nullptr));
+    found->second.list.erase(place);
     TidyUp(found);
 }
 
@@ -52,7 +51,7 @@ void CObjectWatch::OnRemoved(const CDictionaryEntry& entry)
     Deliver(entry.id, [](IObjectWatcher& watcher) { watcher.OnObjectRemoved(); });
 }
 
-/// Those that come during a delivery have looked for themselves.
+/// Those that come during a delivery have looked for themselves, and need not be told.
 template <class F>
 void CObjectWatch::Deliver(const char* id, const F& call)
 {
@@ -63,25 +62,22 @@ void CObjectWatch::Deliver(const char* id, const F& call)
     }
     CWatchers& watchers = found->second;
     ++watchers.deliveries;
-    const std::size_t count = watchers.list.size();
-    for (std::size_t i = 0; i < count; ++i)
+    for (IObjectWatcher* watcher : watchers.list)
     {
-        if (IObjectWatcher* watcher = watchers.list[i])
+        if (watcher != nullptr)
         {
             call(*watcher);
         }
     }
-    --watchers.deliveries;
-    TidyUp(found);
+    if (--watchers.deliveries == 0)
+    {
+        watchers.list.remove(nullptr);
+        TidyUp(found);
+    }
 }
 
 void CObjectWatch::TidyUp(CMap::iterator watchers)
 {
-    if (watchers->second.deliveries > 0)
-    {
-        return;
-    }
-    std::erase(watchers->second.list, nullptr);
     if (watchers->second.list.empty())
     {
         watched.erase(watchers);

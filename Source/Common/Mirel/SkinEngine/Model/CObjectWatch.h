@@ -4,8 +4,8 @@
 #include "Mirel/Core/TArgCommand.h"
 #include "Mirel/SkinEngine/Model/ISkinDynamicObjectsDictionary.h"
 
+#include <list>
 #include <string>
-#include <vector>
 
 namespace Mirel::SkinEngine
 {
@@ -34,14 +34,17 @@ public:
 
     ISkinDynamicObjectsDictionary& GetDictionary() const { return dictionary; }
 
-    /// The watcher is not owned and must be removed before it goes away, which it may do at any time.
-    void Add(const std::string& id, IObjectWatcher& watcher);
-    void Remove(const std::string& id, const IObjectWatcher& watcher);
+    using CPlace = std::list<IObjectWatcher*>::iterator;
+
+    /// The watcher is not owned and must be removed before it goes away, which it may do at any time: the
+    /// place that comes back is for that.
+    CPlace Add(const std::string& id, IObjectWatcher& watcher);
+    void Remove(const std::string& id, CPlace place);
 
 private:
     struct CWatchers
     {
-        std::vector<IObjectWatcher*> list; ///< Null for one who was removed during a delivery.
+        std::list<IObjectWatcher*> list; ///< Null for one who was removed during a delivery.
         int deliveries = 0;
     };
     using CMap = Containers::TStringMap<CWatchers>;

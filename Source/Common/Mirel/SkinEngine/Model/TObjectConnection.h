@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace Mirel::SkinEngine
@@ -13,10 +14,12 @@ namespace Mirel::SkinEngine
 
 /// Holds the object of an identifier for somebody, from Resolve on: takes it away when it goes, and gives the
 /// one that comes under the same identifier. An object that has come late is given then; whoever needs it has
-/// failed nevertheless. O is the interface. GUI thread only.
+/// failed nevertheless. O is the interface, const where it is only read. GUI thread only.
 template <class O>
 class TObjectConnection : public IModelConnection, public IObjectWatcher
 {
+    using I = std::remove_const_t<O>;
+
 public:
     TObjectConnection(const TObjectConnection&) = delete;
     TObjectConnection& operator=(const TObjectConnection&) = delete;
@@ -25,9 +28,9 @@ public:
     /// False, with a report, if there is no object of that kind.
     bool Resolve()
     {
-        context->GetWatch().Add(id, *this);
+        place = context->GetWatch().Add(id, *this);
         watching = true;
-        object = ResolveObject<O>(context->GetDictionary(), id.c_str());
+        object = ResolveObject<I>(context->GetDictionary(), id.c_str());
         if (object != nullptr)
         {
             Give(*object);
@@ -45,7 +48,7 @@ public:
     {
         if (object == nullptr && comesBack)
         {
-            object = FindInterface<O>(newObject);
+            object = FindInterface<I>(newObject);
             if (object != nullptr)
             {
                 Give(*object);
@@ -80,13 +83,14 @@ private:
     {
         if (std::exchange(watching, false))
         {
-            context->GetWatch().Remove(id, *this);
+            context->GetWatch().Remove(id, place);
         }
     }
 
     std::shared_ptr<CSkinModelContext> context;
     std::string id;
     O* object = nullptr;
+    CObjectWatch::CPlace place;
     bool comesBack;
     bool watching = false;
 };
