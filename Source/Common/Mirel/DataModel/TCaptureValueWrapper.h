@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Core/CLateDestruction.h"
 #include "Mirel/DataModel/TConstCaptureValueWrapper.h"
 
 #include <concepts>
@@ -65,12 +66,11 @@ public:
     }
 
 private:
-    /// What is set may take this very object away, as a collection's count does with what its items show.
     void Forward(T newValue)
     {
-        const bool fires = !this->HasEvent();
+        const Core::CLateDestruction stayAlive;
         set(newValue);
-        if (fires)
+        if (!this->HasEvent())
         {
             this->GetCapture().NotifyChanged();
         }

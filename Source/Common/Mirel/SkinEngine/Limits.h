@@ -21,15 +21,18 @@ struct CLimits
     /// Bytes of the name of an element or attribute. Names stand in messages, one for each element.
     static constexpr std::size_t maxNameBytes = 256;
 
-    /// Bytes of one attribute's value.
+    /// Bytes of one attribute's value, also after variables are put in.
     static constexpr std::size_t maxAttributeBytes = std::size_t{1} << 20U;
+
+    /// Bytes of all values of one element that variables may make.
+    static constexpr std::size_t maxElementBytes = std::size_t{4} << 20U;
 
     /// Attributes of one element.
     static constexpr std::size_t maxAttributes = 1024;
 
     /// Bytes of a document type with its declarations. With the expansions below it bounds what entities can
     /// make of a small file.
-    static constexpr std::size_t maxDocumentTypeBytes = std::size_t{4} << 10U;
+    static constexpr std::size_t maxDocumentTypeBytes = std::size_t{16} << 10U;
 
     /// Entities that one file may expand.
     static constexpr std::size_t maxEntityExpansions = 1000;
@@ -71,8 +74,9 @@ struct CLimits
     /// Bytes of messages that the parser itself posts.
     static constexpr std::size_t maxMessageBytes = std::size_t{16} << 20U;
 
-    /// Nesting of a template that is read from or written to a data object.
-    static constexpr int maxSavedDepth = 256;
+    /// Nesting of a template that is read from or written to a data object. Data objects recurse: a level
+    /// costs the stack some 600 bytes.
+    static constexpr int maxSavedDepth = 64;
 };
 
 } // namespace Mirel::SkinEngine

@@ -4,19 +4,32 @@
 #include "Mirel/Core/TArgReturnCommand.h"
 #include "Mirel/Core/TReturnCommand.h"
 #include "Mirel/CoreUtilities/IMessageLog.h"
+#include "Mirel/Math/IFunction.h"
+#include "Mirel/SkinEngine/Language/CBoundedLog.h"
+#include "Mirel/SkinEngine/Language/CDefineParser.h"
+#include "Mirel/SkinEngine/Language/CExpansion.h"
+#include "Mirel/SkinEngine/Language/CParseBudget.h"
 #include "Mirel/SkinEngine/Language/CPublicState.h"
+#include "Mirel/SkinEngine/Language/CSkinPaths.h"
+#include "Mirel/SkinEngine/Language/CTemplateParser.h"
+#include "Mirel/SkinEngine/Language/FileAttributes.h"
 #include "Mirel/SkinEngine/Language/IParserElementHandler.h"
+#include "Mirel/SkinEngine/Language/IXmlEvents.h"
 
+#include <cstddef>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace Mirel::SkinEngine
 {
 
-class CSkinParserCore;
+class CXercesSession;
+class CXmlFileReader;
 class IElementListener;
-class IParsedTemplate;
+class IScriptEngine;
 
 /// Reads the files of the skin language, skins and models: variables, definitions, templates, repeats and
 /// includes are resolved here, and what an element means is left to the handlers that a client registers.
@@ -27,7 +40,7 @@ class IParsedTemplate;
 /// walk but a broken file and what exceeds CLimits.
 ///
 /// Belongs to one thread at a time. While a file is parsed, this thread's locale is "C".
-class CSkinParser : public IParserElementHandler
+class CSkinParser : public IParserElementHandler, private IXmlEvents
 {
 public:
     using CStartCommand = Core::TIArgReturnCommand<bool, const Containers::CNamedAttributes&>;
@@ -105,8 +118,127 @@ public:
     CPublicState& GetPublicState();
     const CPublicState& GetPublicState() const;
 
+protected:
+    /// Starts the XML library for the time of a parse; what it throws ends the parse with a message.
+    virtual std::unique_ptr<CXercesSession> OpenLibrary();
+
+    /// Not owned; null, as here, means that scripts are not run.
+    virtual IScriptEngine* GetScriptEngine() { return nullptr; }
+
 private:
-    std::unique_ptr<CSkinParserCore> core;
+    class CEntry;
+    class CFileScope;
+
+    struct CLocalVariable
+    {
+        int depth; ///< Of the element that it lives in.
+        std::string name;
+    };
+
+    // The walk.
+    bool ProcessStart(const char* name, Containers::CNamedAttributes& attributes);
+    bool StartResolved(const char* name, Containers::CNamedAttributes& attributes);
+    bool CheckRootElement(const char* name);
+    bool StartDefinition(const char* name, Containers::CNamedAttributes& attributes);
+    bool StartUse(const char* name, CTemplateRootNode& root, const Containers::CNamedAttributes& attributes);
+    bool StartRecorded(const char* name, const Containers::CNamedAttributes& attributes);
+    bool StartHandled(const char* name, const Containers::CNamedAttributes& attributes);
+    bool ProcessEnd(const char* name);
+    bool EndHandled(const char* name);
+    void RefuseText(const char* name) override;
+    bool Conclude(bool result);
+    void EnterElement();
+    void LeaveElement();
+    void DropExpiredVariables();
+
+    // Templates and repeats in progress.
+    void RunExpansions(std::size_t base);
+    void RunStep();
+    void EmitStart();
+    void SuspendReplay();
+    void FinishReplay();
+    void BeginPass();
+    void ContinueUse();
+    bool PushExpansion(CExpansion expansion);
+
+    // The language's own elements.
+    void RegisterLanguage();
+    bool StartInclude(const Containers::CNamedAttributes& attributes);
+    bool StartIncludeOnce(const Containers::CNamedAttributes& attributes);
+    bool StartDefine(const Containers::CNamedAttributes& attributes);
+    bool EndDefine();
+    bool StartUndefine(const Containers::CNamedAttributes& attributes);
+    bool EndUndefine();
+    bool StartTemplate(const Containers::CNamedAttributes& attributes);
+    bool EndTemplate();
+    bool StartVariable(const Containers::CNamedAttributes& attributes);
+    bool StartLocalVariable(const Containers::CNamedAttributes& attributes);
+    bool StartRepeat(const Containers::CNamedAttributes& attributes);
+    bool EndRepeat();
+    bool StartScript(const Containers::CNamedAttributes& attributes);
+    std::unique_ptr<Math::IConstant> Compile(const char* formula);
+    bool ReadInteger(const Containers::CNamedAttributes& attributes, const char* name, int& value);
+
+    // Files and messages.
+    void Begin();
+    void Finish();
+    void ResetWalk();
+    bool ParseOneFile(const std::string& path);
+    bool ReadBytes(const std::string& path, std::string& bytes);
+    bool Include(const Containers::CNamedAttributes& attributes, bool once);
+    bool CheckInside(const std::string& path);
+    bool Exists(const std::string& path);
+    CFileAccess GetFileAccess();
+    bool OnStartTag(const std::string& name, CXMLNamedAttributes& attributes) override;
+    bool OnEndTag(const std::string& name) override;
+    void OnFault(EFault fault, std::size_t line, const std::string& message) override;
+    void Post(int kind, const std::string& text);
+    bool Fail(const std::string& text);
+    bool Stop(const std::string& reason);
+    bool Charge(std::size_t bytes);
+
+    CBoundedLog log;
+    CParseBudget budget;
+    Containers::TStringMap<std::unique_ptr<CStartCommand>> startHandlers;
+    Containers::TStringMap<std::unique_ptr<CEndCommand>> endHandlers;
+    IElementListener* listener = nullptr;
+    std::vector<std::string> listenedElements; ///< Those that are open.
+
+    std::string currentElementName;
+    std::string rootElement;
+    bool success = true;
+    bool stopped = false; ///< What the parse may spend is spent.
+    bool parsing = false;
+    bool firstElementSeen = false;
+    int depth = 0; ///< Of open elements. Refused ones count at their end alone, so that it may fall below 0.
+
+    CDefineParser definitions;
+    CTemplateParser templates;
+    CTemplateParser repeats;
+    CRepeatRegisters repeat;
+    bool recordingRepeat = false;
+    bool recordingTemplate = false;
+    bool inDefine = false;
+    bool inUndefine = false;
+
+    std::unique_ptr<CTemplateParser> recording;
+    void* recordingContext = nullptr;
+    int recordingDepth = 0;
+
+    Containers::CNamedAttributes variables;
+    std::vector<CLocalVariable> localVariables;
+
+    std::vector<CExpansion> expansions;
+    /// One for each open use of a template; null where it needs no continuation.
+    std::vector<std::unique_ptr<CParsedTemplateRootNodeInstance>> openUses;
+    int entryDepth = 0;
+
+    CPublicState state;
+    CSkinPaths paths;
+    std::set<std::string> includedOnce;
+    const CXmlFileReader* reader = nullptr; ///< Of the current file.
+    int fileDepth = 0;
+    std::optional<int> faultLine;
 };
 
 } // namespace Mirel::SkinEngine

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Mirel::SkinEngine
@@ -77,9 +78,24 @@ public:
     /// A replay that has not emitted anything yet, for a caller that takes its elements one by one.
     std::unique_ptr<CParsedTemplateRootNodeInstance> Begin(const Containers::CNamedAttributes& use) const;
 
-    /// Count a replay while it runs.
-    void Enter() { ++instanceCount; }
-    void Leave() { --instanceCount; }
+    /// Counts a replay as running while it lives.
+    class CRunningCount
+    {
+    public:
+        explicit CRunningCount(CTemplateRootNode& root_) : root(&root_) { ++root->instanceCount; }
+        CRunningCount(CRunningCount&& other) noexcept : root(std::exchange(other.root, nullptr)) {}
+        CRunningCount& operator=(CRunningCount&&) = delete;
+        ~CRunningCount()
+        {
+            if (root != nullptr)
+            {
+                --root->instanceCount;
+            }
+        }
+
+    private:
+        CTemplateRootNode* root;
+    };
 
 private:
     int instanceCount = 0;

@@ -15,8 +15,7 @@ public:
     void Add(const char16_t* name, const char16_t* value);
 
 private:
-    std::string narrowName;
-    std::string narrowValue;
+    std::string narrowName; ///< Kept for its memory.
 };
 
 } // namespace Mirel::SkinEngine

@@ -14,6 +14,11 @@ public:
     /// failed, which does not stop the walk.
     virtual bool StartElement(const char* name, Containers::CNamedAttributes& attributes) = 0;
     virtual bool EndElement(const char* name) = 0;
+
+    /// Told before the start of an element whose attributes would have become longer than CLimits allows:
+    /// some of its parameters are not put in.
+    virtual void RefuseText(const char* /*name*/) {}
+
     virtual ~IParserElementHandler() = default;
 };
 

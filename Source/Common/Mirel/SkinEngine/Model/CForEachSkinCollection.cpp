@@ -22,25 +22,23 @@ CForEachSkinCollection::~CForEachSkinCollection()
 
 void CForEachSkinCollection::Connect(IConstCollection& source, const char* sourceId)
 {
-    const bool known = std::any_of(sources.begin(), sources.end(),
-                                   [&](const CSource& each) { return each.collection == &source; });
-    sources.push_back({sourceId, &source});
-    if (!known)
+    if (!IsSource(source))
     {
         Listen(source, true);
     }
+    sources.push_back({sourceId, &source});
     Recompute();
 }
 
-void CForEachSkinCollection::Disconnect(IConstCollection& source)
+void CForEachSkinCollection::Disconnect(IConstCollection& source, const char* sourceId)
 {
-    const auto removed =
-        std::erase_if(sources, [&](const CSource& each) { return each.collection == &source; });
-    if (removed > 0)
+    std::erase_if(sources,
+                  [&](const CSource& each) { return each.collection == &source && each.id == sourceId; });
+    if (!IsSource(source))
     {
         Listen(source, false);
-        Recompute();
     }
+    Recompute();
 }
 
 void CForEachSkinCollection::FillItemAttributes(Containers::CNamedAttributes& attributes, int index) const
@@ -50,6 +48,12 @@ void CForEachSkinCollection::FillItemAttributes(Containers::CNamedAttributes& at
         attributes.Set(GetSourceItemName(source.id.c_str(), GetItemName()).c_str(),
                        GetItemText(source.id.c_str(), index).c_str());
     }
+}
+
+bool CForEachSkinCollection::IsSource(const IConstCollection& collection) const
+{
+    return std::any_of(sources.begin(), sources.end(),
+                       [&](const CSource& each) { return each.collection == &collection; });
 }
 
 void CForEachSkinCollection::Listen(const IConstCollection& source, bool listen)
@@ -71,8 +75,8 @@ void CForEachSkinCollection::Recompute()
     int smallest = 0;
     for (std::size_t i = 0; i < sources.size(); ++i)
     {
-        const int count = sources[i].collection->GetCount();
-        smallest = i == 0 ? count : std::min(smallest, count);
+        const int sourceCount = sources[i].collection->GetCount();
+        smallest = i == 0 ? sourceCount : std::min(smallest, sourceCount);
     }
     ApplyCount(smallest);
 }

@@ -22,7 +22,7 @@ public:
     /// The source is not owned; before it goes away it is disconnected. The identifier is the one that items
     /// know it by.
     void Connect(IConstCollection& source, const char* sourceId);
-    void Disconnect(IConstCollection& source);
+    void Disconnect(IConstCollection& source, const char* sourceId);
 
     void FillItemAttributes(Containers::CNamedAttributes& attributes, int index) const override;
 
@@ -33,6 +33,7 @@ private:
         IConstCollection* collection;
     };
 
+    bool IsSource(const IConstCollection& collection) const;
     void Listen(const IConstCollection& source, bool listen);
     void OnBeforeChange(int newCount) { UnloadItemsFrom(newCount); }
     void Recompute();

@@ -132,6 +132,16 @@ bool CModelBuild::AddRefreshTime(const char* id, Core::IRefreshTime& object)
         flags, true);
 }
 
+bool CModelBuild::TakeElements(int count)
+{
+    if (!context->GetCollections()->TakeElements(count))
+    {
+        return false;
+    }
+    elements += count;
+    return true;
+}
+
 bool CModelBuild::Finish()
 {
     bool succeeded = AddToParent();

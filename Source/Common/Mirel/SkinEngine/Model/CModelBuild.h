@@ -113,6 +113,10 @@ public:
     bool AddPausedSwitch(const char* id, Core::IEnable& object);
     bool AddRefreshTime(const char* id, Core::IRefreshTime& object);
 
+    /// Charges what is kept for an item to what all collections may hold. False if that is too much.
+    bool TakeElements(int count);
+    int GetElements() const { return elements; }
+
     /// The end of the model. False if something could not be linked.
     bool Finish();
 
@@ -131,6 +135,7 @@ private:
     ISkinModel& model;
     ISkinModel* parent;
     std::shared_ptr<CSkinModelContext> context;
+    int elements = 0;
     std::string persistentIds;
     std::string exposedIds;
     std::vector<std::unique_ptr<CModelCommand>> preLinks;

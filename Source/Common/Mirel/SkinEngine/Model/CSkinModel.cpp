@@ -1,5 +1,6 @@
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 
+#include "Mirel/Core/CLateDestruction.h"
 #include "Mirel/SkinEngine/Model/StateTransfer.h"
 
 #include <utility>
@@ -22,6 +23,27 @@ void DestroyAll(std::vector<std::unique_ptr<T>>& list)
 }
 
 } // namespace
+
+/// What a cleared model has owned, which points to nothing outside any more.
+class CSkinModel::CRemains : public Core::IDestroy
+{
+public:
+    CRemains() = default;
+    CRemains(const CRemains&) = delete;
+    CRemains& operator=(const CRemains&) = delete;
+
+    /// Objects that show a link's switches listen to the link.
+    ~CRemains() override
+    {
+        DestroyAll(ownedObjects);
+        DestroyAll(connections);
+        DestroyAll(links);
+    }
+
+    std::vector<std::unique_ptr<Core::IDestroy>> ownedObjects;
+    std::vector<std::unique_ptr<IModelConnection>> connections;
+    std::vector<std::unique_ptr<Core::IEnable>> links;
+};
 
 CSkinModel::CSkinModel(CoreUtilities::IMessageLog* log) : objects(log)
 {
@@ -132,10 +154,12 @@ void CSkinModel::Clear()
     persistent.Clear();
     exposed.Clear();
     objects.Clear();
-    // Objects that show a link's switches listen to the link.
-    DestroyAll(ownedObjects);
-    DestroyAll(connections);
-    DestroyAll(links);
+    // One of them may be telling its listeners at this moment, as an item's parameter that takes the item away.
+    auto remains = std::make_unique<CRemains>();
+    std::swap(remains->links, links);
+    std::swap(remains->connections, connections);
+    std::swap(remains->ownedObjects, ownedObjects);
+    Core::CLateDestruction::Destroy(std::move(remains));
 }
 
 void CSkinModel::OnRemoved(const CDictionaryEntry& entry)

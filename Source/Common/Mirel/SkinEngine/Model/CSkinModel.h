@@ -90,6 +90,8 @@ public:
     void Clear() override;
 
 private:
+    class CRemains;
+
     template <class... Interfaces, class T>
     bool Add(const char* objectId, T* object, int flags, bool owned);
     bool AddInfo(const std::string& infoId, const DataModel::Objects::IConstParamInfo& info);

@@ -52,6 +52,9 @@ public:
     bool StartModel(const Containers::CNamedAttributes& attributes);
     bool EndModel();
 
+    /// What the bodies of collections inside an item hold: they are kept for each item.
+    int GetElements() const;
+
 private:
     class CImplementation;
     std::unique_ptr<CImplementation> implementation;

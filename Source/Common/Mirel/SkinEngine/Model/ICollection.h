@@ -2,6 +2,7 @@
 
 #include "Mirel/Core/TIArgEventProvider.h"
 #include "Mirel/SkinEngine/Model/ICount.h"
+#include "Mirel/SkinEngine/Model/ObjectInterfaces.h"
 
 namespace Mirel::SkinEngine
 {
@@ -17,6 +18,13 @@ public:
     /// Fires before a change, with the count to come: the last moment for who holds something of an item that
     /// goes.
     virtual Core::TIArgEventProvider<int>& GetBeforeCountChangeEventProvider() const = 0;
+};
+
+template <>
+struct TObjectInterface<IConstCollection>
+{
+    static constexpr const char* name = "IConstCollection";
+    static constexpr const char* kind = "collection";
 };
 
 } // namespace Mirel::SkinEngine
