@@ -123,9 +123,7 @@ TEST_F(CPluginSkinModelTest, TheFileKnowsThePluginByItsVariables)
         <STRING id="s" exposed="true" default="$PLUGIN_AUDIO_INPUTS_COUNT$ $PLUGIN_AUDIO_OUTPUTS_COUNT$)"
                      R"( $PLUGIN_INPUT_PARAMS_COUNT$ $PLUGIN_OUTPUT_PARAMS_COUNT$ $PLUGIN_NAME$"/>
                         </MODEL>)"));
-    const std::string name =
-        effect.GetProductInfo().GetName() == nullptr ? "$PLUGIN_NAME$" : effect.GetProductInfo().GetName();
-    EXPECT_EQ(Find<ICaptureString>("s")->GetValue(), "1 0 2 1 " + name);
+    EXPECT_STREQ(Find<ICaptureString>("s")->GetValue(), "1 0 2 1 Recorder");
 }
 
 TEST_F(CPluginSkinModelTest, WhatThePluginCannotGiveIsNotSet)
