@@ -4,6 +4,7 @@
 #include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
 #include "Mirel/DataModel/Objects/CEnumToText.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
+#include "Mirel/SkinEngine/Model/ModelLimits.h"
 #include "Mirel/System/CMonotonicTickSource.h"
 
 namespace Mirel::SkinEngine
@@ -132,6 +133,21 @@ bool CModelBuild::AddRefreshTime(const char* id, Core::IRefreshTime& object)
         flags, true);
 }
 
+bool CModelBuild::TakeElement()
+{
+    if (builtElements < maxModelElements)
+    {
+        ++builtElements;
+        return true;
+    }
+    if (builtElements == maxModelElements)
+    {
+        ++builtElements;
+        Fail("The model has too many elements: the rest is left out.");
+    }
+    return false;
+}
+
 bool CModelBuild::TakeElements(int count)
 {
     if (!context->GetCollections()->TakeElements(count))
@@ -168,6 +184,7 @@ void CModelBuild::Drop()
     counts.clear();
     links.clear();
     openCollection = nullptr;
+    builtElements = 0;
 }
 
 bool CModelBuild::AddToParent() const

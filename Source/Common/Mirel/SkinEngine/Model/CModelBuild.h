@@ -113,6 +113,9 @@ public:
     bool AddPausedSwitch(const char* id, Core::IEnable& object);
     bool AddRefreshTime(const char* id, Core::IRefreshTime& object);
 
+    /// One more element. False, with a report for the first, where there may be none.
+    bool TakeElement();
+
     /// Charges what is kept for an item to what all collections may hold. False if that is too much.
     bool TakeElements(int count);
     int GetElements() const { return elements; }
@@ -135,7 +138,8 @@ private:
     ISkinModel& model;
     ISkinModel* parent;
     std::shared_ptr<CSkinModelContext> context;
-    int elements = 0;
+    int builtElements = 0;
+    int elements = 0; ///< Charged.
     std::string persistentIds;
     std::string exposedIds;
     std::vector<std::unique_ptr<CModelCommand>> preLinks;

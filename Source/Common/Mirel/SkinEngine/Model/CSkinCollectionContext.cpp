@@ -87,9 +87,14 @@ bool CSkinCollectionContext::TakeElements(int count)
         refused = true;
         return false;
     }
+    AddElements(count);
+    return true;
+}
+
+void CSkinCollectionContext::AddElements(int count)
+{
     elements += count;
     elementsInChange += count;
-    return true;
 }
 
 bool CSkinCollectionContext::IsExhausted() const

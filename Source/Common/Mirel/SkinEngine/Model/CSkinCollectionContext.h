@@ -54,6 +54,7 @@ public:
 
     /// More elements inside an item. False where there may not be so many; that is reported.
     bool TakeElements(int count);
+    void AddElements(int count); ///< Whatever they come to.
     void ReleaseElements(int count) { elements -= count; }
 
     int GetItems() const { return items; }

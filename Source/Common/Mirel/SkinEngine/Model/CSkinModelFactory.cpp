@@ -176,7 +176,7 @@ private:
         {
             RegisterStart(parser, element.name,
                           [this, handle = element.build](const CNamedAttributes& attributes)
-                          { return handle(build, attributes); });
+                          { return build.TakeElement() && handle(build, attributes); });
         }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
