@@ -192,9 +192,9 @@ TEST_F(SkinCollection, ItemsGoInOrderWithTheCollection)
 
 TEST_F(SkinCollection, FollowersHaveTheSmallestCount)
 {
+    CTrace ignored;
     CSkinCollection a(context, "a", nullptr, 0, 10);
     CSkinCollection b(context, "b", nullptr, 0, 10);
-    CTrace ignored;
     a.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     b.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     a.SetCount(3);
@@ -223,9 +223,9 @@ TEST_F(SkinCollection, FollowersHaveTheSmallestCount)
 
 TEST_F(SkinCollection, ACountThatIsAskedForMeanwhileWaits)
 {
+    CTrace ignored;
     CSkinCollection a(context, "a", nullptr, 0, 10);
     CSkinCollection b(context, "b", nullptr, 0, 10);
-    CTrace ignored;
     a.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     Load(b);
     {
@@ -242,7 +242,6 @@ TEST_F(SkinCollection, ACountThatIsAskedForMeanwhileWaits)
 
 TEST_F(SkinCollection, ACollectionThatHasGoneIsNotAsked)
 {
-    CTrace ignored;
     {
         const CSkinCollectionContext::CChange change(*context);
         CSkinCollection collection(context, "c", nullptr, 0, 10);
