@@ -51,7 +51,7 @@ xercesc::InputSource* MakeEmptySource()
 
 static_assert(sizeof(XMLCh) == sizeof(char16_t) && std::is_same_v<XMLCh, char16_t>);
 
-void CXmlFileReader::Read(std::string_view bytes, const std::string& path)
+bool CXmlFileReader::Read(std::string_view bytes, const std::string& path)
 {
     const std::u16string wideName(path.begin(), path.end());
     xercesc::SecurityManager security;
@@ -63,14 +63,17 @@ void CXmlFileReader::Read(std::string_view bytes, const std::string& path)
     const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
                                             wideName.c_str());
     depth = 0;
+    complete = true;
     try
     {
         reader->parse(source);
     }
     catch (const CReadingEnded&)
     {
+        complete = false;
     }
     locator = nullptr;
+    return complete;
 }
 
 int CXmlFileReader::GetLine() const
@@ -122,6 +125,7 @@ void CXmlFileReader::error(const xercesc::SAXParseException& exception)
 
 void CXmlFileReader::fatalError(const xercesc::SAXParseException& exception)
 {
+    complete = false;
     Report(IXmlEvents::EFault::FatalError, exception);
 }
 
