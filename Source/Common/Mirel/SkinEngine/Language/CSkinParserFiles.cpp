@@ -377,8 +377,10 @@ bool CSkinParser::Stop(const std::string& reason)
     if (!stopped)
     {
         stopped = true;
-        Fail("Parsing stopped, line " + std::to_string(GetCurrentLine()) + ": " + reason + " (" +
-             GetCurrentFile() + ")");
+        success = false;
+        const std::string text = "Parsing stopped, line " + std::to_string(GetCurrentLine()) + ": " + reason +
+                                 " (" + GetCurrentFile() + ")";
+        log.PostLast(CMessageKind::Error, text.c_str());
     }
     return false;
 }

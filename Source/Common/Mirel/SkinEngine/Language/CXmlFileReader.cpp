@@ -14,6 +14,7 @@
 #include <xercesc/sax2/SAX2XMLReader.hpp>
 #include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/SecurityManager.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 namespace Mirel::SkinEngine
@@ -94,6 +95,11 @@ void CXmlFileReader::startElement(const XMLCh* /*uri*/, const XMLCh* /*localName
     const XMLSize_t count = attributes.getLength();
     for (XMLSize_t i = 0; i < count; ++i)
     {
+        // Entities make values longer than they stand in the file.
+        if (xercesc::XMLString::stringLen(attributes.getValue(i)) > CLimits::maxAttributeBytes)
+        {
+            Refuse("an attribute longer than " + std::to_string(CLimits::maxAttributeBytes) + " bytes");
+        }
         narrow.Add(attributes.getQName(i), attributes.getValue(i));
     }
     AssignUtf8(qualifiedName, elementName);
