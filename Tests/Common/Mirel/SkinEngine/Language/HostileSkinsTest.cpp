@@ -53,7 +53,7 @@ protected:
         bool result = false;
         double seconds = 0;
         const std::size_t peakBefore = PeakBytes();
-        RunOnSmallStack(
+        stackBytes = RunOnSmallStack(
             [&]
             {
                 const double begin = ThreadSeconds();
@@ -65,8 +65,8 @@ protected:
         EXPECT_LT(PeakBytes() - peakBefore, (isSanitized ? std::size_t{2048} : std::size_t{256}) << 20U);
         if (std::getenv("HOSTILE_FIGURES") != nullptr)
         {
-            std::printf("%.3f s, peak +%zu MB, kept %zu MB\n", seconds, (PeakBytes() - peakBefore) >> 20U,
-                        AllocatedBytes() >> 20U);
+            std::printf("%.3f s, stack %zu KB, peak +%zu MB, kept %zu MB\n", seconds, stackBytes >> 10U,
+                        (PeakBytes() - peakBefore) >> 20U, AllocatedBytes() >> 20U);
         }
         return result;
     }
@@ -97,6 +97,7 @@ protected:
     }
 
     CParserRig rig;
+    std::size_t stackBytes = 0; ///< Of the last parse.
 };
 
 constexpr const char* tooMuch = "0 Parsing stopped, line 1: templates, repeats and variables make more than "
@@ -426,6 +427,11 @@ TEST_F(HostileSkins, RecursionToTheLimitFitsTheStack)
     EXPECT_EQ(rig.GetMessages(),
               Messages{"1 Recursion detected: 'T has been recursively instantiated more than 256 times."});
     EXPECT_TRUE(rig.trace.text.ends_with("</ROW></BOX><A></A></S>"));
+    // Nested templates take none of it.
+    const std::size_t nested = stackBytes;
+    EXPECT_TRUE(Parse("<S><TEMPLATE id='T'><BOX><ROW/></BOX></TEMPLATE><T a='1'/><A/></S>"));
+    constexpr std::size_t messages = 4096;
+    EXPECT_LE(nested, stackBytes + messages);
 }
 
 TEST_F(HostileSkins, VariableThatDoublesItselfIsCutOff)
