@@ -41,8 +41,8 @@ std::string MakeLargeModel()
     }
     for (int i = 0; i < objectCount * linksPerObject; ++i)
     {
-        text << "<PARAM_LINK from='p" << i % objectCount << "' to='p" << (i + 1 + i / objectCount) % objectCount
-             << "'/>";
+        text << "<PARAM_LINK from='p" << i % objectCount << "' to='p"
+             << (i + 1 + i / objectCount) % objectCount << "'/>";
     }
     text << "</MODEL>";
     return text.str();

@@ -73,26 +73,30 @@ private:
 };
 
 constexpr const char* names[] = {
-    "id",           "from",         "to",         "id1",         "id2",          "param_id",
-    "curve_id",     "surface_id",   "x_param_id", "y_param_id",  "formula",      "variable",
-    "type",         "x_type",       "y_type",     "enum_values", "x_enum_values", "min",
-    "max",          "default",      "x_min",      "x_max",       "y_max",        "y_default",
-    "trigger_condition", "mode",    "reverse",    "enabled",     "normalized",   "response_curve",
-    "mux_function", "separator",    "constraint", "count",       "min_count",    "max_count",
-    "collection_id", "item_name",   "duration_ms", "refresh_time_ms", "paused",  "value_format",
-    "content",      "value_suffix", "significant_digits", "trigger_min", "trigger_max", "persistent",
-    "exposed",      "param_ids",    "object_ids", "function",    "arg_url"};
+    "id",           "from",          "to",         "id1",          "id2",
+    "param_id",     "curve_id",      "surface_id", "x_param_id",   "y_param_id",
+    "formula",      "variable",      "type",       "x_type",       "y_type",
+    "enum_values",  "x_enum_values", "min",        "max",          "default",
+    "x_min",        "x_max",         "y_max",      "y_default",    "trigger_condition",
+    "mode",         "reverse",       "enabled",    "normalized",   "response_curve",
+    "mux_function", "separator",     "constraint", "count",        "min_count",
+    "max_count",    "collection_id", "item_name",  "duration_ms",  "refresh_time_ms",
+    "paused",       "value_format",  "content",    "value_suffix", "significant_digits",
+    "trigger_min",  "trigger_max",   "persistent", "exposed",      "param_ids",
+    "object_ids",   "function",      "arg_url"};
 
-constexpr const char* ids[] = {"a",        "b",       "c",       "d",        "e",         "a;b",       "c;d;a",
-                               "c[0].v",   "c[1].v",  "d[0].v",  "$i$.v",    "$j$.v",     "$i$.d",     "$j$.d",
-                               "c.count",  "d.count", "$i$.d.count", "a.enabled", "b.paused", "$c_i$.v", "alive",
-                               "a.reverse", "e.mode", "c[0].d",  "f",        "",          "'u'",       "a.min"};
+constexpr const char* ids[] = {"a",        "b",       "c",       "d",         "e",           "a;b",
+                               "c;d;a",    "c[0].v",  "c[1].v",  "d[0].v",    "$i$.v",       "$j$.v",
+                               "$i$.d",    "$j$.d",   "c.count", "d.count",   "$i$.d.count", "a.enabled",
+                               "b.paused", "$c_i$.v", "alive",   "a.reverse", "e.mode",      "c[0].d",
+                               "f",        "",        "'u'",     "a.min"};
 
 constexpr const char* values[] = {
-    "0",     "1",    "2",     "-1",         "0.5",     "3",       "7",     "100",   "2147483647", "1e39",
-    "nan",   "true", "false", "modify",     "all",     "diff",    "exp2",  "square", "mean",      "max",
-    "-min",  "<",    "+",     "/",          "integer", "enumeration", "boolean", "x;y;z", "a+b",  "a(x)*2",
-    "b(x)+b(x)", "c(x,y)", "x", "i",        "j",       "OpenUrl", "{value}", ".3",  "x*x",       "1-x"};
+    "0",          "1",           "2",       "-1",      "0.5",     "3",      "7",         "100",
+    "2147483647", "1e39",        "nan",     "true",    "false",   "modify", "all",       "diff",
+    "exp2",       "square",      "mean",    "max",     "-min",    "<",      "+",         "/",
+    "integer",    "enumeration", "boolean", "x;y;z",   "a+b",     "a(x)*2", "b(x)+b(x)", "c(x,y)",
+    "x",          "i",           "j",       "OpenUrl", "{value}", ".3",     "x*x",       "1-x"};
 
 constexpr const char* countIds[] = {"c.count", "d.count", "c[0].d.count", "c[1].d.count", "f.count"};
 

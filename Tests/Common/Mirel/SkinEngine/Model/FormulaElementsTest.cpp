@@ -21,9 +21,10 @@ using Tests::CModelRig;
 TEST(FormulaElements, ReadObjectsOfTheModel)
 {
     CModelRig rig;
-    EXPECT_TRUE(rig.Build(
-        "<FORMULA_PARAM id='f' formula='a + line(2) + plane(1, a)' max='1'/><PARAM id='a' max='9' default='3'/>"
-        "<FORMULA_CURVE id='line' formula='a * x'/><FORMULA_SURFACE id='plane' formula='x - y'/>"));
+    EXPECT_TRUE(
+        rig.Build("<FORMULA_PARAM id='f' formula='a + line(2) + plane(1, a)' max='1'/><PARAM id='a' max='9' "
+                  "default='3'/>"
+                  "<FORMULA_CURVE id='line' formula='a * x'/><FORMULA_SURFACE id='plane' formula='x - y'/>"));
     EXPECT_FLOAT_EQ(rig.Value("f"), 3 + 6 + (1 - 3));
     Tests::CEventCounter changes(rig.Find<IConstCaptureParam>("f")->GetValueChangedEventProvider());
     rig.Param("a").SetValue(1);
@@ -57,9 +58,10 @@ TEST(FormulaElements, ACopyIsWhatTheFormulaWas)
 TEST(FormulaElements, FormulasThatCallThemselvesComeToAnEnd)
 {
     CModelRig rig;
-    EXPECT_TRUE(rig.Build("<PARAM id='a' max='9'/><FORMULA_CURVE id='f' formula='f(x)+1+a'/>"
-                          "<FORMULA_CURVE id='g' formula='h(x)*h(x)+a'/><FORMULA_CURVE id='h' formula='g(x)+g(x)+1'/>"
-                          "<CURVE id='k'/><CURVE_LINK from='g' to='k' trigger_condition='all'/>"));
+    EXPECT_TRUE(
+        rig.Build("<PARAM id='a' max='9'/><FORMULA_CURVE id='f' formula='f(x)+1+a'/>"
+                  "<FORMULA_CURVE id='g' formula='h(x)*h(x)+a'/><FORMULA_CURVE id='h' formula='g(x)+g(x)+1'/>"
+                  "<CURVE id='k'/><CURVE_LINK from='g' to='k' trigger_condition='all'/>"));
     rig.Param("a").SetValue(2);
     EXPECT_GT(rig.Find<IConstCaptureCurve>("f")->GetValue()(1), 0);
     const std::unique_ptr<const Math::IFunction> copy(rig.Find<IConstCaptureCurve>("h")->GetValue().Clone());
@@ -69,8 +71,9 @@ TEST(FormulaElements, FormulasThatCallThemselvesComeToAnEnd)
 TEST(FormulaElements, FormulasThatDoubleOneAnotherComeToAnEnd)
 {
     std::ostringstream body;
-    body << "<PARAM id='a' max='9'/><FORMULA_CURVE id='f0' formula='x+a'/><FORMULA_PARAM id='p0' formula='a'/>"
-         << "<FORMULA_PARAM id='p1' formula='p0'/><CURVE id='k'/>";
+    body
+        << "<PARAM id='a' max='9'/><FORMULA_CURVE id='f0' formula='x+a'/><FORMULA_PARAM id='p0' formula='a'/>"
+        << "<FORMULA_PARAM id='p1' formula='p0'/><CURVE id='k'/>";
     for (int i = 1; i < 60; ++i)
     {
         body << "<FORMULA_CURVE id='f" << i << "' formula='f" << i - 1 << "(x)+f" << i - 1 << "(x)'/>";

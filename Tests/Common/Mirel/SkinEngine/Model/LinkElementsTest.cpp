@@ -38,9 +38,11 @@ TEST(LinkElements, ModifyWaitsForAChange)
         rig.Param("a").SetValue(3);
         EXPECT_FLOAT_EQ(rig.Value("b"), 3) << trigger;
     }
-    for (const char* trigger : {"trigger_condition='Modify'", "trigger_condition=''", "trigger_condition='x'"})
+    for (const char* trigger :
+         {"trigger_condition='Modify'", "trigger_condition=''", "trigger_condition='x'"})
     {
-        EXPECT_FLOAT_EQ(ValueAfter(std::string("<PARAM_LINK from='a' to='b' ") + trigger + "/>", "b"), 2) << trigger;
+        EXPECT_FLOAT_EQ(ValueAfter(std::string("<PARAM_LINK from='a' to='b' ") + trigger + "/>", "b"), 2)
+            << trigger;
     }
 }
 
@@ -69,10 +71,11 @@ TEST(LinkElements, ResponseCurvesAreThoseOfTheirTable)
     for (const auto& row : rows)
     {
         const std::string curve = std::string("response_curve='") + row.name + "'";
-        EXPECT_NEAR(ValueAfter("<PARAM_LINK from='n' to='m' trigger_condition='all' " + curve + "/>", "m"), row.y,
-                    1e-6)
+        EXPECT_NEAR(ValueAfter("<PARAM_LINK from='n' to='m' trigger_condition='all' " + curve + "/>", "m"),
+                    row.y, 1e-6)
             << row.name;
-        EXPECT_NEAR(ValueAfter("<PARAM_CONNECTION id1='n' id2='m' " + curve + "/>", "m"), row.y, 1e-6) << row.name;
+        EXPECT_NEAR(ValueAfter("<PARAM_CONNECTION id1='n' id2='m' " + curve + "/>", "m"), row.y, 1e-6)
+            << row.name;
     }
     EXPECT_NEAR(ValueAfter("<PARAM_LINK from='n' to='m' trigger_condition='all'/>", "m"), x, 1e-6);
 }
@@ -88,8 +91,9 @@ TEST(LinkElements, AFormulaComesBeforeTheResponseCurve)
 TEST(LinkElements, ALinkWithABadFormulaStaysConnected)
 {
     CModelRig rig;
-    EXPECT_FALSE(rig.Build(std::string(params) +
-                           "<PARAM_LINK from='a' to='b' trigger_condition='all' formula='q' response_curve='square'/>"));
+    EXPECT_FALSE(rig.Build(
+        std::string(params) +
+        "<PARAM_LINK from='a' to='b' trigger_condition='all' formula='q' response_curve='square'/>"));
     EXPECT_FLOAT_EQ(rig.Value("b"), 2);
 }
 
@@ -101,17 +105,20 @@ TEST(LinkElements, OnlyTrueReversesAndOnlyFalseDisables)
     EXPECT_FLOAT_EQ(ValueAfter(link + "reverse='True'/>", "b"), 2);
     EXPECT_FLOAT_EQ(ValueAfter(link + "enabled='false'/>", "b"), 0);
     EXPECT_FLOAT_EQ(ValueAfter(link + "enabled='0'/>", "b"), 2);
-    EXPECT_FLOAT_EQ(ValueAfter("<PARAM_LINK from='n' to='b' trigger_condition='all' normalized='true'/>", "b"), 2.5f);
-    EXPECT_FLOAT_EQ(ValueAfter("<PARAM_LINK from='n' to='b' trigger_condition='all' normalized='yes'/>", "b"), 0.25f);
+    EXPECT_FLOAT_EQ(
+        ValueAfter("<PARAM_LINK from='n' to='b' trigger_condition='all' normalized='true'/>", "b"), 2.5f);
+    EXPECT_FLOAT_EQ(ValueAfter("<PARAM_LINK from='n' to='b' trigger_condition='all' normalized='yes'/>", "b"),
+                    0.25f);
 }
 
 TEST(LinkElements, DiffAddsMovements)
 {
-    for (const auto& [mode, expected] : {std::pair("diff", 9.0f), std::pair("normal", 4.0f), std::pair("x", 4.0f)})
+    for (const auto& [mode, expected] :
+         {std::pair("diff", 9.0f), std::pair("normal", 4.0f), std::pair("x", 4.0f)})
     {
         CModelRig rig;
-        EXPECT_TRUE(rig.Build(std::string(params) + "<PARAM_LINK from='a' to='b' trigger_condition='all' mode='" + mode +
-                              "'/>"));
+        EXPECT_TRUE(rig.Build(std::string(params) +
+                              "<PARAM_LINK from='a' to='b' trigger_condition='all' mode='" + mode + "'/>"));
         rig.Param("b").SetValue(7);
         rig.Param("a").SetValue(4);
         EXPECT_FLOAT_EQ(rig.Value("b"), expected) << mode;
@@ -120,11 +127,12 @@ TEST(LinkElements, DiffAddsMovements)
 
 TEST(LinkElements, ConstraintCorrectsTheSideThatMoved)
 {
-    for (const auto& [constraint, expected] : {std::pair("constraint='true'", 1.0f), std::pair("", 1.0f),
-                                               std::pair("constraint='false'", 6.0f)})
+    for (const auto& [constraint, expected] :
+         {std::pair("constraint='true'", 1.0f), std::pair("", 1.0f), std::pair("constraint='false'", 6.0f)})
     {
         CModelRig rig;
-        EXPECT_TRUE(rig.Build(std::string(params) + "<PARAM_CONNECTION id1='a' id2='m' " + constraint + "/>"));
+        EXPECT_TRUE(
+            rig.Build(std::string(params) + "<PARAM_CONNECTION id1='a' id2='m' " + constraint + "/>"));
         rig.Param("a").SetValue(6);
         EXPECT_FLOAT_EQ(rig.Value("m"), 1) << constraint;
         EXPECT_FLOAT_EQ(rig.Value("a"), expected) << constraint;
@@ -137,15 +145,17 @@ TEST(LinkElements, MuxFunctionsCombineParameters)
     {
         const char* name;
         float value; ///< Of 2 and 7.
-    } rows[] = {{"mean", 4.5f}, {"", 4.5f}, {"other", 4.5f}, {"max", 7}, {"min", 2}, {"-max", -7}, {"-min", -2},
-                {"-mean", -4.5f}, {"&lt;", 1}, {"&lt;=", 1}, {">", 0}, {">=", 0}, {"=", 0}};
+    } rows[] = {{"mean", 4.5f}, {"", 4.5f},   {"other", 4.5f},  {"max", 7},  {"min", 2},
+                {"-max", -7},   {"-min", -2}, {"-mean", -4.5f}, {"&lt;", 1}, {"&lt;=", 1},
+                {">", 0},       {">=", 0},    {"=", 0}};
     for (const auto& row : rows)
     {
         CModelRig rig;
-        EXPECT_TRUE(rig.Build(std::string("<PARAM id='a' max='10' default='2'/><PARAM id='b' max='10' default='7'/>"
-                                          "<PARAM id='t' min='-10' max='10'/>"
-                                          "<PARAM_MULTI_LINK from='a;b' to='t' trigger_condition='all' mux_function='") +
-                              row.name + "'/>"));
+        EXPECT_TRUE(rig.Build(
+            std::string("<PARAM id='a' max='10' default='2'/><PARAM id='b' max='10' default='7'/>"
+                        "<PARAM id='t' min='-10' max='10'/>"
+                        "<PARAM_MULTI_LINK from='a;b' to='t' trigger_condition='all' mux_function='") +
+            row.name + "'/>"));
         EXPECT_FLOAT_EQ(rig.Value("t"), row.value) << row.name;
     }
 }
@@ -157,8 +167,9 @@ TEST(LinkElements, MuxFunctionsCombineCurves)
         const char* name;
         float value; ///< Of 6 and 2.
     } rows[] = {{"+", 8}, {"-", 4}, {"/", 3}, {"*", 12}};
-    const std::string curves = "<CURVE id='a' y_max='99' y_default='6'/><CURVE id='b' y_max='99' y_default='2'/>"
-                               "<CURVE id='t'/><CURVE_MULTI_LINK from='a;b' to='t' trigger_condition='all' ";
+    const std::string curves =
+        "<CURVE id='a' y_max='99' y_default='6'/><CURVE id='b' y_max='99' y_default='2'/>"
+        "<CURVE id='t'/><CURVE_MULTI_LINK from='a;b' to='t' trigger_condition='all' ";
     for (const auto& row : rows)
     {
         CModelRig rig;
@@ -177,7 +188,8 @@ TEST(LinkElements, MuxFunctionsCombineCurves)
 TEST(LinkElements, TriggersLimitWhatMultiLinksHandOn)
 {
     CModelRig rig;
-    EXPECT_TRUE(rig.Build(std::string(params) + "<PARAM_MULTI_LINK from='a' to='b' trigger_min='3' trigger_max='5'/>"));
+    EXPECT_TRUE(rig.Build(std::string(params) +
+                          "<PARAM_MULTI_LINK from='a' to='b' trigger_min='3' trigger_max='5'/>"));
     rig.Param("b").SetValue(4);
     rig.Param("a").SetValue(1);
     EXPECT_FLOAT_EQ(rig.Value("b"), 4);
@@ -238,8 +250,8 @@ TEST(LinkElements, SeparatorsJoinTexts)
 TEST(LinkElements, WithoutADurationAnAnimatedLinkJumps)
 {
     EXPECT_FLOAT_EQ(ValueAfter("<PARAM_ANIMATED_LINK from='a' to='b' trigger_condition='all'/>", "b"), 2);
-    EXPECT_FLOAT_EQ(ValueAfter("<PARAM_ANIMATED_LINK from='a' to='b' trigger_condition='all' duration_ms='9'/>", "b"),
-                    0);
+    EXPECT_FLOAT_EQ(
+        ValueAfter("<PARAM_ANIMATED_LINK from='a' to='b' trigger_condition='all' duration_ms='9'/>", "b"), 0);
 }
 
 TEST(LinkElements, RefreshTimesAreShownAndSet)
@@ -260,7 +272,8 @@ TEST(LinkElements, RefreshTimesAreShownAndSet)
 TEST(LinkElements, HistoriesArePausedByTheirSwitch)
 {
     CModelRig rig;
-    EXPECT_TRUE(rig.Build(std::string(params) + "<CURVE_FROM_PARAM_OVER_TIME id='h' param_id='a' paused='true'/>"));
+    EXPECT_TRUE(
+        rig.Build(std::string(params) + "<CURVE_FROM_PARAM_OVER_TIME id='h' param_id='a' paused='true'/>"));
     EXPECT_TRUE(rig.timer.periods.empty());
     rig.Param("h.paused").SetValue(0);
     EXPECT_EQ(rig.timer.periods.size(), 1U);

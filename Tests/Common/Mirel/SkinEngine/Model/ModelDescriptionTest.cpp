@@ -77,8 +77,10 @@ TEST(ModelDescription, AnEnumerationOfAnotherSizeIsReported)
     };
     EXPECT_THAT(messages("enum_values='x;y;z' max='2'"), IsEmpty());
     EXPECT_THAT(messages("enum_values='x;y;z'"), IsEmpty());
-    EXPECT_THAT(messages("enum_values='x;y;z' min='1' max='2'"),
-                Contains("1: the number of values in the enumeration list is different from specified min/max range"));
+    EXPECT_THAT(
+        messages("enum_values='x;y;z' min='1' max='2'"),
+        Contains(
+            "1: the number of values in the enumeration list is different from specified min/max range"));
 }
 
 TEST(ModelDescription, TheNamesOfAnEnumerationCanBeSet)
@@ -93,15 +95,17 @@ TEST(ModelDescription, TheNamesOfAnEnumerationCanBeSet)
 TEST(ModelDescription, CurvesHaveOneForEachAxis)
 {
     CModelRig rig;
-    EXPECT_EQ(LineOf(rig, "<CURVE id='a' name='N' x_type='integer' x_min='1' x_max='3' x_default='2' x_unit='s' "
-                          "x_name='X' y_max='9' y_default='4' y_unit='V' y_name='Y' max='77' name_='no'/>"),
-              "a: curve = 4 4 4 | 'N' x 'X' 1..3 default 2 type 1 unit 's' y 'Y' 0..9 default 4 type 2 unit 'V'");
+    EXPECT_EQ(
+        LineOf(rig, "<CURVE id='a' name='N' x_type='integer' x_min='1' x_max='3' x_default='2' x_unit='s' "
+                    "x_name='X' y_max='9' y_default='4' y_unit='V' y_name='Y' max='77' name_='no'/>"),
+        "a: curve = 4 4 4 | 'N' x 'X' 1..3 default 2 type 1 unit 's' y 'Y' 0..9 default 4 type 2 unit 'V'");
 }
 
 TEST(ModelDescription, ANameThatIsTakenByNamesFailsTheElement)
 {
     CModelRig rig;
-    EXPECT_FALSE(rig.Build("<STRING id='a.enum_values'/><PARAM id='a' type='enumeration' enum_values='x;y'/>"));
+    EXPECT_FALSE(
+        rig.Build("<STRING id='a.enum_values'/><PARAM id='a' type='enumeration' enum_values='x;y'/>"));
     EXPECT_TRUE(rig.Has("a"));
 }
 
