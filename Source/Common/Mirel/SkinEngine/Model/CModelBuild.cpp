@@ -4,6 +4,7 @@
 #include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
 #include "Mirel/DataModel/Objects/CEnumToText.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
+#include "Mirel/SkinEngine/Model/ModelLimits.h"
 #include "Mirel/System/CMonotonicTickSource.h"
 
 namespace Mirel::SkinEngine
@@ -90,12 +91,11 @@ bool CModelBuild::AddSwitch(const char* id, const SSwitch& shown, std::function<
     }
     const CParamInfo info(ValueKindInteger, 0.0F, 1.0F, get() ? 1.0F : 0.0F, shown.title, "", "",
                           new CEnumToText(SplitText(shown.names)), true);
-    return model.AddParam(
-        name.c_str(),
-        new CCaptureParamWrapper(
-            info, [get = std::move(get)] { return get() ? 1.0F : 0.0F; },
-            [set = std::move(set)](float value) { set(value >= 0.5F); }, &changed),
-        flags, true);
+    return model.AddParam(name.c_str(),
+                          new CCaptureParamWrapper(
+                              info, [get = std::move(get)] { return get() ? 1.0F : 0.0F; },
+                              [set = std::move(set)](float value) { set(value >= 0.5F); }, &changed),
+                          flags, true);
 }
 
 bool CModelBuild::AddEnabledSwitch(const char* id, Core::IEnable& object)
@@ -130,6 +130,21 @@ bool CModelBuild::AddRefreshTime(const char* id, Core::IRefreshTime& object)
             { object.SetRefreshTime(Core::TruncateToInt32(static_cast<double>(value) + 0.5)); },
             nullptr),
         flags, true);
+}
+
+bool CModelBuild::TakeElement()
+{
+    if (builtElements < maxModelElements)
+    {
+        ++builtElements;
+        return true;
+    }
+    if (builtElements == maxModelElements)
+    {
+        ++builtElements;
+        Fail("The model has too many elements: the rest is left out.");
+    }
+    return false;
 }
 
 bool CModelBuild::TakeElements(int count)
@@ -168,6 +183,7 @@ void CModelBuild::Drop()
     counts.clear();
     links.clear();
     openCollection = nullptr;
+    builtElements = 0;
 }
 
 bool CModelBuild::AddToParent() const

@@ -19,8 +19,8 @@ namespace Mirel::SkinEngine
 class CSkinCollectionBase;
 class CSkinParser;
 
-/// What the handlers of model elements work with in the pass that builds: the model, what is wanted of it, and
-/// what is left to be done when all objects are there. Used by the thread that builds the model.
+/// What the handlers of model elements work with in the pass that builds: the model, what is wanted of it,
+/// and what is left to be done when all objects are there. Used by the thread that builds the model.
 class CModelBuild
 {
 public:
@@ -67,8 +67,8 @@ public:
     void ConnectByRef(T& target, typename TConnectByRefCommand<T, O>::Method connect,
                       typename TConnectByRefCommand<T, O>::Method disconnect, const char* id)
     {
-        QueueLink(std::make_unique<TConnectByRefCommand<T, O>>(model, context, target, connect, disconnect,
-                                                               id));
+        QueueLink(
+            std::make_unique<TConnectByRefCommand<T, O>>(model, context, target, connect, disconnect, id));
     }
 
     template <class O, class T>
@@ -105,13 +105,16 @@ public:
     };
 
     // Parameters for the settings of an object, named by its id and a suffix such as ".enabled". Without an
-    // id, and where nobody wants them, there are none. The object must live as long as the model. False if the
-    // name is taken.
+    // id, and where nobody wants them, there are none. The object must live as long as the model. False if
+    // the name is taken.
     bool AddSwitch(const char* id, const SSwitch& shown, std::function<bool()> get,
                    std::function<void(bool)> set, Core::IEventProvider& changed);
     bool AddEnabledSwitch(const char* id, Core::IEnable& object);
     bool AddPausedSwitch(const char* id, Core::IEnable& object);
     bool AddRefreshTime(const char* id, Core::IRefreshTime& object);
+
+    /// One more element. False, with a report for the first, where there may be none.
+    bool TakeElement();
 
     /// Charges what is kept for an item to what all collections may hold. False if that is too much.
     bool TakeElements(int count);
@@ -135,7 +138,8 @@ private:
     ISkinModel& model;
     ISkinModel* parent;
     std::shared_ptr<CSkinModelContext> context;
-    int elements = 0;
+    int builtElements = 0;
+    int elements = 0; ///< Charged.
     std::string persistentIds;
     std::string exposedIds;
     std::vector<std::unique_ptr<CModelCommand>> preLinks;

@@ -87,15 +87,21 @@ bool CSkinCollectionContext::TakeElements(int count)
         refused = true;
         return false;
     }
+    AddElements(count);
+    return true;
+}
+
+void CSkinCollectionContext::AddElements(int count)
+{
     elements += count;
     elementsInChange += count;
-    return true;
 }
 
 bool CSkinCollectionContext::IsExhausted() const
 {
-    return items >= maxCollectionItems || elements >= maxCollectionElements || changes > maxNestedCollections ||
-           itemsInChange >= maxItemsPerChange || elementsInChange >= maxElementsPerChange;
+    return items >= maxCollectionItems || elements >= maxCollectionElements ||
+           changes > maxNestedCollections || itemsInChange >= maxItemsPerChange ||
+           elementsInChange >= maxElementsPerChange;
 }
 
 void CSkinCollectionContext::Report()

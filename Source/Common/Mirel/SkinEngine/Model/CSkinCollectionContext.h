@@ -19,7 +19,8 @@ class CSkinCollectionBase;
 class CSkinCollectionContext
 {
 public:
-    /// Finds where a limit that was met is reported, which happens once for all collections; null for nowhere.
+    /// Finds where a limit that was met is reported, which happens once for all collections; null for
+    /// nowhere.
     using CFindLog = std::function<CoreUtilities::IMessageLog*()>;
 
     explicit CSkinCollectionContext(CFindLog findLog_) : findLog(std::move(findLog_)) {}
@@ -54,6 +55,7 @@ public:
 
     /// More elements inside an item. False where there may not be so many; that is reported.
     bool TakeElements(int count);
+    void AddElements(int count); ///< Whatever they come to.
     void ReleaseElements(int count) { elements -= count; }
 
     int GetItems() const { return items; }

@@ -108,7 +108,10 @@ void CSkinModelCollectionItemFactory::Fill(CSkinModelCollectionItem& item,
     factory.StartModel({});
     delete body->Instantiate(attributes, parser);
     factory.EndModel();
-    item.SetElements(charge.GetCount() + factory.GetElements());
+    // An element may stand for several objects; they are there already, and count for the items to come.
+    const int objects = item.GetModel().GetObjects().GetCount();
+    context->GetCollections()->AddElements(objects);
+    item.SetElements(charge.GetCount() + factory.GetElements() + objects);
 }
 
 int CountElements(const IParsedTemplate& body)

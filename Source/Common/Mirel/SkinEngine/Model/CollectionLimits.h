@@ -10,7 +10,7 @@ namespace Mirel::SkinEngine
 /// Items that are there at a time.
 constexpr int maxCollectionItems = 16384;
 
-/// Elements that those items hold at a time: each may stand for an object with its description and names.
+/// Elements and objects that those items hold at a time.
 constexpr int maxCollectionElements = 65536;
 
 /// Items that one change of a count, with all that it sets off, makes and unmakes again: links that move

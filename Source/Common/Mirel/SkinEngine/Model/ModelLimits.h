@@ -5,6 +5,10 @@
 namespace Mirel::SkinEngine
 {
 
+/// Elements that one model file, or one item of a collection, builds from: each may stand for an object with
+/// six names. The file's own limits would let many times as many pass.
+constexpr int maxModelElements = 131072;
+
 /// Identifiers in one list of a link. Every change of a source takes the time of all, and a list may name the
 /// same object any number of times. No honest file comes near it.
 constexpr std::size_t maxLinkEnds = 4096;
