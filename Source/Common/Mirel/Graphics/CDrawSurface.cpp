@@ -88,7 +88,7 @@ void CDrawSurface::DrawLine(CPoint a, CPoint b)
 
 void CDrawSurface::DrawPolyline(const CPoint* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(points, count, 1, 1);
 }
 
 void CDrawSurface::DrawPoint(CPoint point)
@@ -98,10 +98,7 @@ void CDrawSurface::DrawPoint(CPoint point)
 
 void CDrawSurface::DrawPoints(const CPoint* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLine(points[i], points[i]);
-    }
+    StrokeAll(points, count, 0, 1);
 }
 
 void CDrawSurface::DrawRect(const CRect& rect)
@@ -128,7 +125,7 @@ void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(points, count, 1, 1);
 }
 
 void CDrawSurface::DrawPointF(CPointF point)
@@ -139,10 +136,12 @@ void CDrawSurface::DrawPointF(CPointF point)
 
 void CDrawSurface::DrawPointsF(const CPointF* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLineF(points[i], points[i]);
-    }
+    StrokeAll(points, count, 0, 1);
+}
+
+void CDrawSurface::DrawLinesF(const CPointF* ends, int count)
+{
+    StrokeAll(ends, count, 1, 2);
 }
 
 void CDrawSurface::FillRect(const CRect& rect)
@@ -321,21 +320,22 @@ void CDrawSurface::Stroke(double ax, double ay, double bx, double by)
     cairo_stroke(context);
 }
 
+/// Lines that begin `back` points before the ones that they end at, which stand `step` points apart.
 template <class Point>
-void CDrawSurface::StrokeAll(const Point* points, int count)
+void CDrawSurface::StrokeAll(const Point* points, int count, int back, int step)
 {
     const auto at = [points](int i)
     { return std::pair(half + static_cast<double>(points[i].x), half + static_cast<double>(points[i].y)); };
     CPoint origin;
     const CPixelTarget target =
-        context == nullptr || count < 2 ? CPixelTarget() : GetPlainTarget(context, origin);
+        context == nullptr || count <= back ? CPixelTarget() : GetPlainTarget(context, origin);
     if (target.data != nullptr)
     {
         cairo_surface_flush(cairo_get_target(context));
     }
-    for (int i = 1; i < count; ++i)
+    for (int i = back; i < count; i += step)
     {
-        const auto [ax, ay] = at(i - 1);
+        const auto [ax, ay] = at(i - back);
         const auto [bx, by] = at(i);
         if (target.data == nullptr)
         {

@@ -60,6 +60,10 @@ public:
     virtual void DrawPointF(CPointF point);
     virtual void DrawPointsF(const CPointF* points, int count);
 
+    /// Separate lines, from each point of even index to the one after it: DrawLineF for each two, and the
+    /// cheap way to draw the bars of a graph.
+    virtual void DrawLinesF(const CPointF* ends, int count);
+
     virtual void SetFillColor(CColor color) { state.fill = color; }
     virtual void FillRect(const CRect& rect);
 
@@ -115,7 +119,7 @@ private:
     void SetSource(CColor color);
 
     template <class Point>
-    void StrokeAll(const Point* points, int count);
+    void StrokeAll(const Point* points, int count, int back, int step);
     void Stroke(double ax, double ay, double bx, double by);
     void PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity);
 
