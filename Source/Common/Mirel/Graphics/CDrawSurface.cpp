@@ -272,6 +272,17 @@ void CDrawSurface::RestoreState()
     }
 }
 
+int CDrawSurface::GetDeviceScale() const
+{
+    double x = 1.0;
+    double y = 1.0;
+    if (context != nullptr)
+    {
+        cairo_surface_get_device_scale(cairo_get_target(context), &x, &y);
+    }
+    return Core::TruncateToInt32(x);
+}
+
 CBitmap* CDrawSurface::GetBitmap()
 {
     cairo_surface_t* target = context == nullptr ? nullptr : cairo_get_target(context);
