@@ -26,8 +26,8 @@ CSharedCursor CCursor::FindSystem(std::string_view name)
         Entry("up", ECursorShape::Up),
         Entry("open_hand", ECursorShape::OpenHand),
     };
-    const auto* found = std::find_if(names.begin(), names.end(),
-                                     [name](const Entry& entry) { return entry.first == name; });
+    const auto* found =
+        std::find_if(names.begin(), names.end(), [name](const Entry& entry) { return entry.first == name; });
     return found == names.end() ? nullptr : std::make_shared<const CCursor>(found->second);
 }
 

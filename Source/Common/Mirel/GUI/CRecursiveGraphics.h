@@ -29,14 +29,16 @@ public:
     void MarkDirty() { bitmapDirty = true; }
 
 private:
-    void DrawTree(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion& region);
-    void DrawThroughBitmap(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion& region,
-                           int alpha);
-    void RefreshBitmap(Graphics::CDrawSurface& surface);
+    static constexpr int bitmapDepth = 32;
+
+    void DrawTree(Graphics::CDrawSurface& surface, const CRect& box);
+    void DrawThroughBitmap(Graphics::CDrawSurface& surface, const CRect& box, int alpha);
+    void RefreshBitmap(int fineness, const CRect& box);
 
     CLightWidget& owner;
     bool buffered = false;
     std::unique_ptr<Graphics::CDIBBitmap> bitmap;
+    CSize bitmapSize; ///< As asked for; too large a bitmap is empty.
     bool bitmapDirty = false;
 };
 
