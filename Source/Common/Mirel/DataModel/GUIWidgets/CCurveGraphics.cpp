@@ -270,12 +270,12 @@ void CCurveGraphics::DrawMinMax(CDrawSurface& surface, const CSweep& sweep)
 bool CCurveGraphics::HitTest(Graphics::CPoint point) const
 {
     const bool vertical = viewer.IsVertical();
-    const CSize size = GetSize();
-    const auto length = static_cast<float>(vertical ? size.height : size.width);
-    const auto across = static_cast<float>(vertical ? size.width : size.height);
+    const CSize area = GetSize();
+    const auto length = static_cast<float>(vertical ? area.height : area.width);
+    const auto across = static_cast<float>(vertical ? area.width : area.height);
     const auto along = static_cast<float>(vertical ? point.y : point.x);
     const float value = viewer.GetValue(along / (length - 1.0F), curveAccessMode);
-    if (size.IsEmpty() || !std::isfinite(value))
+    if (area.IsEmpty() || !std::isfinite(value))
     {
         return false;
     }
@@ -334,16 +334,16 @@ void CCurveGraphics::SetMinMaxMode(bool newMinMaxMode)
 template <class T>
 void CCurveGraphics::SetProperty(T& property, T value)
 {
-    bool changed = false;
+    bool differs = false;
     if constexpr (std::is_floating_point_v<T>)
     {
-        changed = property < value || property > value;
+        differs = property < value || property > value;
     }
     else
     {
-        changed = property != value;
+        differs = property != value;
     }
-    if (changed)
+    if (differs)
     {
         property = value;
         ReservePoints();

@@ -16,10 +16,10 @@ CXYCurvesGraphics::CXYCurvesGraphics(const Controls::CCurveViewer& xViewer_,
     : xViewer(xViewer_),
       yViewer(yViewer_),
       extraPixels(xViewer_.GetYViewer(), yViewer_.GetYViewer()),
-      xLayoutConnection(&xViewer_.GetLayoutChangedEventProvider(), &changed),
-      xCurveConnection(&xViewer_.GetCurveChangedEventProvider(), &changed),
-      yLayoutConnection(&yViewer_.GetLayoutChangedEventProvider(), &changed),
-      yCurveConnection(&yViewer_.GetCurveChangedEventProvider(), &changed)
+      xLayoutConnection(&xViewer_.GetLayoutChangedEventProvider(), &curvesChanged),
+      xCurveConnection(&xViewer_.GetCurveChangedEventProvider(), &curvesChanged),
+      yLayoutConnection(&yViewer_.GetLayoutChangedEventProvider(), &curvesChanged),
+      yCurveConnection(&yViewer_.GetCurveChangedEventProvider(), &curvesChanged)
 {
     ReservePoints();
 }
@@ -63,7 +63,7 @@ void CXYCurvesGraphics::DrawForm(Graphics::CDrawSurface& surface)
 template <class Form, class Pen>
 void CXYCurvesGraphics::AddPoints(Pen pen) const
 {
-    const Graphics::CSize size = GetSize();
+    const Graphics::CSize area = GetSize();
     const int count = CountPoints();
     const float step = 1.0F / (std::min(positionsCount, static_cast<float>(CLimits::maxSamples)) - 1.0F);
     float t = 0.0F;
@@ -74,7 +74,7 @@ void CXYCurvesGraphics::AddPoints(Pen pen) const
         t += step;
         if (std::isfinite(x) && std::isfinite(y))
         {
-            pen.Add({Form::FromValueRightward(x, size.width), Form::FromValue(y, size.height)});
+            pen.Add({Form::FromValueRightward(x, area.width), Form::FromValue(y, area.height)});
         }
         else
         {

@@ -76,7 +76,7 @@ private:
     float positionsCount = defaultPositionsCount;
     CPointsBuffers points;
     CExtraPixels extraPixels;
-    Core::TConstCommand<CXYCurvesGraphics> changed{this, &CXYCurvesGraphics::RaiseChanged};
+    Core::TConstCommand<CXYCurvesGraphics> curvesChanged{this, &CXYCurvesGraphics::RaiseChanged};
     CoreUtilities::CCallbackHelper xLayoutConnection;
     CoreUtilities::CCallbackHelper xCurveConnection;
     CoreUtilities::CCallbackHelper yLayoutConnection;
