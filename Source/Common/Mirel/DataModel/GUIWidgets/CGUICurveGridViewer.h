@@ -11,8 +11,8 @@ class CGUICurveGridViewer : public CGUIGrid
 {
 public:
     /// The curve is not owned and must outlive the widget.
-    explicit CGUICurveGridViewer(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent = nullptr)
-        : CGUIGrid(curve.GetInfo().GetXInfo(), curve.GetInfo().GetYInfo(), parent)
+    explicit CGUICurveGridViewer(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent_ = nullptr)
+        : CGUIGrid(curve.GetInfo().GetXInfo(), curve.GetInfo().GetYInfo(), parent_)
     {
     }
 };

@@ -12,8 +12,8 @@ class CGUICurveViewer : public GUI::CLightWidget
 {
 public:
     /// The curve is not owned and must outlive the widget.
-    explicit CGUICurveViewer(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent = nullptr)
-        : CLightWidget(parent),
+    explicit CGUICurveViewer(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent_ = nullptr)
+        : CLightWidget(parent_),
           viewer(curve),
           graphics(viewer)
     {

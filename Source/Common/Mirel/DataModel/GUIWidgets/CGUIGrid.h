@@ -12,8 +12,8 @@ class CGUIGrid : public GUI::CLightWidget
 public:
     /// The descriptions are not owned and must outlive the widget.
     CGUIGrid(const Objects::IConstParamInfo& xInfo, const Objects::IConstParamInfo& yInfo,
-             GUI::CLightWidget* parent = nullptr)
-        : CLightWidget(parent),
+             GUI::CLightWidget* parent_ = nullptr)
+        : CLightWidget(parent_),
           xViewer(xInfo),
           yViewer(yInfo),
           graphics(xViewer, yViewer)

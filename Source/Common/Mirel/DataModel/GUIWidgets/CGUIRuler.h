@@ -11,8 +11,8 @@ class CGUIRuler : public GUI::CLightWidget
 {
 public:
     /// The description is not owned and must outlive the widget.
-    explicit CGUIRuler(const Objects::IConstParamInfo& info, GUI::CLightWidget* parent = nullptr)
-        : CLightWidget(parent),
+    explicit CGUIRuler(const Objects::IConstParamInfo& info, GUI::CLightWidget* parent_ = nullptr)
+        : CLightWidget(parent_),
           viewer(info),
           graphics(viewer)
     {

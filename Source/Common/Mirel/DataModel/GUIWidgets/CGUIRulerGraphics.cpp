@@ -108,7 +108,7 @@ void CGUIRulerGraphics::OnLayoutChanged()
 void CGUIRulerGraphics::SetLabels()
 {
     // Room for a number of some digits, and for what keeps it apart from the next.
-    constexpr float lineHeights[] = {5.0F, 2.5F};
+    constexpr float lineHeights[] = {3.5F, 2.5F};
     const auto lineHeight = static_cast<float>(std::max(font->GetAscent() + font->GetDescent(), 1.0));
     const auto length = static_cast<float>(vertical ? GetSize().height : GetSize().width);
     std::vector<CLabel> candidates;

@@ -11,8 +11,8 @@ class CGUIXCurveRuler : public CGUIRuler
 {
 public:
     /// The curve is not owned and must outlive the widget.
-    explicit CGUIXCurveRuler(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent = nullptr)
-        : CGUIRuler(curve.GetInfo().GetXInfo(), parent)
+    explicit CGUIXCurveRuler(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent_ = nullptr)
+        : CGUIRuler(curve.GetInfo().GetXInfo(), parent_)
     {
     }
 };

@@ -11,8 +11,8 @@ class CGUIYCurveRuler : public CGUIRuler
 {
 public:
     /// The curve is not owned and must outlive the widget.
-    explicit CGUIYCurveRuler(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent = nullptr)
-        : CGUIRuler(curve.GetInfo().GetYInfo(), parent)
+    explicit CGUIYCurveRuler(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent_ = nullptr)
+        : CGUIRuler(curve.GetInfo().GetYInfo(), parent_)
     {
         GetRulerGraphics().SetVertical(true);
     }

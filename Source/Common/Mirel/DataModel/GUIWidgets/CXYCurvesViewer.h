@@ -12,8 +12,8 @@ class CXYCurvesViewer : public GUI::CLightWidget
 public:
     /// The curves are not owned and must outlive the widget.
     CXYCurvesViewer(const Objects::IConstCaptureCurve& xCurve, const Objects::IConstCaptureCurve& yCurve,
-                    GUI::CLightWidget* parent = nullptr)
-        : CLightWidget(parent),
+                    GUI::CLightWidget* parent_ = nullptr)
+        : CLightWidget(parent_),
           xViewer(xCurve),
           yViewer(yCurve),
           graphics(xViewer, yViewer)
