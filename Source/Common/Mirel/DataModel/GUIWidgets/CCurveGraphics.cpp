@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CCurveGraphics.h"
 
+#include "Mirel/DataModel/GUIWidgets/AxisZero.h"
 #include "Mirel/DataModel/GUIWidgets/CurveSteps.h"
 #include "Mirel/DataModel/GUIWidgets/PlotForms.h"
 #include "Mirel/DataModel/GUIWidgets/TPointsPen.h"
@@ -166,7 +167,7 @@ void CCurveGraphics::DrawForm(CDrawSurface& surface, const CSweep& sweep)
 template <class Form>
 void CCurveGraphics::DrawBars(CDrawSurface& surface, const CSweep& sweep)
 {
-    const float baseline = GetBaseline();
+    const float baseline = GetZeroPosition(viewer.GetYViewer());
     TPointsPen pen(std::span(points.exact), 0,
                    [&surface](const CPointF* ends, int count) { surface.DrawLinesF(ends, count); });
     for (float x = 0.0F; x < static_cast<float>(sweep.length); x += sweep.step)
@@ -284,7 +285,7 @@ bool CCurveGraphics::HitTest(Graphics::CPoint point) const
     const int pixel = toPixel(value);
     if (graphStyle == GraphStyleBargraph)
     {
-        return toPixel(GetBaseline()) <= tested ? tested < pixel + 1 : tested > pixel - 1;
+        return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1 : tested > pixel - 1;
     }
     return pixel - 2 <= tested && tested < pixel + 2;
 }
@@ -360,14 +361,6 @@ bool CCurveGraphics::GetSteps(CCurveSteps& steps) const
 bool CCurveGraphics::DrawsMinMax(const CCurveSteps& steps) const
 {
     return minMaxMode && !viewer.IsVertical() && steps.count > 2 * std::int64_t{GetSize().width};
-}
-
-/// Where bars begin. Zero may lie outside of the view; where an axis has no zero, as a logarithmic one, it is
-/// the axis' end on that side.
-float CCurveGraphics::GetBaseline() const
-{
-    const float zero = viewer.GetYViewer().ValueToPosition(0.0F, false);
-    return std::isfinite(zero) ? zero : viewer.GetYViewer().ValueToPosition(0.0F, true);
 }
 
 void CCurveGraphics::ReservePoints()

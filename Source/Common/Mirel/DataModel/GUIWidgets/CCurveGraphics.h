@@ -82,7 +82,6 @@ private:
 
     bool GetSteps(CCurveSteps& steps) const;
     bool DrawsMinMax(const CCurveSteps& steps) const;
-    float GetBaseline() const;
     template <class T>
     void SetProperty(T& property, T value);
     void ReservePoints();

@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CGridGraphics.h"
 
+#include "Mirel/DataModel/GUIWidgets/AxisZero.h"
 #include "Mirel/DataModel/GUIWidgets/GridLines.h"
 #include "Mirel/Graphics/CDrawSurface.h"
 
@@ -48,10 +49,7 @@ void CGridGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimpl
 CGridAxis CGridGraphics::MakeAxis(const Controls::CParamViewerConfig& viewer, int subdivisions, int length)
 {
     const float visible = viewer.GetVisiblePositions();
-    const float zero = viewer.ValueToPosition(0.0F, false);
-    return {visible < 0.0F ? static_cast<float>(length) : visible,
-            // An axis that has no zero, as a logarithmic one, begins at its end on that side.
-            std::isfinite(zero) ? zero : viewer.ValueToPosition(0.0F, true), subdivisions, length};
+    return {visible < 0.0F ? static_cast<float>(length) : visible, GetZeroPosition(viewer), subdivisions, length};
 }
 
 template <class ToEnds>
