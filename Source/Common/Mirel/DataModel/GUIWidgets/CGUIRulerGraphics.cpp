@@ -144,6 +144,9 @@ void CGUIRulerGraphics::SetLabels()
 
 CPoint CGUIRulerGraphics::PlaceLabel(float position, CSize extent) const
 {
+    constexpr int most = 1 << 20; // so that sums have room
+    const int across = std::clamp(hMargin, -most, most);
+    const int down = std::clamp(vMargin, -most, most);
     const CSize area = GetSize();
     const auto toPixel = [position](int length, int margin)
     {
@@ -154,12 +157,12 @@ CPoint CGUIRulerGraphics::PlaceLabel(float position, CSize extent) const
     const int upright = static_cast<int>(vAlign);
     if (vertical)
     {
-        const int place = area.height - 1 - vMargin - toPixel(area.height, vMargin);
-        return {AlignAcross(area.width, hMargin, extent.width, horizontal),
+        const int place = area.height - 1 - down - toPixel(area.height, down);
+        return {AlignAcross(area.width, across, extent.width, horizontal),
                 AlignAt(place, extent.height, upright, area.height)};
     }
-    return {AlignAt(hMargin + toPixel(area.width, hMargin), extent.width, horizontal, area.width),
-            AlignAcross(area.height, vMargin, extent.height, upright)};
+    return {AlignAt(across + toPixel(area.width, across), extent.width, horizontal, area.width),
+            AlignAcross(area.height, down, extent.height, upright)};
 }
 
 } // namespace Mirel::DataModel::GUIWidgets
