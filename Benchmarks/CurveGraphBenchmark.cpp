@@ -95,12 +95,13 @@ std::vector<CColumn> GetColumns(const std::vector<float>& values)
 void FillColumns(Graphics::CDIBBitmap& bitmap, const std::vector<CColumn>& columns)
 {
     constexpr std::uint32_t colour = 0xff5adc78U;
+    std::uint8_t* const pixels = bitmap.GetData();
     for (int x = 0; x < width; ++x)
     {
         const auto [top, bottom] = columns[static_cast<std::size_t>(x)];
         for (int y = top; y <= bottom; ++y)
         {
-            std::memcpy(bitmap.GetData() + (std::int64_t{y} * width + x) * 4, &colour, 4);
+            std::memcpy(pixels + (std::int64_t{y} * width + x) * 4, &colour, 4);
         }
     }
 }
