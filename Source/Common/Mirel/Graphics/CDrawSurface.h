@@ -47,8 +47,8 @@ public:
 
     virtual void DrawLine(CPoint a, CPoint b);
 
-    /// A line between each two successive points; nothing for fewer than two. The cheap way to draw many
-    /// lines.
+    /// A line between each two successive points; nothing for fewer than two. Many lines are cheaper this way
+    /// than one by one.
     virtual void DrawPolyline(const CPoint* points, int count);
 
     /// Covers half of the pixel.
@@ -152,9 +152,9 @@ private:
 
     void SetSource(CColor color);
 
-    template <class Point>
-    void StrokeAll(const Point* points, int count, int back, int step);
-    void Stroke(double ax, double ay, double bx, double by);
+    template <class SegmentAt>
+    void StrokeAll(int count, const SegmentAt& segmentAt);
+    void Stroke(const CSegment& segment);
     void PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity);
 
     cairo_t* context;

@@ -3,9 +3,7 @@
 #include "Mirel/Graphics/CColor.h"
 #include "Mirel/Graphics/Geometry.h"
 #include "Mirel/Graphics/LineClip.h"
-#include "Mirel/Graphics/PixelBlend.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -45,19 +43,10 @@ private:
         double slope; ///< Columns for each row.
     };
 
-    struct CPaint;
-    struct CSlant;
-
-    static void DrawBox(const CPaint& paint, CCorner topLeft, CCorner bottomRight);
-    void DrawOutline(const CPaint& paint, const std::array<CCorner, 4>& corners, int firstRow, int endRow);
-    static void DrawSlant(const CPaint& paint, const CSlant& slant, int firstRow, int endRow);
-    static int CountPairRows(const CPaint& paint, const CSlant& slant, double x, int column);
-    static void DrawPairs(const CPaint& paint, const CSlant& slant, int row, int rows, int column);
-    static void DrawSlantRow(const CPaint& paint, const CSlant& slant, int row);
     CEdge MakeEdge(CCorner from, CCorner to) const;
     void AddEdge(const CEdge& edge, double rowTop);
     void AddPiece(double x0, double x1, double height);
-    void BlendRow(const CPaint& paint, int y);
+    void BlendRow(std::uint8_t* row, int first, int last, CColor color);
 
     /// Changes of coverage from pixel to pixel of the row being drawn; all 0 between rows.
     std::vector<float> deltas;

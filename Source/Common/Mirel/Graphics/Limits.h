@@ -26,6 +26,9 @@ struct CLimits
     /// Width and height of what can be drawn into, the drawing library's own bound.
     static constexpr int maxDrawingSide = 32767;
 
+    /// Device pixels that a pixel of a window takes, across and down, at most.
+    static constexpr int maxDeviceScale = 4;
+
     /// Bytes of a font file: a face with all the characters of China has some twenty million.
     static constexpr std::uintmax_t maxFontBytes = std::uintmax_t{64} << 20U;
 
