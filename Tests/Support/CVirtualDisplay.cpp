@@ -58,9 +58,9 @@ CVirtualDisplay::CVirtualDisplay(const std::vector<std::string>& arguments)
     {
         return;
     }
-    std::vector<std::string> all = {"Xvfb", "-displayfd",         std::to_string(ends[1]),
-                                    "-screen", "0", "1280x800x24", "-nolisten", "tcp",
-                                    "-noreset"};
+    std::vector<std::string> all = {"Xvfb",      "-displayfd", std::to_string(ends[1]),
+                                    "-screen",   "0",          "1280x800x24",
+                                    "-nolisten", "tcp",        "-noreset"};
     all.insert(all.end(), arguments.begin(), arguments.end());
     process = fork();
     if (process == 0)

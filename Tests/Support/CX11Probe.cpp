@@ -96,7 +96,8 @@ void CX11Probe::Type(int code) const
     KeyUp(code);
 }
 
-xcb_window_t CX11Probe::ShowWindow(int x, int y, int width, int height, bool isDeep, xcb_window_t parent) const
+xcb_window_t CX11Probe::ShowWindow(int x, int y, int width, int height, bool isDeep,
+                                   xcb_window_t parent) const
 {
     xcb_visualid_t visual = screen->root_visual;
     xcb_colormap_t colormap = screen->default_colormap;
@@ -108,12 +109,11 @@ xcb_window_t CX11Probe::ShowWindow(int x, int y, int width, int height, bool isD
     }
     const xcb_window_t window = xcb_generate_id(connection);
     const std::array<std::uint32_t, 4> values = {0, 0, 1, colormap};
-    xcb_create_window(connection, isDeep ? 32 : screen->root_depth, window, parent != 0 ? parent : GetRoot(),
-                      static_cast<std::int16_t>(x), static_cast<std::int16_t>(y),
-                      static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
-                      XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_COLORMAP,
-                      values.data());
+    xcb_create_window(
+        connection, isDeep ? 32 : screen->root_depth, window, parent != 0 ? parent : GetRoot(),
+        static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), static_cast<std::uint16_t>(width),
+        static_cast<std::uint16_t>(height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
+        XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_COLORMAP, values.data());
     xcb_map_window(connection, window);
     Sync();
     return window;
@@ -133,9 +133,10 @@ void CX11Probe::Focus(xcb_window_t window) const
 
 std::vector<std::uint32_t> CX11Probe::ReadScreen(int x, int y, int width, int height) const
 {
-    const auto cookie = xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, GetRoot(), static_cast<std::int16_t>(x),
-                                      static_cast<std::int16_t>(y), static_cast<std::uint16_t>(width),
-                                      static_cast<std::uint16_t>(height), ~0U);
+    const auto cookie =
+        xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, GetRoot(), static_cast<std::int16_t>(x),
+                      static_cast<std::int16_t>(y), static_cast<std::uint16_t>(width),
+                      static_cast<std::uint16_t>(height), ~0U);
     const TReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, cookie, nullptr));
     std::vector<std::uint32_t> pixels;
     if (reply != nullptr)
@@ -170,8 +171,7 @@ int CX11Probe::CountBelow(xcb_window_t window) const
 
 xcb_atom_t CX11Probe::GetAtom(const std::string& name) const
 {
-    const auto cookie =
-        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
     const TReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply != nullptr ? reply->atom : xcb_atom_t{XCB_NONE};
 }

@@ -34,7 +34,8 @@ public:
     void Type(int code) const;
 
     /// A window of this program's own, shown; of 32 bits depth if wanted.
-    xcb_window_t ShowWindow(int x, int y, int width, int height, bool isDeep = false, xcb_window_t parent = 0) const;
+    xcb_window_t ShowWindow(int x, int y, int width, int height, bool isDeep = false,
+                            xcb_window_t parent = 0) const;
     void Destroy(xcb_window_t window) const;
     void Focus(xcb_window_t window) const;
 

@@ -33,7 +33,8 @@ TEST(CClickCounter, AnotherPlaceBeginsAnew)
     CClickCounter counter;
     counter.CountPress(EMouseButton::Left, {10, 10}, 1000);
     EXPECT_EQ(counter.CountPress(EMouseButton::Left, {10 + far, 10 - far}, 1000), 2);
-    EXPECT_EQ(counter.CountPress(EMouseButton::Left, {10 + far, 11}, 1000), 1) << "far in y from the press before";
+    EXPECT_EQ(counter.CountPress(EMouseButton::Left, {10 + far, 11}, 1000), 1)
+        << "far in y from the press before";
 }
 
 TEST(CClickCounter, AnotherButtonBeginsAnew)

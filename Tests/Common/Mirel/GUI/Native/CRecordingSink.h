@@ -47,7 +47,8 @@ public:
     /// A picture of one colour, with every pixel's place mixed in so that a shifted one is noticed.
     static std::uint32_t ColourAt(std::uint32_t colour, int x, int y)
     {
-        return colour ^ (static_cast<std::uint32_t>(x) * 3U & 0xFFU) ^ ((static_cast<std::uint32_t>(y) * 5U & 0xFFU) << 8U);
+        return colour ^ (static_cast<std::uint32_t>(x) * 3U & 0xFFU) ^
+               ((static_cast<std::uint32_t>(y) * 5U & 0xFFU) << 8U);
     }
 
     void Paint(std::uint32_t colour, CSize size)

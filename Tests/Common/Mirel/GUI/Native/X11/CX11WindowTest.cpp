@@ -6,13 +6,13 @@
 #include <string>
 #include <xcb/xcb.h>
 
+using Mirel::Graphics::CRect;
+using Mirel::Graphics::CSimple2DRegion;
 using Mirel::GUI::CPoint;
 using Mirel::GUI::CSize;
 using Mirel::GUI::ENativeWindowKind;
 using Mirel::GUI::INativeWindow;
 using Mirel::GUI::SNativeWindowOptions;
-using Mirel::Graphics::CRect;
-using Mirel::Graphics::CSimple2DRegion;
 using testing::ElementsAre;
 using Tests::CRecordingSink;
 
@@ -305,8 +305,8 @@ TEST_F(CX11WindowTest, SurvivesTheEndOfTheForeignWindow)
 
 TEST_F(CX11WindowTest, SinkMayDestroyItsWindowInEveryCall)
 {
-    for (const std::string call : {"paint", "shown", "focus in", "resized", "closed", "hidden", "enter", "move",
-                                   "down", "up", "wheel", "key down", "close requested"})
+    for (const std::string call : {"paint", "shown", "focus in", "resized", "closed", "hidden", "enter",
+                                   "move", "down", "up", "wheel", "key down", "close requested"})
     {
         const xcb_window_t host = probe->ShowWindow(200, 150, 400, 300);
         CRecordingSink sink;
@@ -390,7 +390,8 @@ TEST_F(CX11WindowTest, TellsTheWindowManagerItsKind)
 TEST_F(CX11WindowTest, DialogIsModalAndInFrontOfItsOwner)
 {
     CRecordingSink sink;
-    const auto owner = platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 50}), sink);
+    const auto owner =
+        platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 50}), sink);
     SNativeWindowOptions options = Options(ENativeWindowKind::Dialog, {0, 0, 50, 50});
     options.owner = owner.get();
     const auto dialog = platform->CreateNativeWindow(options, sink);
@@ -414,7 +415,8 @@ TEST_F(CX11WindowTest, TellsTheSizesThatTheUserMayChoose)
 {
     // Words of WM_NORMAL_HINTS: 0 flags, 5 and 6 smallest, 7 and 8 largest; flag 16 smallest, 32 largest.
     CRecordingSink sink;
-    const auto window = platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
+    const auto window =
+        platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
     window->SetSizeLimits({20, 10}, {0, 300});
     Settle();
     std::vector<std::uint32_t> hints = ReadNumbers(*window, "WM_NORMAL_HINTS");
@@ -434,13 +436,15 @@ TEST_F(CX11WindowTest, TellsTheSizesThatTheUserMayChoose)
     fixed->SetSize({70, 60});
     Settle();
     hints = ReadNumbers(*fixed, "WM_NORMAL_HINTS");
-    EXPECT_THAT(std::vector<std::uint32_t>(hints.begin() + 5, hints.begin() + 9), ElementsAre(70U, 60U, 70U, 60U));
+    EXPECT_THAT(std::vector<std::uint32_t>(hints.begin() + 5, hints.begin() + 9),
+                ElementsAre(70U, 60U, 70U, 60U));
 }
 
 TEST_F(CX11WindowTest, TellsItsOpacity)
 {
     CRecordingSink sink;
-    const auto window = platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
+    const auto window =
+        platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
     window->SetOpacity(0.5F);
     Settle();
     EXPECT_THAT(ReadNumbers(*window, "_NET_WM_WINDOW_OPACITY"), ElementsAre(0x80000000U));
@@ -456,7 +460,8 @@ TEST_F(CX11WindowTest, TellsItsOpacity)
 TEST_F(CX11WindowTest, BlendsWhereSomebodyDoes)
 {
     CRecordingSink sink;
-    const auto window = platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
+    const auto window =
+        platform->CreateNativeWindow(Options(ENativeWindowKind::TopLevel, {0, 0, 50, 40}), sink);
     const xcb_window_t compositor = probe->ShowWindow(0, 0, 1, 1);
     xcb_set_selection_owner(probe->Get(), compositor, probe->GetAtom("_NET_WM_CM_S0"), XCB_CURRENT_TIME);
     probe->Sync();
