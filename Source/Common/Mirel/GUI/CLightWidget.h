@@ -26,8 +26,8 @@ class ILightWidgetHost;
 /// tree lives in a host (CLightWidgetAdapter), which paints it and feeds it input.
 ///
 /// Children are not owned; a widget that is destroyed leaves its parent and lets its children go. Positions
-/// are pixels in the parent, the size is that of the graphics. GUI thread only. Listeners and handlers may
-/// change the tree, and destroy widgets, whenever they are called.
+/// are pixels in the parent, the size is that of the graphics. GUI thread only. Handlers of input may change
+/// the tree and destroy any widget; so may listeners of a widget's events, except for that widget.
 class CLightWidget : public virtual Layout::ILayoutContent, public virtual Core::IEnable
 {
 public:
@@ -178,10 +178,15 @@ public:
     /// For the host of which this is the root; null when it lets go.
     void SetHost(ILightWidgetHost* newHost);
 
+    /// Of the tree; null if it has none.
+    ILightWidgetHost* GetHost() const;
+
+    /// For code that calls out to handlers.
+    const Core::CLifeToken& GetLifeToken() const { return life; }
+
 private:
     CRect GetArea() const { return {CPoint(), GetSize()}; }
     CRect GetFrame() const { return {position, GetSize()}; }
-    ILightWidgetHost* GetHost() const;
     void MarkDirty();
     void InvalidateAround(const CRect& rect);
     CRect WithoutCovered(CRect rect, const CLightWidget& child) const;

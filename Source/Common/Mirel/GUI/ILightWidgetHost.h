@@ -36,7 +36,6 @@ public:
 
     /// Keys go to the widget from now on; null for none.
     virtual void SetLightFocus(CLightWidget* widget) = 0;
-    virtual bool HasLightFocus(const CLightWidget& widget) const = 0;
 
     /// Sends mouse events to the widget until ReleaseLightMouse or the release of the last button. False if
     /// another widget holds the mouse.
