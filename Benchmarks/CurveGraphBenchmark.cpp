@@ -1,6 +1,6 @@
-// What a paint of a 1000 x 250 graph of one second costs, in each form that the graph has, beside a plain fill of
-// one column a pixel from the lowest to the highest of its samples, which is the least that such a picture takes.
-// At 50 paints a second, 200 microseconds are one hundredth of a core.
+// What a paint of a 1000 x 250 graph of one second costs, in each form that the graph has, beside a plain
+// fill of one column a pixel from the lowest to the highest of its samples, which is the least that such a
+// picture takes. At 50 paints a second, 200 microseconds are one hundredth of a core.
 
 #include "Mirel/Core/Interpolators.h"
 #include "Mirel/Core/TLookupTable.h"

@@ -285,7 +285,8 @@ bool CCurveGraphics::HitTest(Graphics::CPoint point) const
     const int pixel = toPixel(value);
     if (graphStyle == GraphStyleBargraph)
     {
-        return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1 : tested > pixel - 1;
+        return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1
+                                                                       : tested > pixel - 1;
     }
     return pixel - 2 <= tested && tested < pixel + 2;
 }
@@ -354,8 +355,8 @@ void CCurveGraphics::SetProperty(T& property, T value)
 
 bool CCurveGraphics::GetSteps(CCurveSteps& steps) const
 {
-    return GetCurveSteps(GetSize(), viewer.IsVertical(), viewer.GetXViewer().GetVisiblePositions(), sampleRate,
-                         steps);
+    return GetCurveSteps(GetSize(), viewer.IsVertical(), viewer.GetXViewer().GetVisiblePositions(),
+                         sampleRate, steps);
 }
 
 bool CCurveGraphics::DrawsMinMax(const CCurveSteps& steps) const

@@ -291,13 +291,13 @@ RC_GTEST_PROP(CurvePaths, PaintTouchesThePixelsOfItsLinesAndNoOthers, ())
     const bool minMax =
         mode == 2 && !drawn.form.vertical &&
         static_cast<int>(AsFloat(drawn.form.width) * drawn.rate + 0.5F) > 2 * drawn.form.width;
-    const Points lines = mode == 1  ? ExpectedBars(drawn)
-                         : minMax ? ExpectedMinMax(drawn)
-                                  : ExpectedCurve(drawn);
+    const Points lines = mode == 1 ? ExpectedBars(drawn)
+                         : minMax  ? ExpectedMinMax(drawn)
+                                   : ExpectedCurve(drawn);
     CCanvas canvas(drawn.form.width, drawn.form.height);
     graph.graphics.Draw(*canvas, nullptr);
-    // A line one pixel wide covers a good part of each pixel whose centre is nearer than a quarter of a pixel,
-    // between its ends, and nothing of one that is farther than half a pixel and half a diagonal.
+    // A line one pixel wide covers a good part of each pixel whose centre is nearer than a quarter of a
+    // pixel, between its ends, and nothing of one that is farther than half a pixel and half a diagonal.
     for (int y = 0; y < drawn.form.height; ++y)
     {
         for (int x = 0; x < drawn.form.width; ++x)
@@ -341,8 +341,7 @@ TEST(CurvePaths, MinMaxKeepsTheFirstOfEqualExtremes)
 
 TEST(CurvePaths, MinMaxPassesOverSamplesThatAreNoNumbers)
 {
-    CUnitCurve curve([](float x)
-                     { return static_cast<int>(x * 36.0F + 0.5F) % 2 == 0 ? std::nanf("") : x; });
+    CUnitCurve curve([](float x) { return static_cast<int>(x * 36.0F + 0.5F) % 2 == 0 ? std::nanf("") : x; });
     const CCurveViewer viewer(curve);
     CCurveGraphics graphics(viewer);
     graphics.SetSize({10, 50});
