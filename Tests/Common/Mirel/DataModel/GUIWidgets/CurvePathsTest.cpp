@@ -175,7 +175,8 @@ Points ExpectedBars(const CCase& drawn)
     {
         return lines;
     }
-    for (float x = 0.0F; AsFloat(drawn.form.Length()) > x; x += 1.0F / drawn.rate)
+    float x = 0.0F;
+    while (AsFloat(drawn.form.Length()) > x)
     {
         const float at = drawn.form.antiAlias ? x : AsFloat(Rounded(x));
         const CPointF base = drawn.form.At(at, 0.0F);
@@ -183,6 +184,7 @@ Points ExpectedBars(const CCase& drawn)
         const bool meet = Equal({base}, {top});
         lines.push_back(meet ? CPointF{top.x + 0.5F, top.y} : base);
         lines.push_back(top);
+        x += 1.0F / drawn.rate;
     }
     return lines;
 }
@@ -196,7 +198,8 @@ Points ExpectedMinMax(const CCase& drawn)
     const float step = 1.0F / drawn.rate;
     std::vector<std::pair<float, float>> column; // positions and values
     float previous = 0.0F;
-    for (float x = 0.0F; AsFloat(form.width) > x; x += step)
+    float x = 0.0F;
+    while (AsFloat(form.width) > x)
     {
         const float value = drawn.function(x / AsFloat(form.width - 1));
         if (!column.empty() && Rounded(x) != Rounded(column.front().first))
@@ -212,6 +215,7 @@ Points ExpectedMinMax(const CCase& drawn)
         }
         column.emplace_back(x, value);
         previous = value;
+        x += step;
     }
     return lines;
 }
