@@ -1,5 +1,7 @@
 #include "Common/Mirel/DataModel/Controls/AxisInfos.h"
 #include "Common/Mirel/Graphics/Changes.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamKnob.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobGraphics.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobKeyboardControl.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobMouseControl.h"
@@ -310,4 +312,51 @@ TEST(CParamKnobGraphics, OnlyAnotherFrameIsTold)
     knob.param.SetValue(0.56F);
     EXPECT_EQ(changes.areas.size(), 1U);
     EXPECT_EQ(graphics.GetFrame(), 6);
+}
+
+TEST(CGUIImageParamKnob, StateOfThePictureFollowsTheWidget)
+{
+    CKnob knob;
+    CGUIImageParamKnob widget(knob.param, new Graphics::CImageCatalog(), true, 11,
+                              Graphics::CMultiFilmStripDrawer::EOrientation::Vertical);
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 0);
+    widget.Enable(false);
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 1);
+    widget.Enable(true);
+    widget.GetInnerMouseTarget().OnMouseEnter(At(1, 1));
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 2);
+    widget.GetMouseControl().OnLeftDown(At(1, 1));
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 4);
+    widget.GetMouseControl().OnLeftUp(At(1, 1));
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 2);
+    widget.GetInnerMouseTarget().OnMouseLeave(At(1, 1));
+    EXPECT_EQ(widget.GetKnobGraphics().GetState(), 0);
+}
+
+TEST(CGUIImageParamKnob, KnobThatGoesWhileItIsTurnedEndsTheGesture)
+{
+    CKnob knob;
+    Tests::CEventCounter released(knob.param.GetEndCaptureEventProvider());
+    {
+        CGUIImageParamKnob widget(knob.param, new Graphics::CImageCatalog(), true, 11,
+                                  Graphics::CMultiFilmStripDrawer::EOrientation::Vertical);
+        widget.SetPixelRange(50.0F);
+        widget.GetMouseControl().OnLeftDown(At(0, 10));
+        widget.GetMouseControl().OnMouseDrag(At(0, 5));
+        EXPECT_NEAR(knob.param.GetValue(), 0.6F, 1e-6F);
+        EXPECT_EQ(released.Take(), 0);
+    }
+    EXPECT_EQ(released.Take(), 1);
+    knob.param.SetValue(0.1F); // this would reach freed memory
+}
+
+TEST(CGUIImageParamMeter, FollowsTheParameterAndTakesNoInput)
+{
+    CKnob knob;
+    CGUIImageParamMeter widget(knob.param, new Graphics::CImageCatalog(), true, 101,
+                               Graphics::CMultiFilmStripDrawer::EOrientation::Horizontal);
+    knob.param.SetValue(0.73F);
+    EXPECT_EQ(widget.GetMeterGraphics().GetFrame(), 73);
+    EXPECT_EQ(widget.GetMouseTarget(), nullptr);
+    EXPECT_EQ(widget.GetKeyboardTarget(), nullptr);
 }
