@@ -133,6 +133,11 @@ void CDrawSurface::DrawPointsF(const CPointF* points, int count)
     StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
+void CDrawSurface::DrawLinesF(const CPointF* ends, int count)
+{
+    StrokeAll(count / 2, [&](int i) { return Between(ends[2 * i], ends[2 * i + 1]); });
+}
+
 void CDrawSurface::FillRect(const CRect& rect)
 {
     if (context == nullptr)
@@ -155,6 +160,25 @@ void CDrawSurface::Translate(CPoint delta)
     {
         cairo_translate(context, delta.x, delta.y);
     }
+}
+
+void CDrawSurface::Scale(double factor)
+{
+    if (context != nullptr)
+    {
+        cairo_scale(context, factor, factor);
+    }
+}
+
+double CDrawSurface::GetScale() const
+{
+    if (context == nullptr)
+    {
+        return 1.0;
+    }
+    cairo_matrix_t matrix = {};
+    cairo_get_matrix(context, &matrix);
+    return matrix.xx;
 }
 
 CPoint CDrawSurface::GetTranslation() const

@@ -63,6 +63,10 @@ public:
     virtual void DrawPointF(CPointF point);
     virtual void DrawPointsF(const CPointF* points, int count);
 
+    /// Separate lines, from each point of even index to the one after it: DrawLineF for each two, and the
+    /// cheap way to draw the bars of a graph.
+    virtual void DrawLinesF(const CPointF* ends, int count);
+
     virtual void SetFillColor(CColor color) { state.fill = color; }
     virtual void FillRect(const CRect& rect);
 
@@ -110,6 +114,12 @@ public:
     virtual bool GetTextNoClip() const { return textNoClip; }
 
     virtual void Translate(CPoint delta);
+
+    /// Makes a whole coordinate as many pixels as the factor says, from the present origin.
+    virtual void Scale(double factor);
+
+    /// Pixels under a whole coordinate across; 1.0 without a context.
+    virtual double GetScale() const;
 
     /// Where (0, 0) lies, from the top left of the whole surface: each coordinate plus 0.5 without its
     /// fraction, so what lies left or above comes out one pixel too far right or down.
