@@ -37,6 +37,17 @@ private:
     int* count;
 };
 
+/// The pattern with the number in the place of each "@".
+std::string Numbered(std::string pattern, int number)
+{
+    const std::string text = std::to_string(number);
+    for (std::size_t at = pattern.find('@'); at != std::string::npos; at = pattern.find('@', at))
+    {
+        pattern.replace(at, 1, text);
+    }
+    return pattern;
+}
+
 /// Rows of knobs with their captions, as skins have them.
 std::string MakeSkin(std::size_t bytes, int& elements)
 {
@@ -44,12 +55,12 @@ std::string MakeSkin(std::size_t bytes, int& elements)
     elements = 2;
     for (int i = 0; skin.size() < bytes; ++i)
     {
-        const std::string number = std::to_string(i);
-        skin += "  <ROW id='row" + number + "' h_align='center'>\n";
-        skin += "    <KNOB id='knob" + number + "' param_id='dsp.input" + number +
-                "' width='$size$' height='$size$' image='images/knob.png'/>\n";
-        skin += "    <TEXT string_id='dsp.input" + number +
-                ".text' text_color='#A0B0C0' font_size='11'/>\n  </ROW>\n";
+        skin += Numbered("  <ROW id='row@' h_align='center'>\n"
+                         "    <KNOB id='knob@' param_id='dsp.input@' width='$size$' height='$size$' "
+                         "image='images/knob.png'/>\n"
+                         "    <TEXT string_id='dsp.input@.text' text_color='#A0B0C0' font_size='11'/>\n"
+                         "  </ROW>\n",
+                         i);
         elements += 3;
     }
     return skin + "</SKIN>\n";
@@ -102,9 +113,8 @@ void TemplateUses(benchmark::State& state)
         "<TEMPLATE_INNER_CONTENT/></ROW></TEMPLATE>";
     for (int i = 0; i < uses; ++i)
     {
-        const std::string number = std::to_string(i);
-        written += "<ROW id='row" + number + "'><KNOB id='knob" + number + "' width='48'/><TEXT/></ROW>";
-        templated += "<K n='" + number + "'><TEXT/></K>";
+        written += Numbered("<ROW id='row@'><KNOB id='knob@' width='48'/><TEXT/></ROW>", i);
+        templated += Numbered("<K n='@'><TEXT/></K>", i);
     }
     folder.Write("written.xml", written + "</SKIN>");
     folder.Write("templated.xml", templated + "</SKIN>");
