@@ -55,7 +55,7 @@ CX11Window::CX11Window(CX11Platform& platform_, const SNativeWindowOptions& opti
     {
         WriteTitle(connection, id, options.title);
         const NativeWindowId owner = options.owner != nullptr ? options.owner->GetId() : options.foreignOwner;
-        WriteOwner(connection, id, static_cast<xcb_window_t>(owner));
+        WriteOwner(connection, id, FindTopLevel(connection, static_cast<xcb_window_t>(owner)));
         WriteHints();
     }
     SetCursor(ECursorShape::Normal);
@@ -103,6 +103,12 @@ bool CX11Window::Create(const SNativeWindowOptions& options)
     return error == nullptr && !connection.IsLost();
 }
 
+NativeWindowId CX11Window::GetTopLevelId() const
+{
+    const CX11Scope scope(connection);
+    return FindTopLevel(connection, id);
+}
+
 void CX11Window::Show(bool show)
 {
     if (id == XCB_NONE || show == shown)
@@ -110,12 +116,22 @@ void CX11Window::Show(bool show)
         return;
     }
     shown = show;
-    const CX11Scope scope(connection);
-    if (!show)
+    if (show)
     {
-        Withdraw();
+        Map();
         return;
     }
+    const bool wasCapturing = platform.GetGrabs().IsCapturing(id);
+    Withdraw();
+    if (wasCapturing)
+    {
+        sink.OnCaptureLost();
+    }
+}
+
+void CX11Window::Map()
+{
+    const CX11Scope scope(connection);
     if (kind != ENativeWindowKind::Child)
     {
         Raise();
@@ -129,8 +145,9 @@ void CX11Window::Show(bool show)
 
 void CX11Window::Withdraw()
 {
+    const CX11Scope scope(connection);
     platform.GetGrabs().RemoveMenu(id);
-    const bool wasCapturing = platform.GetGrabs().Release(id);
+    platform.GetGrabs().Release(id);
     xcb_unmap_window(connection.Get(), id);
     if (IsTop())
     {
@@ -142,10 +159,6 @@ void CX11Window::Withdraw()
         xcb_send_event(connection.Get(), 0, connection.GetRoot(),
                        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                        reinterpret_cast<const char*>(&message)); // NOLINT: the protocol's bytes
-    }
-    if (wasCapturing)
-    {
-        sink.OnCaptureLost();
     }
 }
 
@@ -172,13 +185,12 @@ void CX11Window::SetPosition(CPoint position_)
     }
     position = position_;
     isPlaced = true;
-    const CX11Scope scope(connection);
-    if (IsTop())
     {
+        const CX11Scope scope(connection);
         WriteHints();
+        const std::array<std::uint32_t, 2> values = {AsValue(position.x), AsValue(position.y)};
+        Configure(XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }
-    const std::array<std::uint32_t, 2> values = {AsValue(position.x), AsValue(position.y)};
-    Configure(XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     sink.OnMoved(position);
 }
 
@@ -202,14 +214,16 @@ void CX11Window::SetSize(CSize size_)
     {
         return;
     }
-    const CX11Scope scope(connection);
-    const std::array<std::uint32_t, 2> values = {AsValue(wanted.width), AsValue(wanted.height)};
     ChangeSize(wanted);
-    if (!isResizable)
     {
-        WriteHints();
+        const CX11Scope scope(connection);
+        if (!isResizable)
+        {
+            WriteHints();
+        }
+        const std::array<std::uint32_t, 2> values = {AsValue(wanted.width), AsValue(wanted.height)};
+        Configure(XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
     }
-    Configure(XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
     sink.OnResized(size);
 }
 
@@ -260,7 +274,8 @@ void CX11Window::SetOwner(const INativeWindow* owner)
     if (id != XCB_NONE)
     {
         const CX11Scope scope(connection);
-        WriteOwner(connection, id, owner != nullptr ? static_cast<xcb_window_t>(owner->GetId()) : XCB_NONE);
+        WriteOwner(connection, id,
+                   owner != nullptr ? static_cast<xcb_window_t>(owner->GetTopLevelId()) : XCB_NONE);
     }
 }
 

@@ -411,6 +411,27 @@ TEST_F(CX11WindowTest, DialogIsModalAndInFrontOfItsOwner)
                 ElementsAre(static_cast<std::uint32_t>(options.foreignOwner)));
 }
 
+TEST_F(CX11WindowTest, DialogOfAnEmbeddedWindowIsInFrontOfTheHostsWindow)
+{
+    const xcb_window_t frame = probe->ShowWindow(100, 100, 300, 300);
+    const xcb_window_t host = probe->ShowWindow(0, 0, 300, 300, false, frame);
+    const xcb_window_t inner = probe->ShowWindow(0, 0, 200, 200, false, host);
+    CRecordingSink sink;
+    const auto child = platform->CreateNativeWindow(ChildOptions(inner, {0, 0, 100, 100}), sink);
+    EXPECT_EQ(child->GetTopLevelId(), frame) << "nobody manages windows";
+    const std::uint32_t normal[] = {1, 0};
+    const xcb_atom_t state = probe->GetAtom("WM_STATE");
+    xcb_change_property(probe->Get(), XCB_PROP_MODE_REPLACE, host, state, state, 32, 2, normal);
+    probe->Sync();
+    EXPECT_EQ(child->GetTopLevelId(), host) << "the window manager's frame is not the window";
+    SNativeWindowOptions options = Options(ENativeWindowKind::Dialog, {0, 0, 50, 50});
+    options.owner = child.get();
+    const auto dialog = platform->CreateNativeWindow(options, sink);
+    Settle();
+    EXPECT_THAT(ReadNumbers(*dialog, "WM_TRANSIENT_FOR"), ElementsAre(host));
+    EXPECT_EQ(dialog->GetTopLevelId(), dialog->GetId());
+}
+
 TEST_F(CX11WindowTest, TellsTheSizesThatTheUserMayChoose)
 {
     // Words of WM_NORMAL_HINTS: 0 flags, 5 and 6 smallest, 7 and 8 largest; flag 16 smallest, 32 largest.
