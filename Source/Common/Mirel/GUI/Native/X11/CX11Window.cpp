@@ -58,7 +58,7 @@ CX11Window::CX11Window(CX11Platform& platform_, const SNativeWindowOptions& opti
         WriteOwner(connection, id, FindTopLevel(connection, static_cast<xcb_window_t>(owner)));
         WriteHints();
     }
-    SetCursor(ECursorShape::Normal);
+    CX11Window::SetCursor(ECursorShape::Normal);
 }
 
 CX11Window::~CX11Window()

@@ -91,7 +91,10 @@ public:
     {
         const std::string bytes = probe->ReadProperty(static_cast<xcb_window_t>(window.GetId()), name);
         std::vector<std::uint32_t> numbers(bytes.size() / 4);
-        std::memcpy(numbers.data(), bytes.data(), numbers.size() * 4);
+        if (!numbers.empty())
+        {
+            std::memcpy(numbers.data(), bytes.data(), numbers.size() * 4);
+        }
         return numbers;
     }
 
