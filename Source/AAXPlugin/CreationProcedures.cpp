@@ -1,5 +1,6 @@
 #include "AAXPlugin/CreationProcedures.h"
 
+#include "AAXPlugin/CAAXPluginGUI.h"
 #include "AAXPlugin/CAAXPluginParameters.h"
 #include "AAXPlugin/ModuleFile.h"
 
@@ -20,7 +21,14 @@ IACFUnknown* CreateEffectParameters()
 
 IACFUnknown* CreateGui()
 {
-    return nullptr;
+    try
+    {
+        return static_cast<AAX_IEffectGUI*>(new CAAXPluginGUI);
+    }
+    catch (...)
+    {
+        return nullptr;
+    }
 }
 
 } // namespace MirelExt::AAXPlugin

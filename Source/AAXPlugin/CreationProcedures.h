@@ -10,7 +10,7 @@ namespace MirelExt::AAXPlugin
 /// A CAAXPluginParameters; null if it cannot be made.
 IACFUnknown* CreateEffectParameters();
 
-/// Null: the module has no editor.
+/// A CAAXPluginGUI; null if it cannot be made.
 IACFUnknown* CreateGui();
 
 } // namespace MirelExt::AAXPlugin

@@ -2,6 +2,7 @@
 
 #include "AAXPlugin/CInProcessPlugin.h"
 #include "AAXPlugin/CreationProcedures.h"
+#include "AAXPlugin/Interface/AAX_IEffectGUI.h"
 #include "AAXPlugin/Interface/IAAXHost.h"
 #include "AAXPlugin/Interface/QueryFor.h"
 
@@ -266,11 +267,12 @@ TEST(CAAXPluginParameters, RefusalOfTheControllerIsTheResult)
     }
 }
 
-TEST(CreationProcedures, MakeParametersAndNoEditor)
+TEST(CreationProcedures, MakeParametersAndEditors)
 {
     const auto made = TACFReference<IACFUnknown>::Adopt(CreateEffectParameters());
     EXPECT_TRUE(QueryFor<AAX_IEffectParameters>(made.Get()));
-    EXPECT_EQ(CreateGui(), nullptr);
+    const auto gui = TACFReference<IACFUnknown>::Adopt(CreateGui());
+    EXPECT_TRUE(QueryFor<AAX_IEffectGUI>(gui.Get()));
 }
 
 TEST(CAAXPluginParameters, InstanceIsALiveObjectUntilItsLastReference)

@@ -3,6 +3,7 @@
 #include "AAXPlugin/Interface/ACFInterfaceId.h"
 
 class IACFUnknown;
+class AAX_IEffectGUI;
 class AAX_IEffectParameters;
 class IAAXAutomationDelegate;
 class IAAXCollection;
@@ -13,6 +14,8 @@ class IAAXHost;
 class IAAXMidiNode;
 class IAAXPluginDefinition;
 class IAAXPropertyMap;
+class IAAXViewContainer;
+class IEditorTools;
 class IPublishedCurves;
 
 /// The identifier of interface T. All identifiers stand here and nowhere else.
@@ -22,6 +25,10 @@ inline constexpr ACFInterfaceId InterfaceIdOf = T::DeclareItsIdentifierHere;
 template <>
 inline constexpr ACFInterfaceId InterfaceIdOf<IACFUnknown> = {
     {0xE5, 0x78, 0x07, 0x8F, 0x30, 0x8C, 0x44, 0x4A, 0x95, 0x37, 0x8C, 0xDE, 0x1D, 0x9B, 0xEC, 0x08}};
+
+template <>
+inline constexpr ACFInterfaceId InterfaceIdOf<AAX_IEffectGUI> = {
+    {0x0D, 0xF9, 0xFF, 0x8C, 0x5A, 0x97, 0x40, 0x25, 0x91, 0xEB, 0x52, 0xBF, 0x9B, 0xAD, 0xF8, 0x97}};
 
 template <>
 inline constexpr ACFInterfaceId InterfaceIdOf<AAX_IEffectParameters> = {
@@ -62,6 +69,14 @@ inline constexpr ACFInterfaceId InterfaceIdOf<IAAXPluginDefinition> = {
 template <>
 inline constexpr ACFInterfaceId InterfaceIdOf<IAAXPropertyMap> = {
     {0x10, 0xB0, 0x4D, 0xB0, 0x4E, 0xC1, 0x46, 0x41, 0xA2, 0x11, 0x9A, 0xC0, 0xD9, 0x94, 0xB7, 0xAF}};
+
+template <>
+inline constexpr ACFInterfaceId InterfaceIdOf<IAAXViewContainer> = {
+    {0x08, 0x23, 0x95, 0x56, 0xA5, 0x68, 0x42, 0x99, 0x9C, 0x27, 0x0D, 0x59, 0x29, 0x7E, 0x17, 0x50}};
+
+template <>
+inline constexpr ACFInterfaceId InterfaceIdOf<IEditorTools> = {
+    {0x01, 0x1D, 0xE7, 0xE0, 0xA6, 0x0F, 0x40, 0x82, 0xBC, 0x6C, 0x2B, 0x4C, 0x38, 0xBF, 0x46, 0x1C}};
 
 template <>
 inline constexpr ACFInterfaceId InterfaceIdOf<IPublishedCurves> = {

@@ -7,6 +7,7 @@
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CAudioPluginModel.h"
 #include "Mirel/Audio/Plugin/CBypassProcessor.h"
+#include "Mirel/Audio/Plugin/CEditorHolder.h"
 #include "Mirel/Audio/Plugin/CMIDICCMessage.h"
 #include "Mirel/Audio/Plugin/CMIDIInputMapping.h"
 #include "Mirel/Audio/Plugin/CMIDIOutputMapping.h"
@@ -135,6 +136,9 @@ public:
     /// The key "GUI" of the state: an editor attaches itself while it is open.
     CAttachedState& GetEditorState() { return editorState; }
 
+    /// The editor, while the host has it open. GUI thread.
+    CEditorHolder& GetEditor() { return editor; }
+
 private:
     void ApplyRefreshRate();
     void MakePresets();
@@ -174,6 +178,7 @@ private:
 
     Core::TCommand<CAudioPluginInternalsBase> applyRefreshRate;
     CoreUtilities::CCallbackHelper refreshRateConnection;
+    CEditorHolder editor; ///< Last, so that an editor left open goes before what it shows.
 };
 
 } // namespace Mirel::Audio::Plugin
