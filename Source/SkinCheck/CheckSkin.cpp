@@ -90,7 +90,7 @@ void BuildModel(const SCheckOptions& options, SCheckResult& result)
     }
     parser.SetElementListener(nullptr);
     result.log.SetParser(nullptr);
-    model.SetLog(nullptr);
+    model.GetObjects().SetLog(nullptr);
     result.elements = elements.GetElements();
     result.objects = DescribeObjects(model);
     Mirel::Serialization::CXmlDataObject document("model");
