@@ -44,8 +44,8 @@ void CMenuPanel::Select(int item)
     if (item != CMenuLayout::none && CanScroll())
     {
         const CRect rect = layout.GetItemRect(item);
-        const int lowest = rect.y - arrowStrip;
-        const int highest = rect.y + rect.height + arrowStrip - GetSkinSize().height;
+        const int lowest = rect.y;
+        const int highest = rect.y + rect.height + 2 * arrowStrip - GetSkinSize().height;
         ScrollTo(std::clamp(scroll, std::min(highest, lowest), lowest));
     }
     Invalidate();
@@ -55,7 +55,7 @@ CRect CMenuPanel::GetItemFrame(int item) const
 {
     const CRect rect = layout.GetItemRect(item);
     const int factor = GetScale();
-    return {GetFrame().x + rect.x * factor, GetFrame().y + (rect.y - scroll) * factor, rect.width * factor,
+    return {GetFrame().x + rect.x * factor, GetFrame().y + (rect.y + GetContentTop()) * factor, rect.width * factor,
             rect.height * factor};
 }
 
@@ -99,12 +99,19 @@ int CMenuPanel::FindItem(CPoint devicePosition) const
     const int strip = CanScroll() ? arrowStrip : 0;
     const bool isInside =
         place.x >= 0 && place.x < size.width && place.y >= strip && place.y < size.height - strip;
-    return isInside ? layout.Find(place.y + scroll) : CMenuLayout::none;
+    return isInside ? layout.Find(place.y - GetContentTop()) : CMenuLayout::none;
 }
 
 int CMenuPanel::GetLargestScroll() const
 {
-    return std::max(layout.GetSize().height - GetSkinSize().height, 0);
+    const int missing = layout.GetSize().height - GetSkinSize().height;
+    return missing > 0 ? missing + 2 * arrowStrip : 0;
+}
+
+/// Where the first item's margin begins, in the window.
+int CMenuPanel::GetContentTop() const
+{
+    return CanScroll() ? arrowStrip - scroll : 0;
 }
 
 void CMenuPanel::ScrollTo(int newScroll)
@@ -173,7 +180,7 @@ void CMenuPanel::DrawItem(Graphics::CDrawSurface& surface, int index) const
 {
     const SMenuItem& item = layout.GetItem(index);
     CRect rect = layout.GetItemRect(index);
-    rect.y -= scroll;
+    rect.y += GetContentTop();
     if (item.isSeparator)
     {
         surface.SetFillColor(look.border);

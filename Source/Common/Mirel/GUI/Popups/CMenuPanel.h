@@ -68,6 +68,7 @@ private:
 
     int FindItem(CPoint devicePosition) const;
     int GetLargestScroll() const;
+    int GetContentTop() const;
     void ScrollTo(int newScroll);
     void UpdateScrolling(CPoint skinPosition);
     void StopScrolling();

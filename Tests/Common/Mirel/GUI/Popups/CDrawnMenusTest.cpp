@@ -320,7 +320,6 @@ TEST_F(CDrawnMenusTest, WidgetThatOpenedTheMenuByAPressHearsThatItIsOver)
     rig.platform.MovePointer(PlaceOf(0, undo));
     rig.platform.ReleaseButton(EMouseButton::Left);
     EXPECT_EQ(TakeScript(), "Undo closed ");
-    mouse.clear();
     rig.platform.MovePointer({1100, 1200});
     EXPECT_NE(mouse.find("w.lost"), std::string::npos) << mouse;
     rig.window->SetContent(nullptr, false);
