@@ -1,15 +1,20 @@
-// What a trace costs on screen: DrawPolylineF of one point a pixel column beside the same lines stroked one
-// by one by the drawing library, and beside a clearing of the bitmap, which every paint pays anyway. And what
-// an image costs: a frame of a strip beside the bare copy of its rows.
+// What a frame with two traces costs: a fill, and polylines of one point a pixel column or of the least and
+// greatest value of each. Beside it the same lines stroked one by one by the drawing library, and as a floor
+// the same fill with one upright run of pixels a column. How far the two pictures are apart is told along.
+// Then what an image costs: a frame of a strip beside the bare copy of its rows. And what a label costs,
+// drawn and measured, beside a layout of the text library made for each.
 
 #include "Mirel/Graphics/CDIBBitmap.h"
 #include "Mirel/Graphics/CDrawSurface.h"
 #include "Support/Contest.h"
+#include "TraceFrames.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cmath>
+#include <cairo.h>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -18,41 +23,105 @@ using namespace Mirel::Graphics;
 namespace
 {
 
-constexpr int width = 1200;
-constexpr int height = 400;
+constexpr int width = 1000;
+constexpr int height = 600;
+constexpr CColor ground = {20, 24, 32};
+constexpr CColor pen = {90, 220, 120};
 
-/// periods over the width; the more, the longer the lines.
-std::vector<CPointF> Trace(double periods)
+/// Where the two traces begin.
+constexpr int traceTops[] = {20, 320};
+
+void FillGround(CDrawSurface& surface)
 {
-    constexpr double turn = 6.283185307179586;
-    std::vector<CPointF> points;
-    for (int x = 0; x < width; ++x)
-    {
-        const double y = height / 2.0 * (1.0 - 0.9 * std::sin(turn * periods * x / width));
-        points.push_back({static_cast<float>(x), static_cast<float>(y)});
-    }
-    return points;
+    surface.SetFillColor(ground);
+    surface.FillRect({0, 0, width, height});
 }
 
-void Polyline(benchmark::State& state)
+void PaintOurs(CDrawSurface& surface, const Benchmarks::CTrace& trace)
 {
-    const std::vector<CPointF> points = Trace(static_cast<double>(state.range(0)));
-    CDIBBitmap bitmap(32, {width, height});
-    const auto surface = bitmap.CreateSurface();
-    surface->SetPenColor({90, 220, 120});
+    FillGround(surface);
+    surface.SetPenColor(pen);
+    for (const int top : traceTops)
+    {
+        surface.Translate({0, top});
+        surface.DrawPolylineF(trace.points.data(), static_cast<int>(trace.points.size()));
+        surface.Translate({0, -top});
+    }
+}
 
-    Benchmarks::CContest contest(state, width);
-    contest.Add("polyline", [&] { surface->DrawPolylineF(points.data(), width); });
-    contest.Add("library",
-                [&]
-                {
-                    for (std::size_t i = 1; i < points.size(); ++i)
-                    {
-                        surface->DrawLineF(points[i - 1], points[i]);
-                    }
-                });
-    contest.Add("clear", [&] { bitmap.Clear(); });
+void PaintByLibrary(CDrawSurface& surface, const Benchmarks::CTrace& trace)
+{
+    FillGround(surface);
+    cairo_t* context = surface.GetNativeContext();
+    cairo_set_source_rgb(context, ToUnit(pen.r), ToUnit(pen.g), ToUnit(pen.b));
+    for (const int top : traceTops)
+    {
+        for (std::size_t i = 1; i < trace.points.size(); ++i)
+        {
+            const CPointF a = trace.points[i - 1];
+            const CPointF b = trace.points[i];
+            cairo_move_to(context, static_cast<double>(a.x) + 0.5, static_cast<double>(a.y) + 0.5 + top);
+            cairo_line_to(context, static_cast<double>(b.x) + 0.5, static_cast<double>(b.y) + 0.5 + top);
+            cairo_stroke(context);
+        }
+    }
+}
+
+void PaintFloor(CDIBBitmap& bitmap, CDrawSurface& surface, const Benchmarks::CTrace& trace)
+{
+    FillGround(surface);
+    const std::uint32_t pixel = 0xff000000U | pen.Pack();
+    for (const int top : traceTops)
+    {
+        for (int x = 0; x < width; ++x)
+        {
+            const auto column = static_cast<std::size_t>(x);
+            // Without values in between, the run reaches to the one before.
+            const int before = trace.lowest[column == 0 ? 0 : column - 1];
+            const int from = std::min(trace.highest[column], before);
+            const int to = std::max(trace.lowest[column], before);
+            std::uint8_t* at = bitmap.GetData() + (std::int64_t{from + top} * width + x) * 4;
+            for (int y = from; y <= to; ++y, at += std::ptrdiff_t{width} * 4)
+            {
+                std::memcpy(at, &pixel, sizeof(pixel));
+            }
+        }
+    }
+}
+
+/// The greatest and the mean difference of the bytes of two pictures.
+void TellDifference(benchmark::State& state, const CDIBBitmap& a, const CDIBBitmap& b)
+{
+    int greatest = 0;
+    double sum = 0.0;
+    constexpr int bytes = width * height * 4;
+    for (int i = 0; i < bytes; ++i)
+    {
+        const int difference = std::abs(int{a.GetData()[i]} - int{b.GetData()[i]});
+        greatest = std::max(greatest, difference);
+        sum += difference;
+    }
+    state.counters["greatest difference"] = greatest;
+    state.counters["mean difference"] = sum / bytes;
+}
+
+void TraceFrame(benchmark::State& state)
+{
+    const Benchmarks::CTrace trace =
+        Benchmarks::MakeTrace(static_cast<Benchmarks::ESignal>(state.range(0)), state.range(1) != 0);
+    CDIBBitmap ours(32, {width, height});
+    CDIBBitmap theirs(32, {width, height});
+    CDIBBitmap floor(32, {width, height});
+    const auto ourSurface = ours.CreateSurface();
+    const auto theirSurface = theirs.CreateSurface();
+    const auto floorSurface = floor.CreateSurface();
+
+    Benchmarks::CContest contest(state, 1.0);
+    contest.Add("frame", [&] { PaintOurs(*ourSurface, trace); });
+    contest.Add("library", [&] { PaintByLibrary(*theirSurface, trace); });
+    contest.Add("floor", [&] { PaintFloor(floor, *floorSurface, trace); });
     contest.Run();
+    TellDifference(state, ours, theirs);
 }
 
 void Frame(benchmark::State& state)
@@ -81,8 +150,11 @@ void Frame(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(Polyline)->ArgName("periods")->Arg(1)->Arg(5)->Arg(50)->UseManualTime()->Unit(
-    benchmark::kMicrosecond);
+BENCHMARK(TraceFrame)
+    ->ArgNames({"signal", "minMax"})
+    ->ArgsProduct({{0, 1, 2}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame)->ArgName("side")->Arg(32)->Arg(128)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();

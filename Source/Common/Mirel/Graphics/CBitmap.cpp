@@ -9,7 +9,13 @@ namespace Mirel::Graphics
 CSize CBitmap::GetSize() const
 {
     const CBitmapContext* context = GetContext();
-    return context == nullptr ? CSize() : context->GetSize();
+    return context == nullptr ? CSize() : context->GetScaledSize();
+}
+
+int CBitmap::GetDeviceScale() const
+{
+    const CBitmapContext* context = GetContext();
+    return context == nullptr ? 1 : context->GetScale();
 }
 
 int CBitmap::GetDepth() const
@@ -73,7 +79,7 @@ void CBitmap::SetSize(CSize size)
     const CSize effective = size.IsEmpty() ? CSize() : size;
     if (effective != GetSize())
     {
-        Replace(CBitmapContext::Create(effective, GetDepth()));
+        Replace(CBitmapContext::CreateScaled(effective, GetDepth(), GetDeviceScale()));
     }
 }
 

@@ -24,7 +24,11 @@ public:
     /// The pixel memory, owned by the bitmap or by whom it was attached from; none if empty.
     virtual CBitmapContext* GetContext() const = 0;
 
+    /// In the pixels that are drawn with; with a device scale there are more in memory.
     virtual CSize GetSize() const;
+
+    /// Pixels of the memory, across and down, for each that is drawn with: 1 to 4.
+    virtual int GetDeviceScale() const;
 
     /// Bits per pixel: 8, 16, 24 or 32; 0 for a bitmap without a depth of its own that is empty.
     virtual int GetDepth() const;
@@ -50,8 +54,8 @@ public:
     /// None if the bitmap is empty. It must not outlive the pixels.
     virtual std::unique_ptr<IPixelAccess> CreatePixelAccess();
 
-    /// Replaces the pixels by cleared ones of the same depth; the same size changes nothing. A side below 1
-    /// makes the bitmap empty, and so does a size beyond CLimits.
+    /// Replaces the pixels by cleared ones of the same depth and device scale; the same size changes nothing.
+    /// A side below 1 makes the bitmap empty, and so does a size beyond CLimits.
     virtual void SetSize(CSize size);
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "Mirel/Graphics/Limits.h"
 
+#include <algorithm>
 #include <cairo.h>
 #include <cstring>
 
@@ -21,35 +22,47 @@ std::uint8_t Widen(std::uint8_t fiveBits)
 
 } // namespace
 
-std::shared_ptr<CBitmapContext> CBitmapContext::Create(CSize size, int depth)
+std::shared_ptr<CBitmapContext> CBitmapContext::Create(CSize size, int depth, int scale)
 {
     const std::int64_t stride = Graphics::GetStride(size.width, depth);
     if (size.IsEmpty() || stride < 1 || std::int64_t{size.width} * size.height > CLimits::maxBitmapPixels)
     {
         return nullptr;
     }
-    std::shared_ptr<CBitmapContext> context(new CBitmapContext(size, depth, static_cast<int>(stride)));
+    std::shared_ptr<CBitmapContext> context(new CBitmapContext(size, depth, static_cast<int>(stride), scale));
     context->memory.reset(static_cast<std::uint8_t*>(
         std::calloc(static_cast<std::size_t>(size.height), static_cast<std::size_t>(stride))));
     context->data = context->memory.get();
     return context->data == nullptr ? nullptr : context;
 }
 
+std::shared_ptr<CBitmapContext> CBitmapContext::CreateScaled(CSize size, int depth, int scale)
+{
+    const auto scaled = [scale](int side) { return Core::SaturateToInt32(std::int64_t{side} * scale); };
+    return Create({scaled(size.width), scaled(size.height)}, depth, scale);
+}
+
+bool CBitmapContext::CanView(cairo_surface_t* surface)
+{
+    return surface != nullptr && cairo_surface_get_type(surface) == CAIRO_SURFACE_TYPE_IMAGE &&
+           (cairo_image_surface_get_format(surface) == CAIRO_FORMAT_ARGB32 ||
+            cairo_image_surface_get_format(surface) == CAIRO_FORMAT_RGB24) &&
+           cairo_image_surface_get_width(surface) > 0 && cairo_image_surface_get_height(surface) > 0 &&
+           cairo_image_surface_get_data(surface) != nullptr;
+}
+
 std::shared_ptr<CBitmapContext> CBitmapContext::CreateView(cairo_surface_t* surface)
 {
-    if (surface == nullptr || cairo_surface_get_type(surface) != CAIRO_SURFACE_TYPE_IMAGE ||
-        (cairo_image_surface_get_format(surface) != CAIRO_FORMAT_ARGB32 &&
-         cairo_image_surface_get_format(surface) != CAIRO_FORMAT_RGB24))
+    if (!CanView(surface))
     {
         return nullptr;
     }
     const CSize size = {cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface)};
-    if (size.IsEmpty() || cairo_image_surface_get_data(surface) == nullptr)
-    {
-        return nullptr;
-    }
+    double scale = 1.0;
+    cairo_surface_get_device_scale(surface, &scale, &scale);
     std::shared_ptr<CBitmapContext> context(
-        new CBitmapContext(size, drawingDepth, cairo_image_surface_get_stride(surface)));
+        new CBitmapContext(size, drawingDepth, cairo_image_surface_get_stride(surface),
+                           std::clamp(Core::TruncateToInt32(scale), 1, CLimits::maxDeviceScale)));
     context->data = cairo_image_surface_get_data(surface);
     context->surface = cairo_surface_reference(surface);
     return context;
@@ -110,6 +123,7 @@ cairo_surface_t* CBitmapContext::BeginDrawing()
     {
         surface =
             cairo_image_surface_create_for_data(data, CAIRO_FORMAT_ARGB32, size.width, size.height, stride);
+        cairo_surface_set_device_scale(surface, scale, scale);
     }
     cairo_surface_mark_dirty(surface);
     ++drawings;
@@ -153,7 +167,7 @@ void CBitmapContext::FillShadow()
 {
     if (shadow == nullptr)
     {
-        shadow = Create(size, drawingDepth);
+        shadow = Create(size, drawingDepth, scale);
     }
     if (shadow == nullptr)
     {

@@ -36,13 +36,13 @@ CPoint CBitmapSurface::GetTranslation() const
 {
     cairo_matrix_t matrix = {};
     cairo_get_matrix(GetNativeContext(), &matrix);
-    const int height = pixels->GetSize().height;
+    const int height = pixels->GetScaledSize().height;
     return {RoundToPixel(matrix.x0), height - RoundToPixel(height - matrix.y0)};
 }
 
 CSize CBitmapSurface::GetContextSize() const
 {
-    return pixels->GetSize();
+    return pixels->GetScaledSize();
 }
 
 } // namespace Mirel::Graphics

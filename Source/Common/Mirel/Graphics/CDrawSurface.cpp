@@ -3,12 +3,16 @@
 #include "Mirel/Graphics/CBitmapAdapter.h"
 #include "Mirel/Graphics/CBitmapContext.h"
 #include "Mirel/Graphics/CDIBBitmap.h"
+#include "Mirel/Graphics/Limits.h"
 #include "Mirel/Graphics/LineClip.h"
 #include "Mirel/Graphics/PlainTarget.h"
 
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <cstring>
+#include <functional>
+#include <iterator>
 #include <utility>
 
 namespace Mirel::Graphics
@@ -39,6 +43,56 @@ int GetLast(int first, int length)
     return static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + length - 1, INT32_MAX));
 }
 
+/// Whether two image surfaces use some of the same bytes.
+bool Overlap(cairo_surface_t* a, cairo_surface_t* b)
+{
+    if (!CBitmapContext::CanView(a) || !CBitmapContext::CanView(b))
+    {
+        return false;
+    }
+    const auto begin = [](cairo_surface_t* surface) { return cairo_image_surface_get_data(surface); };
+    const auto end = [](cairo_surface_t* surface)
+    {
+        return cairo_image_surface_get_data(surface) +
+               std::int64_t{cairo_image_surface_get_stride(surface)} *
+                   (cairo_image_surface_get_height(surface) - 1) +
+               std::int64_t{4} * cairo_image_surface_get_width(surface);
+    };
+    const std::less<> before;
+    return before(begin(a), end(b)) && before(begin(b), end(a));
+}
+
+/// The pixels of that part to draw from; copied if they are drawn onto themselves, where the library would
+/// read what it has just written. For the caller to destroy; none if there is no such part.
+cairo_surface_t* CreateSource(CBitmapContext& pixels, const CRect& part, cairo_surface_t* target)
+{
+    cairo_surface_t* source = pixels.CreateSubImage(part);
+    if (source == nullptr || !Overlap(source, target))
+    {
+        return source;
+    }
+    cairo_surface_flush(target);
+    cairo_surface_t* copy =
+        cairo_image_surface_create(cairo_image_surface_get_format(source), part.width, part.height);
+    if (!CBitmapContext::CanView(copy))
+    {
+        cairo_surface_destroy(copy);
+        cairo_surface_destroy(source);
+        return nullptr;
+    }
+    for (int y = 0; y < part.height; ++y)
+    {
+        const auto row = [y](cairo_surface_t* surface) {
+            return cairo_image_surface_get_data(surface) +
+                   std::int64_t{cairo_image_surface_get_stride(surface)} * y;
+        };
+        std::memcpy(row(copy), row(source), static_cast<std::size_t>(part.width) * 4);
+    }
+    cairo_surface_mark_dirty(copy);
+    cairo_surface_destroy(source);
+    return copy;
+}
+
 void AddRect(cairo_t* context, const CRect& rect)
 {
     cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
@@ -54,10 +108,26 @@ bool ClipToNeighbourhood(CSegment& segment, const CRect& clip)
 }
 
 /// A line without length is seen as the pixel that it stands on: one as long as it is wide.
-CSegment MakeSeen(double ax, double ay, double bx, double by)
+CSegment MakeSeen(const CSegment& s)
 {
-    const bool isDot = !(ax < bx || ax > bx || ay < by || ay > by);
-    return isDot ? CSegment{ax - half, ay, bx + half, by} : CSegment{ax, ay, bx, by};
+    const bool isDot = !(s.ax < s.bx || s.ax > s.bx || s.ay < s.by || s.ay > s.by);
+    return isDot ? CSegment{s.ax - half, s.ay, s.bx + half, s.by} : s;
+}
+
+/// Between the centres of pixels.
+template <class Point>
+CSegment Between(Point a, Point b)
+{
+    return {half + static_cast<double>(a.x), half + static_cast<double>(a.y), half + static_cast<double>(b.x),
+            half + static_cast<double>(b.y)};
+}
+
+/// Half of the pixel.
+template <class Point>
+CSegment HalfOf(Point point)
+{
+    const CSegment dot = Between(point, point);
+    return {dot.ax + half, dot.ay, dot.bx, dot.by};
 }
 
 } // namespace
@@ -83,25 +153,22 @@ void CDrawSurface::SetPenStyle(std::uint32_t /*style*/) {}
 
 void CDrawSurface::DrawLine(CPoint a, CPoint b)
 {
-    Stroke(a.x + half, a.y + half, b.x + half, b.y + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolyline(const CPoint* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPoint(CPoint point)
 {
-    Stroke(point.x + 1.0, point.y + half, point.x + half, point.y + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPoints(const CPoint* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLine(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::DrawRect(const CRect& rect)
@@ -112,37 +179,29 @@ void CDrawSurface::DrawRect(const CRect& rect)
     }
     const CPoint topLeft = rect.GetOrigin();
     const CPoint bottomRight = {GetLast(rect.x, rect.width), GetLast(rect.y, rect.height)};
-    const CPoint topRight = {bottomRight.x, topLeft.y};
-    const CPoint bottomLeft = {topLeft.x, bottomRight.y};
-    DrawLine(topLeft, topRight);
-    DrawLine(topRight, bottomRight);
-    DrawLine(bottomRight, bottomLeft);
-    DrawLine(bottomLeft, topLeft);
+    const CPoint corners[] = {
+        topLeft, {bottomRight.x, topLeft.y}, bottomRight, {topLeft.x, bottomRight.y}, topLeft};
+    DrawPolyline(corners, static_cast<int>(std::size(corners)));
 }
 
 void CDrawSurface::DrawLineF(CPointF a, CPointF b)
 {
-    Stroke(static_cast<double>(a.x) + half, static_cast<double>(a.y) + half, static_cast<double>(b.x) + half,
-           static_cast<double>(b.y) + half);
+    StrokeAll(1, [&](int) { return Between(a, b); });
 }
 
 void CDrawSurface::DrawPolylineF(const CPointF* points, int count)
 {
-    StrokeAll(points, count);
+    StrokeAll(count - 1, [&](int i) { return Between(points[i], points[i + 1]); });
 }
 
 void CDrawSurface::DrawPointF(CPointF point)
 {
-    Stroke(static_cast<double>(point.x) + 1.0, static_cast<double>(point.y) + half,
-           static_cast<double>(point.x) + half, static_cast<double>(point.y) + half);
+    StrokeAll(1, [&](int) { return HalfOf(point); });
 }
 
 void CDrawSurface::DrawPointsF(const CPointF* points, int count)
 {
-    for (int i = 0; i < count; ++i)
-    {
-        DrawLineF(points[i], points[i]);
-    }
+    StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
 void CDrawSurface::FillRect(const CRect& rect)
@@ -272,6 +331,17 @@ void CDrawSurface::RestoreState()
     }
 }
 
+int CDrawSurface::GetDeviceScale() const
+{
+    double x = 1.0;
+    double y = 1.0;
+    if (context != nullptr)
+    {
+        cairo_surface_get_device_scale(cairo_get_target(context), &x, &y);
+    }
+    return std::clamp(Core::TruncateToInt32(x), 1, CLimits::maxDeviceScale);
+}
+
 CBitmap* CDrawSurface::GetBitmap()
 {
     cairo_surface_t* target = context == nullptr ? nullptr : cairo_get_target(context);
@@ -295,7 +365,7 @@ CBitmap* CDrawSurface::GetBitmap()
 CSize CDrawSurface::GetContextSize() const
 {
     const auto found = context == nullptr ? nullptr : CBitmapContext::CreateView(cairo_get_target(context));
-    return found == nullptr ? CSize() : found->GetSize();
+    return found == nullptr ? CSize() : found->GetScaledSize();
 }
 
 void CDrawSurface::SetSource(CColor color)
@@ -303,55 +373,48 @@ void CDrawSurface::SetSource(CColor color)
     cairo_set_source_rgb(context, ToUnit(color.r), ToUnit(color.g), ToUnit(color.b));
 }
 
-void CDrawSurface::Stroke(double ax, double ay, double bx, double by)
+void CDrawSurface::Stroke(const CSegment& segment)
 {
-    if (context == nullptr)
-    {
-        return;
-    }
     const CRect clip = GetOuterClip(context);
-    CSegment segment = MakeSeen(ax, ay, bx, by);
-    if (clip.IsEmpty() || !ClipToNeighbourhood(segment, clip))
+    CSegment seen = MakeSeen(segment);
+    if (clip.IsEmpty() || !ClipToNeighbourhood(seen, clip))
     {
         return;
     }
     SetSource(state.pen);
-    cairo_move_to(context, segment.ax, segment.ay);
-    cairo_line_to(context, segment.bx, segment.by);
+    cairo_move_to(context, seen.ax, seen.ay);
+    cairo_line_to(context, seen.bx, seen.by);
     cairo_stroke(context);
 }
 
-template <class Point>
-void CDrawSurface::StrokeAll(const Point* points, int count)
+template <class SegmentAt>
+void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
 {
-    const auto at = [points](int i)
-    { return std::pair(half + static_cast<double>(points[i].x), half + static_cast<double>(points[i].y)); };
+    if (context == nullptr || count < 1)
+    {
+        return;
+    }
     CPoint origin;
-    const CPixelTarget target =
-        context == nullptr || count < 2 ? CPixelTarget() : GetPlainTarget(context, origin);
-    if (target.data != nullptr)
+    const CPixelTarget target = GetPlainTarget(context, origin);
+    if (target.data == nullptr)
     {
-        cairo_surface_flush(cairo_get_target(context));
-    }
-    for (int i = 1; i < count; ++i)
-    {
-        const auto [ax, ay] = at(i - 1);
-        const auto [bx, by] = at(i);
-        if (target.data == nullptr)
+        for (int i = 0; i < count; ++i)
         {
-            Stroke(ax, ay, bx, by);
-            continue;
+            Stroke(segmentAt(i));
         }
-        CSegment segment = MakeSeen(ax + origin.x, ay + origin.y, bx + origin.x, by + origin.y);
-        if (ClipToNeighbourhood(segment, target.clip))
+        return;
+    }
+    cairo_surface_flush(cairo_get_target(context));
+    for (int i = 0; i < count; ++i)
+    {
+        const CSegment s = segmentAt(i);
+        CSegment seen = MakeSeen({s.ax + origin.x, s.ay + origin.y, s.bx + origin.x, s.by + origin.y});
+        if (ClipToNeighbourhood(seen, target.clip))
         {
-            rasterizer.DrawSegment(target, state.pen, segment);
+            rasterizer.DrawSegment(target, state.pen, seen);
         }
     }
-    if (target.data != nullptr)
-    {
-        cairo_surface_mark_dirty(cairo_get_target(context));
-    }
+    cairo_surface_mark_dirty(cairo_get_target(context));
 }
 
 void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity)
@@ -360,9 +423,15 @@ void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRe
     {
         return;
     }
-    const CRect part = Intersect(src, {CPoint(), pixels->GetSize()});
+    const CRect whole = {CPoint(), pixels->GetScaledSize()};
+    const CRect part = Intersect(src, whole);
     const CRect seen = Intersect(dst, GetOuterClip(context));
-    cairo_surface_t* source = seen.IsEmpty() ? nullptr : pixels->CreateSubImage(part);
+    const int scale = pixels->GetScale();
+    cairo_surface_t* source =
+        seen.IsEmpty() || part.IsEmpty()
+            ? nullptr
+            : CreateSource(*pixels, {part.x * scale, part.y * scale, part.width * scale, part.height * scale},
+                           cairo_get_target(context));
     if (source == nullptr)
     {
         return;
@@ -380,6 +449,7 @@ void CDrawSurface::PaintPart(CBitmapContext* pixels, const CRect& src, const CRe
         cairo_rectangle(context, 0.0, 0.0, part.width, part.height);
         cairo_clip(context);
     }
+    cairo_surface_set_device_scale(source, scale, scale);
     cairo_set_source_surface(context, source, 0.0, 0.0);
     // The edges of a scaled picture do not fade into nothing.
     cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);

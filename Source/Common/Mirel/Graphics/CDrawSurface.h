@@ -1,12 +1,15 @@
 #pragma once
 
 #include "Mirel/Graphics/CColor.h"
+#include "Mirel/Graphics/CFont.h"
 #include "Mirel/Graphics/CLineRasterizer.h"
+#include "Mirel/Graphics/CTextFormat.h"
 #include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Mirel::Graphics
@@ -44,8 +47,8 @@ public:
 
     virtual void DrawLine(CPoint a, CPoint b);
 
-    /// A line between each two successive points; nothing for fewer than two. The cheap way to draw many
-    /// lines.
+    /// A line between each two successive points; nothing for fewer than two. Many lines are cheaper this way
+    /// than one by one.
     virtual void DrawPolyline(const CPoint* points, int count);
 
     /// Covers half of the pixel.
@@ -80,6 +83,28 @@ public:
     virtual void DrawLayerAlpha(const CLayer& layer, CPoint point, int opacity);
     virtual void DrawLayerInRect(const CLayer& layer, const CRect& rect);
 
+    /// The font of texts; none at first, and then texts are not drawn and have no extent.
+    virtual void SetFont(CSharedFont newFont) { font = std::move(newFont); }
+    virtual const CSharedFont& GetFont() const { return font; }
+
+    /// One line in the pen's colour, its top left at the point, not turned. A text is UTF-8; one that is not,
+    /// and null, are not drawn and have no extent; of one that is longer than CLimits allow, the beginning
+    /// counts.
+    virtual void DrawText(const char* text, CPoint point);
+
+    /// Turned by the escapement of the font and aligned in the rectangle. Nothing without the wordBreak bit
+    /// of the format.
+    virtual void DrawTextInRect(const char* text, const CRect& rect, const CTextFormat& format);
+
+    /// The size of a text as one line, turned by the escapement of the font: of the box around it.
+    virtual CSize GetTextExtent(const char* text) const;
+
+    /// The same as the format sets the text in a rectangle of that width; 0, 0 without its calculate bit.
+    virtual CSize GetTextExtentInRect(const char* text, const CRect& rect, const CTextFormat& format) const;
+
+    /// The size of a text as one line: its width, and the height of a line of the font, rounded up.
+    virtual CSize GetTextExtentUnrotated(const char* text) const;
+
     /// True lets texts run out of their rectangles. False at first.
     virtual void SetTextNoClip(bool noClip) { textNoClip = noClip; }
     virtual bool GetTextNoClip() const { return textNoClip; }
@@ -98,6 +123,9 @@ public:
     virtual void SaveState();
     virtual void RestoreState();
 
+    /// Device pixels that one pixel of the surface is wide and high: 1 to 4.
+    virtual int GetDeviceScale() const;
+
     /// The pixels under the surface as a bitmap, owned by the surface; none if it has none in memory.
     virtual CBitmap* GetBitmap();
     virtual CBitmap* GetBitmapView() { return GetBitmap(); }
@@ -114,14 +142,15 @@ private:
 
     void SetSource(CColor color);
 
-    template <class Point>
-    void StrokeAll(const Point* points, int count);
-    void Stroke(double ax, double ay, double bx, double by);
+    template <class SegmentAt>
+    void StrokeAll(int count, const SegmentAt& segmentAt);
+    void Stroke(const CSegment& segment);
     void PaintPart(CBitmapContext* pixels, const CRect& src, const CRect& dst, int opacity);
 
     cairo_t* context;
     CState state;
     std::vector<CState> saved;
+    CSharedFont font;
     bool textNoClip = false;
     std::shared_ptr<CBitmapContext> view;
     std::unique_ptr<CBitmapAdapter> bitmap;

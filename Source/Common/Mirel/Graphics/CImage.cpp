@@ -15,7 +15,7 @@ CImage::CImage(std::shared_ptr<CBitmapContext> context_, bool hasAlpha_)
 
 CSize CImage::GetSize() const
 {
-    return context == nullptr ? CSize() : context->GetSize();
+    return context == nullptr ? CSize() : context->GetScaledSize();
 }
 
 std::unique_ptr<const IPixelAccess> CImage::CreatePixelAccess() const

@@ -18,6 +18,7 @@ public:
     CImage() = default;
     CImage(std::shared_ptr<CBitmapContext> context_, bool hasAlpha_);
 
+    /// In the pixels that are drawn with: an image for a device scale of 2 has twice as many each way.
     CSize GetSize() const;
     bool IsEmpty() const { return context == nullptr; }
     bool HasAlpha() const { return hasAlpha; }

@@ -44,6 +44,13 @@ void Repeat(const CRect& clip, CSize size, const CDrawPiece& drawPiece)
     }
 }
 
+/// Whether what was drawn before can be used again.
+bool Fits(const CDIBBitmap* drawn, CSize size, const CDrawSurface& surface)
+{
+    return drawn != nullptr && drawn->GetSize() == size &&
+           drawn->GetDeviceScale() == surface.GetDeviceScale();
+}
+
 int RoundUp(int length)
 {
     return length >= blockSide ? length : (blockSide + length - 1) / length * length;
@@ -53,9 +60,7 @@ int RoundUp(int length)
 
 CImageGraphics::CImageGraphics(std::unique_ptr<CImageElement> element, ETileMode mode_)
     : catalog(std::make_unique<CImageCatalog>()),
-      mode(mode_),
-      stretched(32),
-      block(32)
+      mode(mode_)
 {
     catalog->SetEntry(0, std::move(element));
     CBaseGraphics::SetSize(catalog->GetSize(0));
@@ -113,8 +118,8 @@ void CImageGraphics::SetTileMode(ETileMode newMode)
 void CImageGraphics::SetElement(std::unique_ptr<CImageElement> element)
 {
     catalog->SetEntry(0, std::move(element));
-    stretched.SetSize({});
-    block.SetSize({});
+    stretched.reset();
+    block.reset();
     RaiseChanged();
 }
 
@@ -128,16 +133,16 @@ void CImageGraphics::DrawRepeated(CDrawSurface& surface, const CRect& clip)
                [&](const CRect& src, const CRect& dst) { catalog->Draw(0, surface, src, dst); });
         return;
     }
-    if (block.GetSize() != blockSize)
+    if (!Fits(block.get(), blockSize, surface))
     {
-        block.SetSize(blockSize);
-        const auto target = block.CreateSurface();
+        block = std::make_unique<CDIBBitmap>(32, blockSize, surface.GetDeviceScale());
+        const auto target = block->CreateSurface();
         Repeat({CPoint(), blockSize}, imageSize,
                [&](const CRect& src, const CRect& dst) { catalog->Draw(0, *target, src, dst); });
     }
     Repeat(clip, blockSize,
            [&](const CRect& src, const CRect& dst)
-           { surface.DrawBitmap(block, src.GetOrigin(), dst.GetOrigin(), dst.GetSize()); });
+           { surface.DrawBitmap(*block, src.GetOrigin(), dst.GetOrigin(), dst.GetSize()); });
 }
 
 void CImageGraphics::DrawStretched(CDrawSurface& surface, const CRect& clip)
@@ -147,19 +152,19 @@ void CImageGraphics::DrawStretched(CDrawSurface& surface, const CRect& clip)
     {
         return;
     }
-    if (stretched.GetSize() != area.GetSize())
+    if (!Fits(stretched.get(), area.GetSize(), surface))
     {
-        stretched.SetSize(area.GetSize());
-        catalog->Draw(0, *stretched.CreateSurface(), {CPoint(), catalog->GetSize(0)}, area);
+        stretched = std::make_unique<CDIBBitmap>(32, area.GetSize(), surface.GetDeviceScale());
+        catalog->Draw(0, *stretched->CreateSurface(), {CPoint(), catalog->GetSize(0)}, area);
     }
     if (catalog->IsOpaque(0))
     {
-        surface.StretchBitmap(stretched, clip, clip);
+        surface.StretchBitmap(*stretched, clip, clip);
     }
     else
     {
         constexpr int full = 255;
-        surface.DrawBitmapAlpha(stretched, clip.GetOrigin(), clip.GetOrigin(), clip.GetSize(), full);
+        surface.DrawBitmapAlpha(*stretched, clip.GetOrigin(), clip.GetOrigin(), clip.GetSize(), full);
     }
 }
 

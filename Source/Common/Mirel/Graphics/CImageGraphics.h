@@ -41,8 +41,9 @@ private:
 
     std::unique_ptr<CImageCatalog> catalog;
     ETileMode mode;
-    CDIBBitmap stretched; ///< The image in the size of the area; empty until it is needed.
-    CDIBBitmap block; ///< A small image repeated, so that a large area takes few pieces; empty until needed.
+    std::unique_ptr<CDIBBitmap> stretched; ///< The image in the size of the area; empty until it is needed.
+    std::unique_ptr<CDIBBitmap>
+        block; ///< A small image repeated, so that a large area takes few pieces; empty until needed.
 };
 
 } // namespace Mirel::Graphics

@@ -1,5 +1,6 @@
 #include "Mirel/Graphics/CLineRasterizer.h"
 
+#include "Mirel/Graphics/CNarrowLine.h"
 #include "Mirel/Graphics/Premultiply.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ namespace
 {
 
 constexpr unsigned opaque = 255;
+constexpr std::ptrdiff_t bytesPerPixel = 4;
 
 /// Half of an eighth of a grey level: less is not seen.
 constexpr float leastCoverage = 1.0F / 4096.0F;
@@ -26,15 +28,102 @@ std::uint32_t Blend(std::uint32_t under, CColor color, unsigned coverage)
            (mix(color.g, (under >> 8U) & opaque) << 8U) | mix(color.b, under & opaque);
 }
 
+/// The pixel if a line along its middle covers just it and its neighbours along the line; else none.
+bool IsOnMiddle(double position, int& pixel)
+{
+    pixel = static_cast<int>(position); // Left of 0 nothing is drawn anyway.
+    return !(pixel + 0.5 < position || pixel + 0.5 > position);
+}
+
+/// Pixels one after the other in memory, step bytes apart, of which those from one position to the other are
+/// covered and only those from first to end may be written.
+void FillAlong(std::uint8_t* pixels, std::ptrdiff_t step, double from, double to, int first, int end,
+               CColor color)
+{
+    first = std::max(first, static_cast<int>(std::floor(from)));
+    end = std::min(end, static_cast<int>(std::ceil(to)));
+    const std::uint32_t pixel = 0xff000000U | color.Pack();
+    const int firstWhole = std::max(first, static_cast<int>(std::ceil(from)));
+    const int endWhole = std::min(end, static_cast<int>(std::floor(to)));
+    if (step == bytesPerPixel)
+    {
+        // A loop of its own: the compiler stores many pixels at a time.
+        for (int i = firstWhole; i < endWhole; ++i)
+        {
+            StorePixel(pixels, i, pixel);
+        }
+    }
+    else
+    {
+        for (int i = firstWhole; i < endWhole; ++i)
+        {
+            StorePixel(pixels + step * i, 0, pixel);
+        }
+    }
+    const auto blend = [&](int i)
+    {
+        const double coverage = std::min(to, i + 1.0) - std::max(from, static_cast<double>(i));
+        std::uint8_t* under = pixels + step * i;
+        StorePixel(under, 0,
+                   Blend(LoadPixel(under, 0), color, static_cast<unsigned>(coverage * opaque + 0.5)));
+    };
+    for (int i = first; i < std::min(firstWhole, end); ++i)
+    {
+        blend(i);
+    }
+    for (int i = std::max(endWhole, firstWhole); i < end; ++i)
+    {
+        blend(i);
+    }
+}
+
+/// Lines along the middle of a row or a column, as those of grids and of steps are. False for any other.
+bool DrawAlongPixels(const CPixelTarget& target, CColor color, const CSegment& segment)
+{
+    const CRect& clip = target.clip;
+    int pixel = 0;
+    if (segment.ax == segment.bx && IsOnMiddle(segment.ax, pixel))
+    {
+        if (pixel >= clip.x && pixel < clip.x + clip.width)
+        {
+            const auto [from, to] = std::minmax(segment.ay, segment.by);
+            FillAlong(target.data + bytesPerPixel * pixel, target.stride, from, to, clip.y,
+                      clip.y + clip.height, color);
+        }
+        return true;
+    }
+    if (segment.ay == segment.by && IsOnMiddle(segment.ay, pixel))
+    {
+        if (pixel >= clip.y && pixel < clip.y + clip.height)
+        {
+            const auto [from, to] = std::minmax(segment.ax, segment.bx);
+            FillAlong(target.data + std::int64_t{target.stride} * pixel, bytesPerPixel, from, to, clip.x,
+                      clip.x + clip.width, color);
+        }
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void CLineRasterizer::DrawSegment(const CPixelTarget& target, CColor color, const CSegment& segment)
 {
     const double dx = segment.bx - segment.ax;
     const double dy = segment.by - segment.ay;
+    if (DrawAlongPixels(target, color, segment))
+    {
+        return;
+    }
     const double length = std::sqrt(dx * dx + dy * dy);
     if (!(length > 0.0))
     {
+        return;
+    }
+    CNarrowLine narrow(segment);
+    if (narrow.IsNarrow() && target.clip.width >= CNarrowLine::maxColumns)
+    {
+        narrow.Draw(target, color);
         return;
     }
     const double sideX = -dy / length * 0.5;

@@ -1,13 +1,12 @@
 #include "Mirel/Graphics/ImageFile.h"
 
 #include "Mirel/Graphics/CBitmapContext.h"
+#include "Mirel/Graphics/ImageReaders.h"
 #include "Mirel/Graphics/Limits.h"
-#include "Mirel/Graphics/Premultiply.h"
 #include "Mirel/Serialization/WholeFile.h"
 
 #include <algorithm>
-#include <png.h>
-#include <string>
+#include <strings.h>
 #include <utility>
 
 namespace Mirel::Graphics
@@ -16,67 +15,73 @@ namespace Mirel::Graphics
 namespace
 {
 
-/// The library's state of reading one image; freed on every way out.
-class CPngReading
+/// Without case, whatever the locale.
+bool IsNamedPng(std::string_view path)
 {
-public:
-    CPngReading() { image.version = PNG_IMAGE_VERSION; }
-    CPngReading(const CPngReading&) = delete;
-    CPngReading& operator=(const CPngReading&) = delete;
-    ~CPngReading() { png_image_free(&image); }
+    constexpr std::string_view extension = ".png";
+    return path.size() >= extension.size() &&
+           strncasecmp(path.data() + path.size() - extension.size(), extension.data(), extension.size()) == 0;
+}
 
-    png_image image = {};
-};
-
-void PremultiplyAll(CBitmapContext& pixels)
+CReadImage Read(std::string_view content, std::int64_t maxPixels, bool onlyPng)
 {
-    const CSize size = pixels.GetSize();
-    for (int y = 0; y < size.height; ++y)
+    if (IsPng(content))
     {
-        std::uint8_t* row = pixels.GetData() + std::int64_t{pixels.GetStride()} * y;
-        for (int x = 0; x < size.width; ++x)
-        {
-            StorePixel(row, x, Premultiply(LoadPixel(row, x)));
-        }
+        return ReadPng(content, maxPixels);
     }
+    if (IsJpeg(content) && !onlyPng)
+    {
+        return ReadJpeg(content, maxPixels);
+    }
+    return {nullptr, false, onlyPng ? "is no PNG image" : "is neither a PNG nor a JPEG image"};
+}
+
+CSharedImage Finish(CReadImage read, std::string* reason)
+{
+    if (read.pixels == nullptr)
+    {
+        if (reason != nullptr)
+        {
+            *reason = std::move(read.reason);
+        }
+        return nullptr;
+    }
+    return std::make_shared<CImage>(std::move(read.pixels), read.hasAlpha);
 }
 
 } // namespace
 
-CSharedImage ReadImageFile(const char* path, std::int64_t maxPixels)
+CReadImage MakePixels(std::int64_t width, std::int64_t height, std::int64_t maxPixels)
 {
-    std::string content;
-    return Serialization::ReadFileWhole(path, CLimits::maxImageBytes, content) ? ReadImage(content, maxPixels)
-                                                                               : nullptr;
+    const std::int64_t allowed = std::min(maxPixels, CLimits::maxImagePixels);
+    if (width < 1 || height < 1)
+    {
+        return {nullptr, false, "has no pixels"};
+    }
+    if (width > allowed / height)
+    {
+        return {nullptr, false,
+                "has " + std::to_string(width) + " x " + std::to_string(height) + " pixels, of " +
+                    std::to_string(std::max<std::int64_t>(allowed, 0)) + " that are left for it"};
+    }
+    auto pixels = CBitmapContext::Create({static_cast<int>(width), static_cast<int>(height)}, 32);
+    return pixels == nullptr ? CReadImage{nullptr, false, "does not fit into the memory"}
+                             : CReadImage{std::move(pixels), false, {}};
 }
 
-CSharedImage ReadImage(std::string_view content, std::int64_t maxPixels)
+CSharedImage ReadImageFile(const char* path, std::int64_t maxPixels, std::string* reason)
 {
-    CPngReading reading;
-    png_image& image = reading.image;
-    if (png_image_begin_read_from_memory(&image, content.data(), content.size()) == 0)
+    std::string content;
+    if (!Serialization::ReadFileWhole(path, CLimits::maxImageBytes, content))
     {
-        return nullptr;
+        return Finish({nullptr, false, "cannot be read, or is too large"}, reason);
     }
-    if (std::int64_t{image.width} * image.height > std::min(maxPixels, CLimits::maxImagePixels))
-    {
-        return nullptr;
-    }
-    const bool hasAlpha = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
-    const CSize size = {static_cast<int>(image.width), static_cast<int>(image.height)};
-    auto pixels = CBitmapContext::Create(size, 32);
-    // Bytes b, g, r, a are 0xAARRGGBB in memory.
-    image.format = PNG_FORMAT_BGRA;
-    if (pixels == nullptr ||
-        png_image_finish_read(&image, nullptr, pixels->GetData(), pixels->GetStride(), nullptr) == 0)
-    {
-        return nullptr;
-    }
-    if (hasAlpha)
-    {
-        PremultiplyAll(*pixels);
-    }
-    return std::make_shared<CImage>(std::move(pixels), hasAlpha);
+    return Finish(Read(content, maxPixels, IsNamedPng(path)), reason);
+}
+
+CSharedImage ReadImage(std::string_view content, std::int64_t maxPixels, std::string* reason)
+{
+    return Finish(Read(content, maxPixels, false), reason);
 }
 
 } // namespace Mirel::Graphics

@@ -3,6 +3,8 @@
 #include "Mirel/Graphics/CBitmapContext.h"
 #include "Mirel/Graphics/Premultiply.h"
 
+#include <cstring>
+
 namespace Mirel::Graphics
 {
 
@@ -33,12 +35,23 @@ private:
     std::unique_ptr<const IPixelAccess> access;
 };
 
+/// Of the memory.
+CSize GetPixels(const CImage& image)
+{
+    return image.IsEmpty() ? CSize() : image.GetContext()->GetSize();
+}
+
+int GetScale(const CImage& image)
+{
+    return image.IsEmpty() ? 1 : image.GetContext()->GetScale();
+}
+
 } // namespace
 
 CSharedImage MakeMask(const CImage& image)
 {
-    const CSize size = image.GetSize();
-    auto mask = CBitmapContext::Create(size, 8);
+    const CSize size = GetPixels(image);
+    auto mask = CBitmapContext::Create(size, 8, GetScale(image));
     if (mask == nullptr)
     {
         return nullptr;
@@ -57,8 +70,9 @@ CSharedImage MakeMask(const CImage& image)
 
 CSharedImage ComposeWithMask(const CImage& colors, const CImage& mask)
 {
-    const CSize size = colors.GetSize();
-    auto composed = mask.GetSize() == size ? CBitmapContext::Create(size, 32) : nullptr;
+    const CSize size = GetPixels(colors);
+    const bool fits = GetPixels(mask) == size && GetScale(mask) == GetScale(colors);
+    auto composed = fits ? CBitmapContext::Create(size, 32, GetScale(colors)) : nullptr;
     if (composed == nullptr)
     {
         return nullptr;
@@ -74,6 +88,20 @@ CSharedImage ComposeWithMask(const CImage& colors, const CImage& mask)
         }
     }
     return std::make_shared<CImage>(std::move(composed), true);
+}
+
+CSharedImage MakeScaled(const CImage& image, int scale)
+{
+    const CSize size = GetPixels(image);
+    auto scaled =
+        image.IsEmpty() ? nullptr : CBitmapContext::Create(size, image.GetContext()->GetDepth(), scale);
+    if (scaled == nullptr)
+    {
+        return nullptr;
+    }
+    std::memcpy(scaled->GetData(), image.GetContext()->GetData(),
+                static_cast<std::size_t>(scaled->GetStride()) * static_cast<std::size_t>(size.height));
+    return std::make_shared<CImage>(std::move(scaled), image.HasAlpha());
 }
 
 } // namespace Mirel::Graphics

@@ -59,18 +59,23 @@ std::optional<CPoint> GetPlainOrigin(cairo_t* context)
 CPixelTarget GetPlainTarget(cairo_t* context, CPoint& origin)
 {
     cairo_surface_t* surface = cairo_get_group_target(context);
-    const auto pixels = surface == cairo_get_target(context) ? CBitmapContext::CreateView(surface) : nullptr;
-    const auto plainOrigin = pixels == nullptr ? std::nullopt : GetPlainOrigin(context);
-    if (!plainOrigin || cairo_get_operator(context) != CAIRO_OPERATOR_OVER ||
+    if (surface != cairo_get_target(context) || !CBitmapContext::CanView(surface) ||
+        cairo_get_operator(context) != CAIRO_OPERATOR_OVER ||
         cairo_get_antialias(context) != CAIRO_ANTIALIAS_DEFAULT)
+    {
+        return {};
+    }
+    const auto plainOrigin = GetPlainOrigin(context);
+    if (!plainOrigin)
     {
         return {};
     }
     origin = *plainOrigin;
     const CRect clip = GetPlainClip(context);
-    const CRect drawn =
-        Intersect({{clip.x + origin.x, clip.y + origin.y}, clip.GetSize()}, {CPoint(), pixels->GetSize()});
-    return {drawn.IsEmpty() ? nullptr : pixels->GetData(), pixels->GetStride(), drawn};
+    const CSize size = {cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface)};
+    const CRect drawn = Intersect({{clip.x + origin.x, clip.y + origin.y}, clip.GetSize()}, {CPoint(), size});
+    return {drawn.IsEmpty() ? nullptr : cairo_image_surface_get_data(surface),
+            cairo_image_surface_get_stride(surface), drawn};
 }
 
 } // namespace Mirel::Graphics
