@@ -273,6 +273,25 @@ void CDrawSurface::Translate(CPoint delta)
     }
 }
 
+void CDrawSurface::Scale(double factor)
+{
+    if (context != nullptr)
+    {
+        cairo_scale(context, factor, factor);
+    }
+}
+
+double CDrawSurface::GetScale() const
+{
+    if (context == nullptr)
+    {
+        return 1.0;
+    }
+    cairo_matrix_t matrix = {};
+    cairo_get_matrix(context, &matrix);
+    return matrix.xx;
+}
+
 CPoint CDrawSurface::GetTranslation() const
 {
     if (context == nullptr)

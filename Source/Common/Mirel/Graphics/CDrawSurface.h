@@ -111,6 +111,12 @@ public:
 
     virtual void Translate(CPoint delta);
 
+    /// Makes a whole coordinate as many pixels as the factor says, from the present origin.
+    virtual void Scale(double factor);
+
+    /// Pixels under a whole coordinate across; 1.0 without a context.
+    virtual double GetScale() const;
+
     /// Where (0, 0) lies, from the top left of the whole surface: each coordinate plus 0.5 without its
     /// fraction, so what lies left or above comes out one pixel too far right or down.
     virtual CPoint GetTranslation() const;
