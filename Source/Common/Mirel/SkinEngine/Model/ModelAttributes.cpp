@@ -41,7 +41,7 @@ bool ReadNumber(const CNamedAttributes& attributes, const std::string& name, flo
     {
         return false;
     }
-    constexpr double largest = std::numeric_limits<float>::max();
+    constexpr double largest = static_cast<double>(std::numeric_limits<float>::max());
     // What a float cannot hold, but infinity, ends where a float does.
     value = static_cast<float>(std::isfinite(number) ? std::clamp(number, -largest, largest) : number);
     return true;
@@ -72,8 +72,8 @@ bool ReadNumber(const CNamedAttributes& attributes, const std::string& name, int
     {
         return false;
     }
-    value = static_cast<int>(std::clamp<double>(number, std::numeric_limits<int>::min(),
-                                                std::numeric_limits<int>::max()));
+    value = static_cast<int>(
+        std::clamp<double>(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
     return true;
 }
 
