@@ -204,6 +204,11 @@ void CDrawSurface::DrawPointsF(const CPointF* points, int count)
     StrokeAll(count, [&](int i) { return Between(points[i], points[i]); });
 }
 
+void CDrawSurface::DrawLinesF(const CPointF* ends, int count)
+{
+    StrokeAll(count / 2, [&](int i) { return Between(ends[2 * i], ends[2 * i + 1]); });
+}
+
 void CDrawSurface::FillRect(const CRect& rect)
 {
     if (context == nullptr)

@@ -63,6 +63,10 @@ public:
     virtual void DrawPointF(CPointF point);
     virtual void DrawPointsF(const CPointF* points, int count);
 
+    /// Separate lines, from each point of even index to the one after it: DrawLineF for each two, and the
+    /// cheap way to draw the bars of a graph.
+    virtual void DrawLinesF(const CPointF* ends, int count);
+
     virtual void SetFillColor(CColor color) { state.fill = color; }
     virtual void FillRect(const CRect& rect);
 

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace Mirel::DataModel::GUIWidgets
+{
+
+/// Bounds on what one paint does, since skins come from strangers and a paint holds up the editor. No honest
+/// skin comes near them.
+struct CLimits
+{
+    /// Evaluations of a curve in one paint: a hundred for each pixel of a graph as wide as the largest screens.
+    /// A single-precision sweep over a graph of any size still gets on with that many steps.
+    static constexpr int maxSamples = 1 << 20;
+
+    /// Lines of a grid along one axis, subdivisions included.
+    static constexpr int maxGridLines = 1 << 14;
+
+    /// Stops of a ruler that are looked at for a label; of more than these every second, third and so on is.
+    static constexpr int maxRulerStops = 1 << 12;
+};
+
+} // namespace Mirel::DataModel::GUIWidgets
