@@ -55,6 +55,7 @@ struct CLimits
     /// Charges for what takes time rather than memory: looking for a file, compiling a formula.
     static constexpr std::size_t fileTestCharge = std::size_t{4} << 10U;
     static constexpr std::size_t formulaCharge = std::size_t{8} << 10U;
+    static constexpr std::size_t formulaByteCharge = 4;
 
     /// Elements that are open at once, through all files and templates. Widgets are nested as deep.
     static constexpr int maxElementDepth = 1024;

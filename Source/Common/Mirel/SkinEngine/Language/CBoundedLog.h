@@ -17,6 +17,9 @@ public:
 
     void Post(int kind, const char* text, int verbosity) override;
 
+    /// For the message that ends a parse: always passed on.
+    void PostLast(int kind, const char* text) { target->Post(kind, text, 0); }
+
     void Reset() { posted = 0; }
 
 private:

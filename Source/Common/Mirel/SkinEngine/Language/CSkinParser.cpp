@@ -163,11 +163,13 @@ bool CSkinParser::ProcessStart(const char* name, CNamedAttributes& attributes)
         if (inUndefine)
         {
             EnterElement();
+            ListenToStart(name, nullptr);
             definitions.Undefine(name);
             return true;
         }
         if (!CheckRootElement(name))
         {
+            ListenToStart(name, nullptr);
             return false;
         }
         const char* baseType = definitions.TranslateStart(name, attributes);
@@ -187,6 +189,7 @@ bool CSkinParser::ProcessStart(const char* name, CNamedAttributes& attributes)
 bool CSkinParser::StartDefinition(const char* name, CNamedAttributes& attributes)
 {
     EnterElement();
+    ListenToStart(name, nullptr);
     if (startHandlers.contains(name))
     {
         return Fail(std::string(name) + ": you cannot redefine reserved elements. "
@@ -276,11 +279,7 @@ bool CSkinParser::StartRecorded(const char* name, const CNamedAttributes& attrib
 bool CSkinParser::StartHandled(const char* name, const CNamedAttributes& attributes)
 {
     EnterElement();
-    if (listener != nullptr && !IsLanguageElement(name))
-    {
-        listenedElements.emplace_back(name);
-        listener->OnElementStart(name, attributes);
-    }
+    ListenToStart(name, &attributes);
     const auto handler = startHandlers.find(name);
     if (handler != startHandlers.end())
     {
@@ -333,22 +332,14 @@ bool CSkinParser::ProcessEnd(const char* name)
 
 bool CSkinParser::EndHandled(const char* name)
 {
-    if (!listenedElements.empty() && listenedElements.back() == name)
-    {
-        listenedElements.pop_back();
-        if (listener != nullptr)
-        {
-            listener->OnElementEnd(name);
-        }
-    }
-    const auto handler = endHandlers.find(name);
-    if (handler == endHandlers.end())
-    {
-        LeaveElement();
-        return true;
-    }
+    const bool listened = !listenedElements.empty() && listenedElements.back().name == name;
     const std::size_t before = expansions.size();
-    const bool result = handler->second->Execute();
+    const auto handler = endHandlers.find(name);
+    const bool result = handler == endHandlers.end() || handler->second->Execute();
+    if (listened)
+    {
+        ListenToEnd();
+    }
     if (expansions.size() > before)
     {
         expansions[before].closesElement = true;
@@ -358,6 +349,31 @@ bool CSkinParser::EndHandled(const char* name)
         LeaveElement();
     }
     return Conclude(result);
+}
+
+/// Without attributes the element was refused: the listener hears of neither end.
+void CSkinParser::ListenToStart(const char* name, const CNamedAttributes* attributes)
+{
+    if (listener == nullptr)
+    {
+        return;
+    }
+    const bool shown = attributes != nullptr && !IsLanguageElement(name);
+    listenedElements.push_back({name, shown});
+    if (shown)
+    {
+        listener->OnElementStart(name, *attributes);
+    }
+}
+
+void CSkinParser::ListenToEnd()
+{
+    const CListenedElement element = std::move(listenedElements.back());
+    listenedElements.pop_back();
+    if (element.shown && listener != nullptr)
+    {
+        listener->OnElementEnd(element.name.c_str());
+    }
 }
 
 void CSkinParser::RefuseText(const char* name)

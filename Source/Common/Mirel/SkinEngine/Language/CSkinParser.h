@@ -40,7 +40,7 @@ class IScriptEngine;
 /// walk but a broken file and what exceeds CLimits.
 ///
 /// Belongs to one thread at a time. While a file is parsed, this thread's locale is "C".
-class CSkinParser : public IParserElementHandler, private IXmlEvents
+class CSkinParser : public IParserElementHandler, public IXmlEvents
 {
 public:
     using CStartCommand = Core::TIArgReturnCommand<bool, const Containers::CNamedAttributes&>;
@@ -118,6 +118,11 @@ public:
     CPublicState& GetPublicState();
     const CPublicState& GetPublicState() const;
 
+    // For the reader of a file.
+    bool OnStartTag(const std::string& name, CXMLNamedAttributes& attributes) override;
+    bool OnEndTag(const std::string& name) override;
+    void OnFault(EFault fault, std::size_t line, const std::string& message) override;
+
 protected:
     /// Starts the XML library for the time of a parse; what it throws ends the parse with a message.
     virtual std::unique_ptr<CXercesSession> OpenLibrary();
@@ -135,6 +140,12 @@ private:
         std::string name;
     };
 
+    struct CListenedElement
+    {
+        std::string name;
+        bool shown; ///< A refused element's end comes all the same.
+    };
+
     // The walk.
     bool ProcessStart(const char* name, Containers::CNamedAttributes& attributes);
     bool StartResolved(const char* name, Containers::CNamedAttributes& attributes);
@@ -146,6 +157,8 @@ private:
     bool ProcessEnd(const char* name);
     bool EndHandled(const char* name);
     void RefuseText(const char* name) override;
+    void ListenToStart(const char* name, const Containers::CNamedAttributes* attributes);
+    void ListenToEnd();
     bool Conclude(bool result);
     void EnterElement();
     void LeaveElement();
@@ -189,9 +202,6 @@ private:
     bool CheckInside(const std::string& path);
     bool Exists(const std::string& path);
     CFileAccess GetFileAccess();
-    bool OnStartTag(const std::string& name, CXMLNamedAttributes& attributes) override;
-    bool OnEndTag(const std::string& name) override;
-    void OnFault(EFault fault, std::size_t line, const std::string& message) override;
     void Post(int kind, const std::string& text);
     bool Fail(const std::string& text);
     bool Stop(const std::string& reason);
@@ -202,7 +212,7 @@ private:
     Containers::TStringMap<std::unique_ptr<CStartCommand>> startHandlers;
     Containers::TStringMap<std::unique_ptr<CEndCommand>> endHandlers;
     IElementListener* listener = nullptr;
-    std::vector<std::string> listenedElements; ///< Those that are open.
+    std::vector<CListenedElement> listenedElements; ///< Those that are open, kept while there is a listener.
 
     std::string currentElementName;
     std::string rootElement;

@@ -33,14 +33,17 @@ char* NewTextOrNull(const std::optional<std::string>& text)
 
 } // namespace
 
-/// Goes back to the including file at its end.
+/// Goes back to the including file at its end. What a file that broke off left open does not reach into that.
 class CSkinParser::CFileScope
 {
 public:
     CFileScope(CSkinParser& parser_, const std::string& path)
         : parser(&parser_),
           file(parser_.state.GetCurrentFile()),
-          reader(parser_.reader)
+          reader(parser_.reader),
+          depth(parser_.depth),
+          openUses(parser_.openUses.size()),
+          listenedElements(parser_.listenedElements.size())
     {
         parser->state.SetCurrentFile(path);
         parser->reader = nullptr;
@@ -53,12 +56,42 @@ public:
         --parser->fileDepth;
         parser->reader = reader;
         parser->state.SetCurrentFile(std::move(file));
+        if (!complete)
+        {
+            CloseRest();
+        }
     }
 
+    void SetComplete(bool complete_) { complete = complete_; }
+
 private:
+    void CloseRest()
+    {
+        while (parser->listenedElements.size() > listenedElements)
+        {
+            parser->ListenToEnd();
+        }
+        while (parser->openUses.size() > openUses)
+        {
+            parser->openUses.pop_back();
+        }
+        // No file is begun while one of these is on.
+        parser->inDefine = false;
+        parser->inUndefine = false;
+        parser->recordingTemplate = false;
+        parser->recordingRepeat = false;
+        parser->repeats.Clear();
+        parser->depth = depth;
+        parser->DropExpiredVariables();
+    }
+
     CSkinParser* parser;
     std::string file;
     const CXmlFileReader* reader;
+    int depth;
+    std::size_t openUses;
+    std::size_t listenedElements;
+    bool complete = false;
 };
 
 std::unique_ptr<CXercesSession> CSkinParser::OpenLibrary()
@@ -145,7 +178,7 @@ void CSkinParser::ResetWalk()
 
 bool CSkinParser::ParseOneFile(const std::string& path)
 {
-    const CFileScope scope(*this, path);
+    CFileScope scope(*this, path);
     if (!Exists(path))
     {
         Post(CMessageKind::Error, path + ": file does not exist");
@@ -161,7 +194,7 @@ bool CSkinParser::ParseOneFile(const std::string& path)
         const CXercesSession session;
         CXmlFileReader file(*this);
         reader = &file;
-        file.Read(bytes, path);
+        scope.SetComplete(file.Read(bytes, path));
     }
     catch (const xercesc::OutOfMemoryException&)
     {
@@ -344,8 +377,10 @@ bool CSkinParser::Stop(const std::string& reason)
     if (!stopped)
     {
         stopped = true;
-        Fail("Parsing stopped, line " + std::to_string(GetCurrentLine()) + ": " + reason + " (" +
-             GetCurrentFile() + ")");
+        success = false;
+        const std::string text = "Parsing stopped, line " + std::to_string(GetCurrentLine()) + ": " + reason +
+                                 " (" + GetCurrentFile() + ")";
+        log.PostLast(CMessageKind::Error, text.c_str());
     }
     return false;
 }

@@ -228,7 +228,9 @@ bool CSkinParser::StartScript(const CNamedAttributes& attributes)
 
 std::unique_ptr<Math::IConstant> CSkinParser::Compile(const char* formula)
 {
-    return Charge(CLimits::formulaCharge) ? CompileConstant(formula) : nullptr;
+    return Charge(CLimits::formulaCharge + CLimits::formulaByteCharge * std::strlen(formula))
+               ? CompileConstant(formula)
+               : nullptr;
 }
 
 bool CSkinParser::ReadInteger(const CNamedAttributes& attributes, const char* name, int& value)

@@ -14,6 +14,7 @@
 #include <xercesc/sax2/SAX2XMLReader.hpp>
 #include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/SecurityManager.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 namespace Mirel::SkinEngine
@@ -51,7 +52,7 @@ xercesc::InputSource* MakeEmptySource()
 
 static_assert(sizeof(XMLCh) == sizeof(char16_t) && std::is_same_v<XMLCh, char16_t>);
 
-void CXmlFileReader::Read(std::string_view bytes, const std::string& path)
+bool CXmlFileReader::Read(std::string_view bytes, const std::string& path)
 {
     const std::u16string wideName(path.begin(), path.end());
     xercesc::SecurityManager security;
@@ -63,14 +64,17 @@ void CXmlFileReader::Read(std::string_view bytes, const std::string& path)
     const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
                                             wideName.c_str());
     depth = 0;
+    complete = true;
     try
     {
         reader->parse(source);
     }
     catch (const CReadingEnded&)
     {
+        complete = false;
     }
     locator = nullptr;
+    return complete;
 }
 
 int CXmlFileReader::GetLine() const
@@ -91,6 +95,11 @@ void CXmlFileReader::startElement(const XMLCh* /*uri*/, const XMLCh* /*localName
     const XMLSize_t count = attributes.getLength();
     for (XMLSize_t i = 0; i < count; ++i)
     {
+        // Entities make values longer than they stand in the file.
+        if (xercesc::XMLString::stringLen(attributes.getValue(i)) > CLimits::maxAttributeBytes)
+        {
+            Refuse("an attribute longer than " + std::to_string(CLimits::maxAttributeBytes) + " bytes");
+        }
         narrow.Add(attributes.getQName(i), attributes.getValue(i));
     }
     AssignUtf8(qualifiedName, elementName);
@@ -122,6 +131,7 @@ void CXmlFileReader::error(const xercesc::SAXParseException& exception)
 
 void CXmlFileReader::fatalError(const xercesc::SAXParseException& exception)
 {
+    complete = false;
     Report(IXmlEvents::EFault::FatalError, exception);
 }
 

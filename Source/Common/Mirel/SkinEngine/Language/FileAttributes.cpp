@@ -20,6 +20,11 @@ std::string Join(const CNamePieces& pieces, std::size_t first, std::size_t end)
     return joined;
 }
 
+bool Has(const CNamedAttributes& attributes, const CNamePieces& pieces)
+{
+    return attributes.Get(Join(pieces, 0, pieces.size()).c_str()) != nullptr;
+}
+
 /// A path without a "." in its last name gets the text at its end.
 std::string InsertBeforeExtension(std::string path, const std::string& text)
 {
@@ -69,8 +74,9 @@ std::optional<std::string> FindShortenedAttribute(const CNamedAttributes& attrib
 std::optional<std::string> FindFileAttribute(const CNamedAttributes& attributes, const CNamePieces& pieces,
                                              const CFileAccess& files)
 {
-    const auto path = FindWholeAttribute(attributes, pieces, files);
-    return path ? path : FindShortenedAttribute(attributes, pieces, files);
+    // What is there, but may not be named, is not looked for elsewhere.
+    return Has(attributes, pieces) ? FindWholeAttribute(attributes, pieces, files)
+                                   : FindShortenedAttribute(attributes, pieces, files);
 }
 
 std::optional<std::string> FindFileAttribute(const CNamedAttributes& attributes, const CNamePieces& base,
@@ -78,9 +84,9 @@ std::optional<std::string> FindFileAttribute(const CNamedAttributes& attributes,
 {
     CNamePieces all = base;
     all.insert(all.end(), suffix.begin(), suffix.end());
-    if (const auto path = FindWholeAttribute(attributes, all, files))
+    if (Has(attributes, all))
     {
-        return path;
+        return FindWholeAttribute(attributes, all, files);
     }
     for (std::size_t baseCount = base.size(); baseCount > 0; --baseCount)
     {
