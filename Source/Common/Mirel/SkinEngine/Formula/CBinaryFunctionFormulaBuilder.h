@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Mirel/Math/TBinaryFunction.h"
 #include "Mirel/SkinEngine/Formula/TLocalFormulaBuilder.h"
 
 #include <string>
@@ -25,11 +24,11 @@ protected:
         CResult known = TLocalFormulaBuilder::BuildParameter(node);
         if (known == nullptr && NameOf(node) == xName)
         {
-            known = std::make_unique<Math::TBinaryFunction<&Math::FunctionsLibrary::X>>();
+            known = MakeFirstVariable();
         }
         else if (known == nullptr && NameOf(node) == yName)
         {
-            known = std::make_unique<Math::TBinaryFunction<&Math::FunctionsLibrary::Y>>();
+            known = MakeSecondVariable();
         }
         return known;
     }

@@ -87,6 +87,18 @@ bool CFormulaParameters::SetBinaryFunction(const char* name, const Math::IBinary
     return Set(binaryFunctions, name, function, owned);
 }
 
+template <class P>
+std::unique_ptr<P> CFormulaParameters::AddConstant(const std::string& name)
+{
+    auto placeholder = std::make_unique<P>(0.0f);
+    constants[name].push_back(placeholder.get());
+    return placeholder;
+}
+
+template std::unique_ptr<Math::CConstant> CFormulaParameters::AddConstant(const std::string&);
+template std::unique_ptr<Math::CConstantFunction> CFormulaParameters::AddConstant(const std::string&);
+template std::unique_ptr<Math::CConstantBinaryFunction> CFormulaParameters::AddConstant(const std::string&);
+
 std::unique_ptr<Math::CFunctionProxy> CFormulaParameters::AddFunction(const std::string& name)
 {
     return Add<Math::CFunctionProxy>(functions, name);

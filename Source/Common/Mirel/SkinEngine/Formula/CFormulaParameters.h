@@ -64,13 +64,9 @@ public:
     bool SetBinaryFunction(const char* name, const Math::IBinaryFunction* function, bool owned);
 
     /// For the builder of the tree, which takes the placeholder into it: one more occurrence of the name.
+    /// P is the class of numbers of the tree's family.
     template <class P>
-    std::unique_ptr<P> AddConstant(const std::string& name)
-    {
-        auto placeholder = std::make_unique<P>(0.0f);
-        constants[name].push_back(placeholder.get());
-        return placeholder;
-    }
+    std::unique_ptr<P> AddConstant(const std::string& name);
 
     std::unique_ptr<Math::CFunctionProxy> AddFunction(const std::string& name);
     std::unique_ptr<Math::CBinaryFunctionProxy> AddBinaryFunction(const std::string& name);

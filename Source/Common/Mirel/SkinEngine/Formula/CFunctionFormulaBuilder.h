@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Mirel/Math/TFunction.h"
 #include "Mirel/SkinEngine/Formula/TLocalFormulaBuilder.h"
 
 #include <string>
@@ -21,7 +20,7 @@ protected:
         CResult known = TLocalFormulaBuilder::BuildParameter(node);
         if (known == nullptr && NameOf(node) == variable)
         {
-            known = std::make_unique<Math::TFunction<&Math::FunctionsLibrary::Identity>>();
+            known = MakeVariable();
         }
         return known;
     }

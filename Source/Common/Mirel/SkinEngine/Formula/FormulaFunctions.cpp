@@ -43,6 +43,21 @@ const I* Find(const TEntry<K, I> (&table)[n], K key)
 
 } // namespace
 
+std::unique_ptr<Math::IFunction> MakeVariable()
+{
+    return std::make_unique<Math::TFunction<&Library::Identity>>();
+}
+
+std::unique_ptr<Math::IBinaryFunction> MakeFirstVariable()
+{
+    return std::make_unique<Math::TBinaryFunction<&Library::X>>();
+}
+
+std::unique_ptr<Math::IBinaryFunction> MakeSecondVariable()
+{
+    return std::make_unique<Math::TBinaryFunction<&Library::Y>>();
+}
+
 const Math::IBinaryFunction* FindOperator(EFormulaToken type)
 {
     static const TEntry<EFormulaToken, Math::IBinaryFunction> operators[] = {

@@ -11,8 +11,6 @@
 #include "Mirel/Math/CFunctionsComposition.h"
 
 #include <memory>
-#include <type_traits>
-#include <utility>
 
 namespace Mirel::SkinEngine
 {
@@ -49,40 +47,16 @@ struct TFormulaFamily<Math::IBinaryFunction>
 };
 
 template <class I>
-std::unique_ptr<I> MakeNumber(float value)
-{
-    return std::make_unique<typename TFormulaFamily<I>::CNumber>(value);
-}
+std::unique_ptr<I> MakeNumber(float value);
 
 /// combine(left, right).
 template <class I>
 std::unique_ptr<I> MakeCombination(std::unique_ptr<I> left, std::unique_ptr<I> right,
-                                   Math::TFunctionHolder<Math::IBinaryFunction> combine)
-{
-    using CCombination = typename TFormulaFamily<I>::CCombination;
-    return std::make_unique<CCombination>(Math::TFunctionHolder<I>(left.release(), true),
-                                          Math::TFunctionHolder<I>(right.release(), true),
-                                          std::move(combine));
-}
+                                   Math::TFunctionHolder<Math::IBinaryFunction> combine);
 
 /// function(inner).
 template <class I>
 std::unique_ptr<I> MakeComposition(const Math::IFunction* function, bool functionOwned,
-                                   std::unique_ptr<I> inner)
-{
-    using CComposition = typename TFormulaFamily<I>::CComposition;
-    if constexpr (std::is_same_v<I, Math::IFunction>)
-    {
-        auto composition = std::make_unique<CComposition>();
-        composition->Add(inner.release(), true);
-        composition->Add(function, functionOwned);
-        return composition;
-    }
-    else
-    {
-        return std::make_unique<CComposition>(Math::TFunctionHolder<Math::IFunction>(function, functionOwned),
-                                              Math::TFunctionHolder<I>(inner.release(), true));
-    }
-}
+                                   std::unique_ptr<I> inner);
 
 } // namespace Mirel::SkinEngine

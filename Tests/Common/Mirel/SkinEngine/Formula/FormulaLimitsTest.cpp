@@ -82,12 +82,13 @@ bool SurvivesAsValid(const std::string& text)
 
 TEST(FormulaLimits, AMegabyteIsRefused)
 {
+    constexpr std::size_t million = 1000000;
     constexpr int halfMillion = 500000;
     EXPECT_FALSE(SurvivesAsValid(Joined({Repeated("x+", halfMillion), "x"})));
     EXPECT_FALSE(SurvivesAsValid(Repeated("x ", halfMillion)));
     EXPECT_FALSE(SurvivesAsValid(Repeated("??", halfMillion)));
-    EXPECT_FALSE(SurvivesAsValid(std::string(2 * halfMillion, '1')));
-    EXPECT_FALSE(SurvivesAsValid(Joined({"'", std::string(2 * halfMillion, 'a')})));
+    EXPECT_FALSE(SurvivesAsValid(std::string(million, '1')));
+    EXPECT_FALSE(SurvivesAsValid(Joined({"'", std::string(million, 'a')})));
 }
 
 TEST(FormulaLimits, AHundredThousandBracketsAreRefused)

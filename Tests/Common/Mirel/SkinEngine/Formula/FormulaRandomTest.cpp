@@ -135,8 +135,10 @@ private:
 void KeepMemory()
 {
     constexpr int plenty = 1 << 26;
+    // Nobody else is running. NOLINTBEGIN(concurrency-mt-unsafe)
     mallopt(M_MMAP_THRESHOLD, plenty);
     mallopt(M_TRIM_THRESHOLD, plenty);
+    // NOLINTEND(concurrency-mt-unsafe)
 }
 
 constexpr float points[][2] = {{0.0f, 1.0f}, {-1.5f, 0.25f}, {3.0f, -2.0f}};

@@ -1,5 +1,8 @@
 #include "Mirel/SkinEngine/Formula/FormulaSyntax.h"
 
+#include "Mirel/SkinEngine/Formula/Limits.h"
+#include "Support/Texts.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -231,6 +234,42 @@ TEST(FormulaSyntax, CharactersThatBeginNoTokenAreSkipped)
                   {"1 \xc3\xa9 + 2", "(+ 1 2)"},
                   {"~`\"{};:\\1", "1"},
                   {"?", "error"}});
+}
+
+TEST(FormulaSyntax, AFaultTellsWhatIsWrongAndWhere)
+{
+    using EKind = CFormulaFault::EKind;
+    const struct
+    {
+        std::string text;
+        EKind kind;
+        std::size_t position;
+        int skips;
+    } rows[] = {
+        {"1 + 2", EKind::None, 0, 0},
+        {"1 ? + @ 2", EKind::None, 0, 2},
+        {"", EKind::Empty, 0, 0},
+        {"1 + * 2", EKind::Syntax, 4, 0},
+        {"(1 + 2", EKind::Syntax, 6, 0},
+        {"1 2", EKind::Syntax, 2, 0},
+        {"  ", EKind::Syntax, 2, 0},
+        {"f(1,)", EKind::Syntax, 4, 0},
+        {"1)) + (2", EKind::Syntax, 1, 0},
+        {"? --1", EKind::Syntax, 3, 1},
+        {"a b c d", EKind::Syntax, 2, 0},
+        {std::string(CFormulaLimits::maxBytes + 1, ' '), EKind::TooLong, 0, 0},
+        {Tests::Joined({Tests::Repeated("(", 100), "1", Tests::Repeated(")", 100)}), EKind::TooManyBrackets,
+         0, 0},
+        {Tests::Joined({Tests::Repeated("1+", 300), "1"}), EKind::TooDeep, 0, 0},
+    };
+    for (const auto& row : rows)
+    {
+        CFormulaFault fault;
+        EXPECT_EQ(ParseFormula(row.text.c_str(), &fault).has_value(), row.kind == EKind::None) << row.text;
+        EXPECT_EQ(fault.kind, row.kind) << row.text;
+        EXPECT_EQ(fault.position, row.position) << row.text;
+        EXPECT_EQ(fault.skips, row.skips) << row.text;
+    }
 }
 
 TEST(FormulaSyntax, NothingIsPrinted)

@@ -218,9 +218,9 @@ TEST(TParametrizedFunction, BorrowedFunctionsStay)
 TEST(TParametrizedFunction, TheSameFunctionMayBeSetAgain)
 {
     int alive = 0;
-    auto* const function = new CCountedFunction(2.0f, alive);
     const auto formula = CompileParametrizedFunction("c(x)", "x");
     ASSERT_NE(formula, nullptr);
+    auto* const function = new CCountedFunction(2.0f, alive);
     EXPECT_TRUE(formula->GetParameters().SetFunction("c", function, true));
     EXPECT_TRUE(formula->GetParameters().SetFunction("c", function, true));
     EXPECT_EQ(alive, 1);
