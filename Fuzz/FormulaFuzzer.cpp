@@ -108,7 +108,11 @@ void CompareBinaryFunctions(const char* text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text(data, data + size);
-    if (ParseFormula(text.c_str()))
+    CFormulaFault fault;
+    const bool isSyntax = ParseFormula(text.c_str(), &fault).has_value();
+    Fuzz::Require(isSyntax == (fault.kind == CFormulaFault::EKind::None));
+    Fuzz::Require(fault.position <= text.size() && fault.skips >= 0);
+    if (isSyntax)
     {
         CompareConstants(text.c_str());
         CompareFunctions(text.c_str());
