@@ -43,7 +43,7 @@ struct CLimits
     static constexpr std::size_t maxReadBytes = std::size_t{16} << 20U;
     static constexpr std::size_t minFileCharge = std::size_t{4} << 10U;
 
-    /// Files that are open at once, each included by the one before. Each costs the stack 3 KB.
+    /// Files that are open at once, each included by the one before. Each costs the stack 2.5 KB.
     static constexpr int maxIncludeDepth = 16;
 
     /// What templates, repeats, definitions and variables may make of the files, in bytes: every element,
@@ -55,7 +55,7 @@ struct CLimits
     /// Charges for what takes time rather than memory: looking for a file, compiling a formula.
     static constexpr std::size_t fileTestCharge = std::size_t{4} << 10U;
     static constexpr std::size_t formulaCharge = std::size_t{8} << 10U;
-    static constexpr std::size_t formulaByteCharge = 4;
+    static constexpr std::size_t formulaByteCharge = 16;
 
     /// Elements that are open at once, through all files and templates. Widgets are nested as deep.
     static constexpr int maxElementDepth = 1024;

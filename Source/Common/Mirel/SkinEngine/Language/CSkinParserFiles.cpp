@@ -194,7 +194,7 @@ bool CSkinParser::ParseOneFile(const std::string& path)
         const CXercesSession session;
         CXmlFileReader file(*this);
         reader = &file;
-        scope.SetComplete(file.Read(bytes, path));
+        scope.SetComplete(file.Read(bytes));
     }
     catch (const xercesc::OutOfMemoryException&)
     {

@@ -52,9 +52,8 @@ xercesc::InputSource* MakeEmptySource()
 
 static_assert(sizeof(XMLCh) == sizeof(char16_t) && std::is_same_v<XMLCh, char16_t>);
 
-bool CXmlFileReader::Read(std::string_view bytes, const std::string& path)
+bool CXmlFileReader::Read(std::string_view bytes)
 {
-    const std::u16string wideName(path.begin(), path.end());
     xercesc::SecurityManager security;
     const std::unique_ptr<xercesc::SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
     SwitchOffForeignEntities(*reader, security);
@@ -62,7 +61,7 @@ bool CXmlFileReader::Read(std::string_view bytes, const std::string& path)
     reader->setErrorHandler(this);
     reader->setEntityResolver(this);
     const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
-                                            wideName.c_str());
+                                            "skin");
     depth = 0;
     complete = true;
     try

@@ -19,9 +19,9 @@ public:
     /// The events are not owned.
     explicit CXmlFileReader(IXmlEvents& events_) : events(&events_) {}
 
-    /// Reads the file's bytes; the path is its name in messages. False if the file broke off. Passes on
-    /// exceptions of the library and of the events.
-    bool Read(std::string_view bytes, const std::string& path);
+    /// Reads the file's bytes. False if the file broke off. Passes on exceptions of the library and of the
+    /// events.
+    bool Read(std::string_view bytes);
 
     /// The line that the reader has come to: within a start tag its last one. 0 outside of Read.
     int GetLine() const;

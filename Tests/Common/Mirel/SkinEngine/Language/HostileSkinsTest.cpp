@@ -1,17 +1,17 @@
-// Skins that mean harm, or are broken in ways that look like it: each ends in a clear message within a second of
-// processor time, 256 MB and a small stack.
+// Skins that mean harm, or are broken in ways that look like it: each ends in a clear message within a second
+// of processor time, 256 MB and a small stack.
 
+#include "Common/Mirel/Serialization/ThreadTime.h"
 #include "Mirel/SkinEngine/Limits.h"
 #include "ParserRig.h"
 #include "SmallStack.h"
-#include "Common/Mirel/Serialization/ThreadTime.h"
 
 #include <filesystem>
 #include <fstream>
 #include <memory>
 
-#include <malloc.h>
 #include <arpa/inet.h>
+#include <malloc.h>
 #include <poll.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -53,7 +53,7 @@ protected:
         bool result = false;
         double seconds = 0;
         const std::size_t peakBefore = PeakBytes();
-        RunOnSmallStack(
+        stackBytes = RunOnSmallStack(
             [&]
             {
                 const double begin = ThreadSeconds();
@@ -65,8 +65,8 @@ protected:
         EXPECT_LT(PeakBytes() - peakBefore, (isSanitized ? std::size_t{2048} : std::size_t{256}) << 20U);
         if (std::getenv("HOSTILE_FIGURES") != nullptr)
         {
-            std::printf("%.3f s, peak +%zu MB, kept %zu MB\n", seconds, (PeakBytes() - peakBefore) >> 20U,
-                        AllocatedBytes() >> 20U);
+            std::printf("%.3f s, stack %zu KB, peak +%zu MB, kept %zu MB\n", seconds, stackBytes >> 10U,
+                        (PeakBytes() - peakBefore) >> 20U, AllocatedBytes() >> 20U);
         }
         return result;
     }
@@ -97,6 +97,7 @@ protected:
     }
 
     CParserRig rig;
+    std::size_t stackBytes = 0; ///< Of the last parse.
 };
 
 constexpr const char* tooMuch = "0 Parsing stopped, line 1: templates, repeats and variables make more than "
@@ -110,7 +111,8 @@ TEST_F(HostileSkins, ExternalEntitiesAreNotRead)
         EXPECT_FALSE(Parse("<!DOCTYPE S [<!ENTITY e SYSTEM \"" + target + "\">]><S>&e;</S>"));
         ASSERT_EQ(rig.GetMessages().size(), 1U);
         EXPECT_TRUE(rig.GetMessages()[0].starts_with("0 Fatal error line 1: external entity '"));
-        EXPECT_TRUE(rig.GetMessages()[0].ends_with(target + "' is not read (skin.xml)")) << rig.GetMessages()[0];
+        EXPECT_TRUE(rig.GetMessages()[0].ends_with(target + "' is not read (skin.xml)"))
+            << rig.GetMessages()[0];
         EXPECT_EQ(rig.trace.text, "<S></S>");
     }
 }
@@ -168,7 +170,8 @@ TEST_F(HostileSkins, NothingIsFetchedFromTheNetwork)
         "<!DOCTYPE S PUBLIC 'p' '" + port.url + "'><S/>",
         "<!DOCTYPE S [<!ENTITY e SYSTEM '" + port.url + "'>]><S>&e;</S>",
         "<!DOCTYPE S [<!ENTITY % p SYSTEM '" + port.url + "'> %p;]><S/>",
-        "<S xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='" + port.url + "'/>",
+        "<S xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='" +
+            port.url + "'/>",
         "<S xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:schemaLocation='u " + port.url + "'/>",
         "<?xml-stylesheet href='" + port.url + "'?><S/>",
         "<S xmlns:xi='http://www.w3.org/2001/XInclude'><xi:include href='" + port.url + "'/></S>",
@@ -188,7 +191,8 @@ TEST_F(HostileSkins, NothingIsFetchedFromTheNetwork)
 TEST_F(HostileSkins, SchemasAreNotRead)
 {
     rig.folder.Write("s.xsd", "not a schema");
-    EXPECT_TRUE(Parse("<S xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='s.xsd'/>"));
+    EXPECT_TRUE(Parse(
+        "<S xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='s.xsd'/>"));
     EXPECT_EQ(rig.GetMessages(), Messages());
 }
 
@@ -257,8 +261,10 @@ TEST_F(HostileSkins, DefaultAttributesAreBounded)
 
 TEST_F(HostileSkins, LongDocumentTypeIsRefused)
 {
-    EXPECT_FALSE(Parse("<!DOCTYPE S [<!ENTITY e '" + std::string(CLimits::maxDocumentTypeBytes, 'x') + "'>]><S/>"));
-    EXPECT_EQ(rig.GetMessages(), Messages{"0 Fatal error line 1: document type longer than 16384 bytes (skin.xml)"});
+    EXPECT_FALSE(
+        Parse("<!DOCTYPE S [<!ENTITY e '" + std::string(CLimits::maxDocumentTypeBytes, 'x') + "'>]><S/>"));
+    EXPECT_EQ(rig.GetMessages(),
+              Messages{"0 Fatal error line 1: document type longer than 16384 bytes (skin.xml)"});
 }
 
 TEST_F(HostileSkins, DeepNestingIsRefused)
@@ -269,7 +275,8 @@ TEST_F(HostileSkins, DeepNestingIsRefused)
         deep += "<A>";
     }
     EXPECT_FALSE(Parse(deep));
-    EXPECT_EQ(rig.GetMessages(), Messages{"0 Fatal error line 2: elements nested deeper than 256 (skin.xml)"});
+    EXPECT_EQ(rig.GetMessages(),
+              Messages{"0 Fatal error line 2: elements nested deeper than 256 (skin.xml)"});
 }
 
 TEST_F(HostileSkins, DeepNestingInEntitiesIsRefused)
@@ -282,7 +289,8 @@ TEST_F(HostileSkins, DeepNestingInEntitiesIsRefused)
         ends += "</A>";
     }
     EXPECT_FALSE(Parse("<!DOCTYPE S [<!ENTITY e '" + entity + ends + "'>]><S>&e;</S>"));
-    EXPECT_EQ(rig.GetMessages(), Messages{"0 Fatal error line 1: elements nested deeper than 256 (skin.xml)"});
+    EXPECT_EQ(rig.GetMessages(),
+              Messages{"0 Fatal error line 1: elements nested deeper than 256 (skin.xml)"});
 }
 
 TEST_F(HostileSkins, DeepestHonestFileIsRead)
@@ -313,7 +321,12 @@ TEST_F(HostileSkins, DeepNestingThroughTemplatesIsStopped)
 
 TEST_F(HostileSkins, DeepRecordingIsStopped)
 {
-    rig.OnStart("LIST", [&](const CNamedAttributes&) { rig.parser.StartRecording(nullptr); return true; });
+    rig.OnStart("LIST",
+                [&](const CNamedAttributes&)
+                {
+                    rig.parser.StartRecording(nullptr);
+                    return true;
+                });
     std::string body;
     std::string ends;
     for (int i = 0; i < 200; ++i)
@@ -409,10 +422,16 @@ TEST_F(HostileSkins, TemplateThatUsesItselfBehindItsHoleIsStopped)
 
 TEST_F(HostileSkins, RecursionToTheLimitFitsTheStack)
 {
-    EXPECT_FALSE(Parse("<S><TEMPLATE id='T'><BOX><ROW><T a='$a$'/></ROW></BOX></TEMPLATE><T a='1'/><A/></S>"));
+    EXPECT_FALSE(
+        Parse("<S><TEMPLATE id='T'><BOX><ROW><T a='$a$'/></ROW></BOX></TEMPLATE><T a='1'/><A/></S>"));
     EXPECT_EQ(rig.GetMessages(),
               Messages{"1 Recursion detected: 'T has been recursively instantiated more than 256 times."});
     EXPECT_TRUE(rig.trace.text.ends_with("</ROW></BOX><A></A></S>"));
+    // Nested templates take none of it.
+    const std::size_t nested = stackBytes;
+    EXPECT_TRUE(Parse("<S><TEMPLATE id='T'><BOX><ROW/></BOX></TEMPLATE><T a='1'/><A/></S>"));
+    constexpr std::size_t messages = 4096;
+    EXPECT_LE(nested, stackBytes + messages);
 }
 
 TEST_F(HostileSkins, VariableThatDoublesItselfIsCutOff)
@@ -430,7 +449,8 @@ TEST_F(HostileSkins, VariableThatDoublesItselfIsCutOff)
 TEST_F(HostileSkins, LongVariableInManyElementsIsStopped)
 {
     const std::string half(500000, 'x');
-    EXPECT_FALSE(Parse("<S><VARIABLE id='v' value='" + half + "'/><REPEAT count='1000000'><A x='$v$'/></REPEAT></S>"));
+    EXPECT_FALSE(
+        Parse("<S><VARIABLE id='v' value='" + half + "'/><REPEAT count='1000000'><A x='$v$'/></REPEAT></S>"));
     ExpectMessage(tooMuch);
 }
 
@@ -442,7 +462,8 @@ TEST_F(HostileSkins, LongParameterInManyAttributesIsCutOff)
     {
         attributes += " a" + std::to_string(i) + "='$p$'";
     }
-    EXPECT_FALSE(Parse("<S><TEMPLATE id='T' p='" + half + "'><A" + attributes + "/></TEMPLATE>"
+    EXPECT_FALSE(Parse("<S><TEMPLATE id='T' p='" + half + "'><A" + attributes +
+                       "/></TEMPLATE>"
                        "<REPEAT count='1000000'><T/></REPEAT></S>"));
     ExpectMessage("0 'A': attributes become too long when variables are put in");
     ExpectMessage("Parsing stopped");
@@ -451,7 +472,8 @@ TEST_F(HostileSkins, LongParameterInManyAttributesIsCutOff)
 TEST_F(HostileSkins, LongDefinitionInManyElementsIsStopped)
 {
     const std::string half(500000, 'x');
-    EXPECT_FALSE(Parse("<S><DEFINE><D base_type='A' x='" + half + "'/></DEFINE>"
+    EXPECT_FALSE(Parse("<S><DEFINE><D base_type='A' x='" + half +
+                       "'/></DEFINE>"
                        "<REPEAT count='1000000'><D/></REPEAT></S>"));
     ExpectMessage(tooMuch);
 }
@@ -460,8 +482,8 @@ TEST_F(HostileSkins, FileThatIncludesItselfIsCutOff)
 {
     rig.folder.Write("part.xml", "<P><INCLUDE file='part.xml'/></P>");
     EXPECT_FALSE(Parse("<S><INCLUDE file='part.xml'/><A/></S>"));
-    EXPECT_EQ(rig.GetMessages(),
-              Messages{"0 " + rig.folder.GetPath("part.xml") + ": files include each other more than 16 deep"});
+    EXPECT_EQ(rig.GetMessages(), Messages{"0 " + rig.folder.GetPath("part.xml") +
+                                          ": files include each other more than 16 deep"});
     EXPECT_TRUE(rig.trace.text.ends_with("<A></A></S>"));
 }
 
@@ -480,17 +502,21 @@ TEST_F(HostileSkins, FileThatIncludesItselfTwiceIsStopped)
 
 TEST_F(HostileSkins, IncludesAtTheirDeepestInTemplatesFitTheStack)
 {
-    rig.folder.Write("part.xml", "<P><TEMPLATE id='T$n$'><BOX><TEMPLATE_INNER_CONTENT/></BOX></TEMPLATE><REPEAT count='1'><REPEAT count='1'>"
-                                 "<VARIABLE id='n' value='$n$i' override='true'/><INCLUDE file='part.xml'/></REPEAT></REPEAT>"
-                                 "<VARIABLE id='f' override='true' formula='" +
-                                     std::string(90, '(') + "1" + std::string(90, ')') + "'/></P>");
+    rig.folder.Write(
+        "part.xml",
+        "<P><TEMPLATE id='T$n$'><BOX><TEMPLATE_INNER_CONTENT/></BOX></TEMPLATE><REPEAT count='1'><REPEAT "
+        "count='1'>"
+        "<VARIABLE id='n' value='$n$i' override='true'/><INCLUDE file='part.xml'/></REPEAT></REPEAT>"
+        "<VARIABLE id='f' override='true' formula='" +
+            std::string(90, '(') + "1" + std::string(90, ')') + "'/></P>");
     EXPECT_FALSE(Parse("<S><VARIABLE id='n' value='i'/><INCLUDE file='part.xml'/></S>"));
     ExpectMessage("files include each other more than 16 deep");
 }
 
 TEST_F(HostileSkins, RepeatsOfBillionsAreStopped)
 {
-    EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><REPEAT count='2000000000'><A/></REPEAT></REPEAT></S>"));
+    EXPECT_FALSE(
+        Parse("<S><REPEAT count='2000000000'><REPEAT count='2000000000'><A/></REPEAT></REPEAT></S>"));
     ExpectMessage(tooMuch);
     EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'/></S>"));
     ExpectMessage(tooMuch);
@@ -502,7 +528,8 @@ TEST_F(HostileSkins, RepeatsOfBillionsAreStopped)
 
 TEST_F(HostileSkins, RepeatedFormulasAreStopped)
 {
-    EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><VARIABLE id='v' override='true' formula='1+2*3'/></REPEAT></S>"));
+    EXPECT_FALSE(Parse(
+        "<S><REPEAT count='2000000000'><VARIABLE id='v' override='true' formula='1+2*3'/></REPEAT></S>"));
     ExpectMessage(tooMuch);
     const std::string sum(std::string(8000, '1') + "+1");
     EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><VARIABLE id='v' override='true' formula='" + sum +
@@ -518,7 +545,8 @@ TEST_F(HostileSkins, RepeatedIncludesOfNothingAreStopped)
 
 TEST_F(HostileSkins, RepeatedTemplatesThatAreKeptAreStopped)
 {
-    EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><TEMPLATE id='T$index$'><A a='1' b='2'/><B/></TEMPLATE></REPEAT></S>"));
+    EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><TEMPLATE id='T$index$'><A a='1' "
+                       "b='2'/><B/></TEMPLATE></REPEAT></S>"));
     ExpectMessage(tooMuch);
     EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><VARIABLE id='v$index$' value='1'/></REPEAT></S>"));
     ExpectMessage(tooMuch);
