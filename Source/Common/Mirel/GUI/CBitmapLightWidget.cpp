@@ -9,13 +9,13 @@ namespace Mirel::GUI
 
 CBitmapLightWidget::CBitmapLightWidget(CLightWidget* parent_,
                                        std::unique_ptr<Graphics::CImageElement> element, ETileMode mode)
-    : CBitmapLightWidget(parent_, new Graphics::CImageGraphics(std::move(element), mode))
+    : CBitmapLightWidget(*new Graphics::CImageGraphics(std::move(element), mode), parent_)
 {
 }
 
-CBitmapLightWidget::CBitmapLightWidget(CLightWidget* parent_, Graphics::CImageGraphics* image_)
-    : CLightWidget(parent_, image_, true),
-      image(image_)
+CBitmapLightWidget::CBitmapLightWidget(Graphics::CImageGraphics& image_, CLightWidget* parent_)
+    : CLightWidget(parent_, &image_, true),
+      image(&image_)
 {
 }
 

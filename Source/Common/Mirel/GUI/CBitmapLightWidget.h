@@ -21,7 +21,7 @@ public:
     Graphics::CImageGraphics& GetImageGraphics() const { return *image; }
 
 private:
-    CBitmapLightWidget(CLightWidget* parent_, Graphics::CImageGraphics* image_);
+    CBitmapLightWidget(Graphics::CImageGraphics& image_, CLightWidget* parent_);
 
     Graphics::CImageGraphics* image; ///< Owned by the base.
 };

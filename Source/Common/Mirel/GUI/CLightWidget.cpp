@@ -211,12 +211,14 @@ void CLightWidget::SetCursor(CSharedCursor newCursor)
 
 CPoint CLightWidget::GetAbsolutePosition() const
 {
-    CPoint sum = position;
-    for (const CLightWidget* widget = parent; widget != nullptr; widget = widget->parent)
+    std::int64_t x = 0;
+    std::int64_t y = 0;
+    for (const CLightWidget* widget = this; widget != nullptr; widget = widget->parent)
     {
-        sum = Plus(sum, widget->position);
+        x += widget->position.x;
+        y += widget->position.y;
     }
-    return sum;
+    return {Core::SaturateToInt32(x), Core::SaturateToInt32(y)};
 }
 
 CWidget* CLightWidget::GetRootWidget() const

@@ -4,13 +4,13 @@ namespace Mirel::GUI
 {
 
 CTextLightWidget::CTextLightWidget(CLightWidget* parent_)
-    : CTextLightWidget(parent_, new Graphics::CTextDrawer())
+    : CTextLightWidget(*new Graphics::CTextDrawer(), parent_)
 {
 }
 
-CTextLightWidget::CTextLightWidget(CLightWidget* parent_, Graphics::CTextDrawer* drawer_)
-    : CLightWidget(parent_, drawer_, true),
-      drawer(drawer_)
+CTextLightWidget::CTextLightWidget(Graphics::CTextDrawer& drawer_, CLightWidget* parent_)
+    : CLightWidget(parent_, &drawer_, true),
+      drawer(&drawer_)
 {
 }
 

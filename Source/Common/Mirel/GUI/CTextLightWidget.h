@@ -20,7 +20,7 @@ public:
     const char* GetText() const { return drawer->GetText().c_str(); }
 
 private:
-    CTextLightWidget(CLightWidget* parent_, Graphics::CTextDrawer* drawer_);
+    CTextLightWidget(Graphics::CTextDrawer& drawer_, CLightWidget* parent_);
 
     Graphics::CTextDrawer* drawer; ///< Owned by the base.
 };

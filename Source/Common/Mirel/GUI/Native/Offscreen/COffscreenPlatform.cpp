@@ -75,9 +75,9 @@ void COffscreenPlatform::MovePointer(CPoint screenPosition)
 {
     pointer = screenPosition;
     const Core::CLifeToken::CWatch watch(life);
-    Track();
+    const bool hasEntered = Track();
     COffscreenWindow* const target = watch.IsAlive() ? FindTarget() : nullptr;
-    if (target != nullptr)
+    if (target != nullptr && !(hasEntered && target == hover))
     {
         target->GetSink().OnPointerMove(MakeEvent(*target));
     }
@@ -366,13 +366,13 @@ SNativeMouseEvent COffscreenPlatform::MakeEvent(const COffscreenWindow& window) 
     return event;
 }
 
-/// Enter and leave of windows; a held button puts them off.
-void COffscreenPlatform::Track()
+/// Enter and leave of windows; a held button puts them off. True if a window was entered.
+bool COffscreenPlatform::Track()
 {
     COffscreenWindow* const under = FindUnderPointer();
     if (under == hover || buttons != 0)
     {
-        return;
+        return false;
     }
     const Core::CLifeToken::CWatch watch(life);
     COffscreenWindow* const old = std::exchange(hover, under);
@@ -383,7 +383,9 @@ void COffscreenPlatform::Track()
     if (watch.IsAlive() && under != nullptr && hover == under)
     {
         under->GetSink().OnPointerEnter(MakeEvent(*under));
+        return true;
     }
+    return false;
 }
 
 void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)

@@ -88,7 +88,7 @@ private:
     COffscreenWindow* FindTarget() const;
     COffscreenWindow* FindTopMenu() const;
     SNativeMouseEvent MakeEvent(const COffscreenWindow& window) const;
-    void Track();
+    bool Track();
     void SendKey(SNativeKeyEvent event, bool down);
 
     CNativeRunLoop& loop;
