@@ -6,6 +6,7 @@
 
 #include "Mirel/Graphics/CDIBBitmap.h"
 #include "Mirel/Graphics/CDrawSurface.h"
+#include "Mirel/Graphics/CFontManager.h"
 #include "Support/Contest.h"
 #include "TraceFrames.h"
 
@@ -16,6 +17,8 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <pango/pangocairo.h>
+#include <string>
 #include <vector>
 
 using namespace Mirel::Graphics;
@@ -148,6 +151,77 @@ void Frame(benchmark::State& state)
     contest.Run();
 }
 
+/// The labels of a ruler.
+constexpr int labels = 11;
+
+std::string MakeLabel(int index)
+{
+    return std::to_string(10 * index - 60) + ".0 dB";
+}
+
+/// What the text library takes without a layout kept: as it comes, with its own map of the system's fonts.
+PangoLayout* MakeRawLayout(PangoContext* context, const PangoFontDescription* font, const std::string& text)
+{
+    PangoLayout* layout = pango_layout_new(context);
+    pango_layout_set_font_description(layout, font);
+    pango_layout_set_text(layout, text.c_str(), -1);
+    return layout;
+}
+
+void Labels(benchmark::State& state)
+{
+    const bool drawn = state.range(0) != 0;
+    CFontManager fonts(GetFontsFolder(DATA_FOLDER));
+    CFontDescription description;
+    description.height = 11;
+    CDIBBitmap bitmap(32, {width, height});
+    const auto surface = bitmap.CreateSurface();
+    surface->SetFont(fonts.GetFont(description));
+    surface->SetPenColor(pen);
+    cairo_t* context = surface->GetNativeContext();
+    PangoFontMap* map = pango_cairo_font_map_new();
+    PangoContext* raw = pango_font_map_create_context(map);
+    PangoFontDescription* font = pango_font_description_new();
+    pango_font_description_set_family(font, "DejaVu Sans");
+    pango_font_description_set_absolute_size(font, 11.0 * PANGO_SCALE);
+
+    Benchmarks::CContest contest(state, labels);
+    contest.Add("labels",
+                [&]
+                {
+                    for (int i = 0; i < labels; ++i)
+                    {
+                        const std::string text = MakeLabel(i);
+                        benchmark::DoNotOptimize(surface->GetTextExtent(text.c_str()));
+                        if (drawn)
+                        {
+                            surface->DrawText(text.c_str(), {10, 40 * i});
+                        }
+                    }
+                });
+    contest.Add("library",
+                [&]
+                {
+                    for (int i = 0; i < labels; ++i)
+                    {
+                        PangoLayout* layout = MakeRawLayout(raw, font, MakeLabel(i));
+                        int extent = 0;
+                        pango_layout_get_pixel_size(layout, &extent, nullptr);
+                        benchmark::DoNotOptimize(extent);
+                        if (drawn)
+                        {
+                            cairo_move_to(context, 10, 40 * i);
+                            pango_cairo_show_layout(context, layout);
+                        }
+                        g_object_unref(layout);
+                    }
+                });
+    contest.Run();
+    pango_font_description_free(font);
+    g_object_unref(raw);
+    g_object_unref(map);
+}
+
 } // namespace
 
 BENCHMARK(TraceFrame)
@@ -156,5 +230,6 @@ BENCHMARK(TraceFrame)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame)->ArgName("side")->Arg(32)->Arg(128)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(Labels)->ArgName("drawn")->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();

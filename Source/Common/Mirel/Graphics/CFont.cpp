@@ -53,23 +53,22 @@ public:
 
     void Keep(std::string_view text, const CTextLayoutRequest& request, CShared layout)
     {
-        if (text.size() > longestKept)
+        entries.emplace_front(CKey(text, request), std::move(layout));
+        places.emplace(GetView(entries.front().first), entries.begin());
+        bytesKept += text.size();
+        while (entries.size() > mostKept || bytesKept > mostBytesKept)
         {
-            return;
-        }
-        if (entries.size() == mostKept)
-        {
+            bytesKept -= entries.back().first.first.size();
             places.erase(GetView(entries.back().first));
             entries.pop_back();
         }
-        entries.emplace_front(CKey(text, request), std::move(layout));
-        places.emplace(GetView(entries.front().first), entries.begin());
     }
 
 private:
-    /// Labels of some rulers and the texts of a window; layouts take some kilobytes each.
+    /// Labels of some rulers and the texts of a window; layouts take some kilobytes each, and a hundred times
+    /// the bytes of a long text.
     static constexpr std::size_t mostKept = 256;
-    static constexpr std::size_t longestKept = 256;
+    static constexpr std::size_t mostBytesKept = 16384;
 
     using CEntries = std::list<std::pair<CKey, CShared>>;
     using CView = std::pair<std::string_view, CTextLayoutRequest>;
@@ -77,6 +76,7 @@ private:
     static CView GetView(const CKey& key) { return {key.first, key.second}; }
 
     CEntries entries;
+    std::size_t bytesKept = 0;
     std::map<CView, CEntries::iterator> places; ///< Texts are those of the entries.
 };
 

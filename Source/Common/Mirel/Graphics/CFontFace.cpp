@@ -1,6 +1,7 @@
 #include "Mirel/Graphics/CFontFace.h"
 
 #include "Mirel/Graphics/CFontLibrary.h"
+#include "Mirel/Graphics/Limits.h"
 
 #include <algorithm>
 #include <pango/pangocairo.h>
@@ -33,11 +34,13 @@ void SetOptions(PangoContext* context, EFontQuality quality)
     pango_context_set_base_dir(context, PANGO_DIRECTION_LTR);
 }
 
-/// Line breaks in all their forms become one kind, or blanks; other control characters become blanks.
+/// Line breaks in all their forms become one kind, or blanks; other control characters become blanks. The
+/// text ends where it has too many lines.
 void PlainControls(std::string& text, bool keepLineBreaks)
 {
     std::size_t to = 0;
-    for (std::size_t from = 0; from < text.size(); ++from)
+    int lines = 1;
+    for (std::size_t from = 0; from < text.size() && lines <= CLimits::maxTextLines; ++from)
     {
         const char c = text[from];
         const bool isBreak = c == '\n' || c == '\r';
@@ -45,6 +48,7 @@ void PlainControls(std::string& text, bool keepLineBreaks)
         {
             ++from;
         }
+        lines += isBreak && keepLineBreaks ? 1 : 0;
         const bool isControl = static_cast<unsigned char>(c) < ' ' || c == '\x7f';
         text[to++] = isBreak && keepLineBreaks ? '\n' : isControl ? ' ' : c;
     }

@@ -22,9 +22,10 @@ CSize CTextDrawer::GetNaturalSize(int width) const
 
 void CTextDrawer::SetText(const char* newText)
 {
-    if (text != newText)
+    const char* given = newText == nullptr ? "" : newText;
+    if (text != given)
     {
-        text = newText;
+        text = given;
         RaiseChanged();
     }
 }

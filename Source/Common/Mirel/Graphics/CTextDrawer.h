@@ -23,7 +23,7 @@ public:
     CSize GetNaturalSize(int width = 0) const;
 
     const std::string& GetText() const { return text; }
-    void SetText(const char* newText);
+    void SetText(const char* newText); ///< Null is the empty text.
 
     CColor GetColor() const { return color; }
     void SetColor(CColor newColor);

@@ -6,8 +6,9 @@
 #include "Mirel/Graphics/Geometry.h"
 #include "Mirel/Graphics/PangoNames.h"
 
-#include <compare>
+#include <cstdint>
 #include <memory>
+#include <utility>
 
 namespace Mirel::Graphics
 {
@@ -21,7 +22,10 @@ struct CTextLayoutRequest
     /// Pixels that lines may take, where the flags heed it; negative for any.
     int width = -1;
 
-    auto operator<=>(const CTextLayoutRequest&) const = default;
+    bool operator<(const CTextLayoutRequest& other) const
+    {
+        return std::pair(flags, width) < std::pair(other.flags, other.width);
+    }
 };
 
 /// A text set into lines, to measure and to draw. It must not outlive its font. GUI thread.

@@ -54,10 +54,6 @@ CSharedImage Finish(CReadImage read, std::string* reason)
 CReadImage MakePixels(std::int64_t width, std::int64_t height, std::int64_t maxPixels)
 {
     const std::int64_t allowed = std::min(maxPixels, CLimits::maxImagePixels);
-    if (width < 1 || height < 1)
-    {
-        return {nullptr, false, "has no pixels"};
-    }
     if (width > allowed / height)
     {
         return {nullptr, false,

@@ -27,7 +27,8 @@ bool IsJpeg(std::string_view content);
 CReadImage ReadPng(std::string_view content, std::int64_t maxPixels);
 CReadImage ReadJpeg(std::string_view content, std::int64_t maxPixels);
 
-/// Cleared pixels for an image whose header gives that size; none, with the reason, beyond maxPixels.
+/// Cleared pixels for an image whose header gives that size, 1 and more; none, with the reason, beyond
+/// maxPixels.
 CReadImage MakePixels(std::int64_t width, std::int64_t height, std::int64_t maxPixels);
 
 } // namespace Mirel::Graphics

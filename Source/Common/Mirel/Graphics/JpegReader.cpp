@@ -46,6 +46,10 @@ CReadImage ReadJpeg(std::string_view content, std::int64_t maxPixels)
     {
         return reading.Refuse();
     }
+    if (width < 1 || height < 1)
+    {
+        return {nullptr, false, "is damaged: it ends before the size of the image"};
+    }
     CReadImage read = MakePixels(width, height, maxPixels);
     if (read.pixels == nullptr)
     {

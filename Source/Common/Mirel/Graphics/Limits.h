@@ -41,9 +41,13 @@ struct CLimits
     /// Pixels. Pictures of glyphs grow with the square of the height; those of 400 are as high as an editor.
     static constexpr int maxFontHeight = 400;
 
-    /// Bytes of a text that are drawn: several pages. A megabyte in one line takes the library a second, and
-    /// a hundred megabytes of memory.
-    static constexpr std::size_t maxTextBytes = 8192;
+    /// Bytes of a text that are drawn: more than a page. To break one endless word into lines takes the
+    /// library time with the square of its length, for this many some tenths of a second.
+    static constexpr std::size_t maxTextBytes = 3072;
+
+    /// Line breaks of a text that are drawn: more lines than a screen has. Each is a paragraph, which takes
+    /// the library some tenths of a millisecond.
+    static constexpr int maxTextLines = 256;
 };
 
 } // namespace Mirel::Graphics

@@ -193,3 +193,30 @@ TEST_F(CDrawSurfaceImages, LayersDrawAtAPointWithOpacityAndInARectangle)
     EXPECT_EQ(large.At(0, 0), MarkedPixel(0, 0));
     EXPECT_EQ(large.At(7, 7), MarkedPixel(3, 3));
 }
+
+TEST_F(CDrawSurfaceImages, BitmapDrawnOntoItselfIsReadBeforeItIsWritten)
+{
+    for (const CPoint shift : {CPoint{1, 1}, CPoint{-1, -1}, CPoint{0, 2}, CPoint{2, 0}})
+    {
+        CDIBBitmap bitmap(32, {4, 4});
+        Mark(bitmap);
+        bitmap.CreateSurface()->DrawBitmap(bitmap, {0, 0}, shift, {4, 4});
+        const auto access = bitmap.CreatePixelAccess();
+        for (int i = 0; i < 16; ++i)
+        {
+            const CPoint from = {i % 4 - shift.x, i / 4 - shift.y};
+            const bool moved = CRect(0, 0, 4, 4).Contains(from);
+            EXPECT_EQ(access->GetPixel(i % 4, i / 4), moved ? MarkAt(from.x, from.y) : MarkAt(i % 4, i / 4));
+        }
+    }
+    CDIBBitmap grey(8, {3, 1});
+    for (int x = 0; x < 3; ++x)
+    {
+        const auto v = static_cast<std::uint8_t>(10 * (x + 1));
+        grey.CreatePixelAccess()->SetPixel(x, 0, {v, v, v});
+    }
+    grey.CreateSurface()->DrawBitmap(grey, {0, 0}, {1, 0}, {2, 1});
+    EXPECT_EQ(grey.GetData()[0], 10);
+    EXPECT_EQ(grey.GetData()[1], 10);
+    EXPECT_EQ(grey.GetData()[2], 20);
+}

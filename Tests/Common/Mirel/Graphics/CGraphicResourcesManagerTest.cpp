@@ -201,3 +201,71 @@ TEST_F(CGraphicResources, EmptyImagesHaveNoMaskAndNoComposition)
     EXPECT_EQ(ComposeWithMask(empty, empty), nullptr);
     EXPECT_EQ(empty.CreatePixelAccess(), nullptr);
 }
+
+TEST_F(CGraphicResources, RefusedImageTellsWhichFileAndWhy)
+{
+    folder.Write("broken.png", "no image");
+    std::string reason = "none";
+    const std::string path = folder.GetPath("broken.png");
+    EXPECT_EQ(manager.GetImage(path.c_str(), hasAlpha, &reason), nullptr);
+    EXPECT_EQ(reason, "Image \"" + path + "\" is no PNG image");
+    EXPECT_EQ(manager.GetAlphaImage(path.c_str(), &reason), nullptr);
+    reason = "none";
+    EXPECT_NE(manager.GetImage(folder.GetPath("plain.png").c_str(), hasAlpha, &reason), nullptr);
+    EXPECT_EQ(reason, "none");
+}
+
+TEST_F(CGraphicResources, MaskThatDoesNotFitIsTold)
+{
+    const std::string path = folder.GetPath("plain.png");
+    const std::string mask = folder.GetPath("small mask.png");
+    std::string reason;
+    EXPECT_NE(manager.GetImageWithMask(path.c_str(), mask.c_str(), hasAlpha, &reason), nullptr);
+    EXPECT_EQ(reason, "Image \"" + mask + "\" has another size than \"" + path + "\", whose mask it is");
+    const std::string missing = folder.GetPath("missing.png");
+    EXPECT_NE(manager.GetImageWithMask(path.c_str(), missing.c_str(), hasAlpha, &reason), nullptr);
+    EXPECT_EQ(reason, "Image \"" + missing + "\" cannot be read, or is too large");
+}
+
+TEST_F(CGraphicResources, SiblingStandsInWithADeviceScale)
+{
+    Write("plain@2x.png", 6, 4, false, [](int x, int) { return x == 1 ? blue : 0xff0a141eU; });
+    EXPECT_EQ(Get("plain.png")->GetContext()->GetSize(), (CSize{3, 2}));
+    manager.SetDeviceScale(2);
+    EXPECT_EQ(manager.GetCount(), 0U);
+    const CSharedImage sharp = Get("plain.png");
+    EXPECT_EQ(sharp->GetSize(), (CSize{3, 2}));
+    EXPECT_EQ(sharp->GetContext()->GetSize(), (CSize{6, 4}));
+    EXPECT_EQ(PixelOf(*sharp, 1, 0), blue);
+    EXPECT_EQ(Get("plain.png"), sharp);
+    EXPECT_EQ(Get("alpha.png")->GetContext()->GetSize(), (CSize{2, 2}));
+    EXPECT_EQ(manager.GetAlphaImage(folder.GetPath("plain.png").c_str())->GetContext()->GetSize(),
+              (CSize{3, 2}));
+    manager.SetDeviceScale(0);
+    EXPECT_EQ(manager.GetDeviceScale(), 1);
+    manager.SetDeviceScale(9);
+    EXPECT_EQ(manager.GetDeviceScale(), 4);
+}
+
+TEST_F(CGraphicResources, SiblingThatIsNotTwiceAsLargeIsLeftOutAndTold)
+{
+    Write("plain@2x.png", 6, 5, false, [](int, int) { return blue; });
+    manager.SetDeviceScale(2);
+    std::string reason;
+    const CSharedImage image = manager.GetImage(folder.GetPath("plain.png").c_str(), hasAlpha, &reason);
+    EXPECT_EQ(image->GetContext()->GetSize(), (CSize{3, 2}));
+    EXPECT_NE(reason.find("plain@2x.png\" is not twice as wide and high as"), std::string::npos);
+}
+
+TEST_F(CGraphicResources, MaskedImageIsSharpIfBothHaveSiblings)
+{
+    Write("plain@2x.png", 6, 4, false, [](int, int) { return blue; });
+    manager.SetDeviceScale(2);
+    EXPECT_EQ(GetMasked("plain.png", "mask.png")->GetContext()->GetSize(), (CSize{3, 2}));
+    Write("mask@2x.png", 6, 4, false, [](int, int) { return 0xff808080U; });
+    manager.SetDeviceScale(3);
+    const CSharedImage sharp = GetMasked("plain.png", "mask.png");
+    EXPECT_EQ(sharp->GetContext()->GetSize(), (CSize{6, 4}));
+    EXPECT_EQ(sharp->GetSize(), (CSize{3, 2}));
+    EXPECT_EQ(PixelOf(*sharp, 5, 3), 0x80000080U);
+}

@@ -2,6 +2,7 @@
 
 #include "Canvas.h"
 
+#include <algorithm>
 #include <cairo.h>
 #include <cmath>
 #include <cstdlib>
@@ -68,6 +69,83 @@ RC_GTEST_PROP(CLineRasterizer, CoversEachPixelByTheAreaOfTheLine, ())
     }
 }
 
+/// Long steep lines take another way inside than at their ends.
+RC_GTEST_PROP(CLineRasterizer, LongSteepLinesCoverEachPixelByTheirArea, ())
+{
+    constexpr int width = 24;
+    constexpr int height = 64;
+    const auto along = [](int end) { return *rc::gen::inRange(-200, end * 100 + 200) / 100.0; };
+    CSegment segment = {along(width), along(height), along(width), along(height)};
+    if (*rc::gen::arbitrary<bool>())
+    {
+        // The next column: what traces are made of.
+        segment.bx = segment.ax + 1.0;
+    }
+    RC_PRE(std::fabs(segment.ay - segment.by) > std::fabs(segment.ax - segment.bx));
+    CCanvas canvas(width, height);
+    CLineRasterizer rasterizer;
+    rasterizer.DrawSegment({canvas.GetBitmap().GetData(), 4 * width, {0, 0, width, height}}, {0, 0, 0},
+                           segment);
+    for (int y = 0; y < height; ++y)
+    {
+        const double middle =
+            segment.ax + (y + 0.5 - segment.ay) / (segment.by - segment.ay) * (segment.bx - segment.ax);
+        for (int x = 0; x < width; ++x)
+        {
+            const bool isNear = std::fabs(x + 0.5 - middle) < 2.5;
+            const double expected = isNear ? CountCoverage(segment, x, y) : 0.0;
+            RC_ASSERT(std::fabs(canvas.AlphaAt(x, y) / 255.0 - expected) < 0.055);
+        }
+    }
+}
+
+TEST(CLineRasterizer, ClipsOfFewColumnsAreKeptToo)
+{
+    for (int clipWidth = 1; clipWidth < 7; ++clipWidth)
+    {
+        for (const CSegment& segment :
+             {CSegment{2.3, -2.0, 5.1, 14.0}, CSegment{6.0, 1.2, 5.0, 10.7}, CSegment{3.5, 0.0, 3.5, 12.0},
+              CSegment{0.0, 3.0, 12.0, 5.0}, CSegment{1.0, 4.5, 9.2, 4.5}})
+        {
+            CCanvas whole(side, side);
+            CCanvas clipped(side, side);
+            const CRect clip = {3, 2, clipWidth, 7};
+            Draw(whole, segment);
+            Draw(clipped, segment, clip);
+            for (int y = 0; y < side; ++y)
+            {
+                for (int x = 0; x < side; ++x)
+                {
+                    // A narrow clip may take another way, with other roundings.
+                    const int expected = clip.Contains({x, y}) ? whole.AlphaAt(x, y) : 0;
+                    EXPECT_NEAR(clipped.AlphaAt(x, y), expected, clip.Contains({x, y}) ? 1 : 0);
+                }
+            }
+        }
+    }
+}
+
+TEST(CLineRasterizer, LinesAlongPixelsAreExact)
+{
+    CCanvas canvas(side, side);
+    Draw(canvas, {3.5, 1.25, 3.5, 6.5});
+    EXPECT_EQ(canvas.AlphaAt(3, 1), 191);
+    EXPECT_EQ(canvas.At(3, 2), 0xff000000U);
+    EXPECT_EQ(canvas.At(3, 5), 0xff000000U);
+    EXPECT_EQ(canvas.AlphaAt(3, 6), 128);
+    EXPECT_EQ(canvas.CountPainted(), 6);
+    CCanvas level(side, side);
+    Draw(level, {9.25, 7.5, -4.0, 7.5});
+    EXPECT_EQ(level.At(0, 7), 0xff000000U);
+    EXPECT_EQ(level.At(8, 7), 0xff000000U);
+    EXPECT_EQ(level.AlphaAt(9, 7), 64);
+    EXPECT_EQ(level.CountPainted(), 10);
+    CCanvas inside(side, side);
+    Draw(inside, {5.5, 3.25, 5.5, 3.75});
+    EXPECT_EQ(inside.AlphaAt(5, 3), 128);
+    EXPECT_EQ(inside.CountPainted(), 1);
+}
+
 TEST(CLineRasterizer, CoverageOfPlainCasesIsExact)
 {
     CCanvas canvas(side, side);
@@ -123,6 +201,53 @@ TEST(CLineRasterizer, BlendsTheColourOverWhatIsThere)
     EXPECT_EQ(canvas.At(3, 0), 0xff64c800U);
 }
 
+namespace
+{
+
+/// The greatest and the mean difference of the bytes of two pictures.
+struct CDifference
+{
+    int greatest = 0;
+    double mean = 0.0;
+};
+
+CDifference Compare(const CCanvas& a, const CCanvas& b, CSize size)
+{
+    CDifference difference;
+    for (int i = 0; i < size.width * size.height; ++i)
+    {
+        for (const unsigned shift : {0U, 8U, 16U, 24U})
+        {
+            const int ours = static_cast<int>((a.At(i % size.width, i / size.width) >> shift) & 255U);
+            const int theirs = static_cast<int>((b.At(i % size.width, i / size.width) >> shift) & 255U);
+            difference.greatest = std::max(difference.greatest, std::abs(ours - theirs));
+            difference.mean += std::abs(ours - theirs);
+        }
+    }
+    difference.mean /= 4.0 * size.width * size.height;
+    return difference;
+}
+
+/// The same lines, stroked by the drawing library one by one.
+void StrokeByLibrary(CCanvas& canvas, const std::vector<CPointF>& points)
+{
+    cairo_t* context = canvas->GetNativeContext();
+    const CColor pen = canvas->GetPenColor();
+    cairo_set_source_rgb(context, ToUnit(pen.r), ToUnit(pen.g), ToUnit(pen.b));
+    for (std::size_t i = 1; i < points.size(); ++i)
+    {
+        const auto place = [](float value) { return static_cast<double>(value) + 0.5; };
+        // Without a length the library paints nothing.
+        const bool isDot = points[i - 1].x == points[i].x && points[i - 1].y == points[i].y;
+        const double extra = isDot ? 0.5 : 0.0;
+        cairo_move_to(context, place(points[i - 1].x) - extra, place(points[i - 1].y));
+        cairo_line_to(context, place(points[i].x) + extra, place(points[i].y));
+        cairo_stroke(context);
+    }
+}
+
+} // namespace
+
 /// The drawing library counts fifteen rows to a pixel; a polyline drawn by it, line by line, is the
 /// reference.
 RC_GTEST_PROP(CLineRasterizer, PolylineIsThePictureThatTheLibraryDraws, ())
@@ -146,20 +271,43 @@ RC_GTEST_PROP(CLineRasterizer, PolylineIsThePictureThatTheLibraryDraws, ())
         (*canvas)->ClipToRect(clip);
     }
     own->DrawPolylineF(points.data(), static_cast<int>(count));
-    for (std::size_t i = 1; i < count; ++i)
+    StrokeByLibrary(library, points);
+    RC_ASSERT(Compare(own, library, {side, side}).greatest <= 34);
+}
+
+/// Noise, a sine of many periods and one of few, as a curve graph draws them: the bounds hold for what is
+/// seen as one picture.
+TEST(CLineRasterizer, TracesAreThePicturesThatTheLibraryDraws)
+{
+    constexpr CSize size = {400, 250};
+    for (const double periods : {-1.0, 176.0, 3.5})
     {
-        library->DrawLineF(points[i - 1], points[i]);
-    }
-    for (int y = 0; y < side; ++y)
-    {
-        for (int x = 0; x < side; ++x)
+        for (const int perColumn : {1, 2})
         {
-            for (const unsigned shift : {0U, 8U, 16U, 24U})
+            std::vector<CPointF> points;
+            std::uint32_t random = 3;
+            for (int i = 0; i < size.width * perColumn; ++i)
             {
-                const int a = static_cast<int>((own.At(x, y) >> shift) & 255U);
-                const int b = static_cast<int>((library.At(x, y) >> shift) & 255U);
-                RC_ASSERT(std::abs(a - b) <= 34);
+                random = random * 1664525U + 1013904223U;
+                const double place = static_cast<double>(i) / perColumn / size.width;
+                const double value = periods < 0.0 ? random / 2147483648.0 - 1.0
+                                                   : std::sin(periods * 2.0 * 3.14159265 * place);
+                points.push_back({static_cast<float>(i / perColumn),
+                                  static_cast<float>((1.0 - value) * (size.height - 1) / 2.0)});
             }
+            CCanvas own(size.width, size.height);
+            CCanvas library(size.width, size.height);
+            for (CCanvas* canvas : {&own, &library})
+            {
+                (*canvas)->SetFillColor({20, 24, 32});
+                (*canvas)->FillRect({0, 0, size.width, size.height});
+                (*canvas)->SetPenColor({90, 220, 120});
+            }
+            own->DrawPolylineF(points.data(), static_cast<int>(points.size()));
+            StrokeByLibrary(library, points);
+            const CDifference difference = Compare(own, library, size);
+            EXPECT_LE(difference.greatest, 32) << periods << ' ' << perColumn;
+            EXPECT_LE(difference.mean, 1.5) << periods << ' ' << perColumn;
         }
     }
 }
