@@ -67,8 +67,13 @@ public:
     /// anything ran.
     bool Pump(int timeoutMs);
 
-    /// Passes without waiting, for a host that calls when it has nothing else to do.
-    void OnIdle() override { Pump(0); }
+    /// Passes without waiting, for a host that calls when it has nothing else to do. The second does what the
+    /// first asked for, such as the painting that follows an event: the next idle call may be far.
+    void OnIdle() override
+    {
+        Pump(0);
+        Pump(0);
+    }
 
     /// Makes passes until finished() holds after one.
     void RunUntil(const std::function<bool()>& finished);

@@ -54,6 +54,10 @@ public:
     /// For embedding something in this window; 0 once it is closed, and without a windowing system.
     virtual NativeWindowId GetId() const = 0;
 
+    /// The window of the desktop that holds this one: its own, or of a child the outermost one around it. For
+    /// dialogs of other programs, which cannot stay in front of a part of a window.
+    virtual NativeWindowId GetTopLevelId() const { return GetId(); }
+
     /// False after OnClosed.
     virtual bool IsOpen() const = 0;
 

@@ -299,6 +299,43 @@ TEST_F(CNativeRunLoopTest, DescriptorReadInAnInnerPassDoesNotCallBackInTheOuterO
     EXPECT_EQ(trace, "rr");
 }
 
+TEST_F(CNativeRunLoopTest, PendingDescriptorCallsBackWithoutBeingReadable)
+{
+    const CPipe pipe;
+    int queued = 3;
+    int calls = 0;
+    const auto take = [&]
+    {
+        ++calls;
+        --queued;
+    };
+    EXPECT_TRUE(loop.AddDescriptor(pipe.GetReader(), take, [&] { return queued > 0; }));
+    EXPECT_TRUE(loop.Pump(-1)) << "it does not sleep";
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(IsReadable(loop, 0)) << "for whoever polls the loop";
+    loop.Pump(-1);
+    loop.Pump(-1);
+    EXPECT_EQ(calls, 3);
+    loop.Pump(0);
+    EXPECT_EQ(calls, 3);
+    EXPECT_FALSE(IsReadable(loop, 0));
+    queued = 1;
+    pipe.Write();
+    loop.Pump(0);
+    EXPECT_EQ(calls, 4) << "once a pass, though readable and pending";
+    loop.RemoveDescriptor(pipe.GetReader());
+    queued = 1;
+    EXPECT_FALSE(loop.Pump(0));
+}
+
+TEST_F(CNativeRunLoopTest, IdleCallDoesWhatItsFirstPassAskedFor)
+{
+    int calls = 0;
+    loop.Post([&] { loop.Post([&] { ++calls; }); });
+    loop.OnIdle();
+    EXPECT_EQ(calls, 1);
+}
+
 TEST_F(CNativeRunLoopTest, DroppedCallsAreDestroyedUnrun)
 {
     auto token = std::make_shared<int>(0);

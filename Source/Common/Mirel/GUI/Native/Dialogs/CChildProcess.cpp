@@ -20,7 +20,7 @@ namespace
 {
 using FileStatus = struct stat;
 
-constexpr std::size_t longestOutput = 64 * 1024;
+constexpr std::size_t longestOutput = 65536;
 
 /// How soon after its end a program is noticed. The loop has no other way that works below a host which may
 /// handle the end of children itself.
@@ -161,7 +161,7 @@ std::string CChildProcess::Find(const std::string& program, const std::string& f
     while (begin <= folders.size())
     {
         const std::size_t end = std::min(folders.find(':', begin), folders.size());
-        const std::string path = folders.substr(begin, end - begin) + "/" + program;
+        std::string path = folders.substr(begin, end - begin) + "/" + program;
         FileStatus found{};
         const bool isFile = end != begin && stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
         if (isFile && access(path.c_str(), X_OK) == 0)

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <xkbcommon/xkbcommon-x11.h>
 
-#define explicit explicit_ // a field's name there
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro): a field's name there
 #include <xcb/xkb.h>
 #undef explicit
 

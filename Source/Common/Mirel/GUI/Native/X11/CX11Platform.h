@@ -64,7 +64,7 @@ public:
     void DismissMenus();
 
     /// The press of a button closed the menus: its release belongs to nobody.
-    void Swallow(std::uint8_t button) { swallowed |= 1U << button; }
+    void Swallow(std::uint8_t button) { swallowed |= 1U << (button & 31U); }
 
     /// Whether the release of the button belongs to nobody; asking ends that.
     bool TakeSwallowed(std::uint8_t button);

@@ -21,7 +21,7 @@ constexpr std::size_t pixelBytes = 4;
 constexpr int mostParts = 16;
 
 /// A put in the request itself goes out in pieces of this size, so that the server can do other work between.
-constexpr std::size_t stripeBytes = 256 * 1024;
+constexpr std::size_t stripeBytes = std::size_t{256} * 1024;
 
 std::size_t RowBytes(int width)
 {

@@ -55,10 +55,10 @@ CX11Window::CX11Window(CX11Platform& platform_, const SNativeWindowOptions& opti
     {
         WriteTitle(connection, id, options.title);
         const NativeWindowId owner = options.owner != nullptr ? options.owner->GetId() : options.foreignOwner;
-        WriteOwner(connection, id, static_cast<xcb_window_t>(owner));
+        WriteOwner(connection, id, FindTopLevel(connection, static_cast<xcb_window_t>(owner)));
         WriteHints();
     }
-    SetCursor(ECursorShape::Normal);
+    CX11Window::SetCursor(ECursorShape::Normal);
 }
 
 CX11Window::~CX11Window()
@@ -103,6 +103,12 @@ bool CX11Window::Create(const SNativeWindowOptions& options)
     return error == nullptr && !connection.IsLost();
 }
 
+NativeWindowId CX11Window::GetTopLevelId() const
+{
+    const CX11Scope scope(connection);
+    return FindTopLevel(connection, id);
+}
+
 void CX11Window::Show(bool show)
 {
     if (id == XCB_NONE || show == shown)
@@ -110,12 +116,22 @@ void CX11Window::Show(bool show)
         return;
     }
     shown = show;
-    const CX11Scope scope(connection);
-    if (!show)
+    if (show)
     {
-        Withdraw();
+        Map();
         return;
     }
+    const bool wasCapturing = platform.GetGrabs().IsCapturing(id);
+    Withdraw();
+    if (wasCapturing)
+    {
+        sink.OnCaptureLost();
+    }
+}
+
+void CX11Window::Map()
+{
+    const CX11Scope scope(connection);
     if (kind != ENativeWindowKind::Child)
     {
         Raise();
@@ -129,8 +145,9 @@ void CX11Window::Show(bool show)
 
 void CX11Window::Withdraw()
 {
+    const CX11Scope scope(connection);
     platform.GetGrabs().RemoveMenu(id);
-    const bool wasCapturing = platform.GetGrabs().Release(id);
+    platform.GetGrabs().Release(id);
     xcb_unmap_window(connection.Get(), id);
     if (IsTop())
     {
@@ -142,10 +159,6 @@ void CX11Window::Withdraw()
         xcb_send_event(connection.Get(), 0, connection.GetRoot(),
                        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                        reinterpret_cast<const char*>(&message)); // NOLINT: the protocol's bytes
-    }
-    if (wasCapturing)
-    {
-        sink.OnCaptureLost();
     }
 }
 
@@ -172,13 +185,12 @@ void CX11Window::SetPosition(CPoint position_)
     }
     position = position_;
     isPlaced = true;
-    const CX11Scope scope(connection);
-    if (IsTop())
     {
+        const CX11Scope scope(connection);
         WriteHints();
+        const std::array<std::uint32_t, 2> values = {AsValue(position.x), AsValue(position.y)};
+        Configure(XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }
-    const std::array<std::uint32_t, 2> values = {AsValue(position.x), AsValue(position.y)};
-    Configure(XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     sink.OnMoved(position);
 }
 
@@ -202,14 +214,16 @@ void CX11Window::SetSize(CSize size_)
     {
         return;
     }
-    const CX11Scope scope(connection);
-    const std::array<std::uint32_t, 2> values = {AsValue(wanted.width), AsValue(wanted.height)};
     ChangeSize(wanted);
-    if (!isResizable)
     {
-        WriteHints();
+        const CX11Scope scope(connection);
+        if (!isResizable)
+        {
+            WriteHints();
+        }
+        const std::array<std::uint32_t, 2> values = {AsValue(wanted.width), AsValue(wanted.height)};
+        Configure(XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
     }
-    Configure(XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
     sink.OnResized(size);
 }
 
@@ -260,7 +274,8 @@ void CX11Window::SetOwner(const INativeWindow* owner)
     if (id != XCB_NONE)
     {
         const CX11Scope scope(connection);
-        WriteOwner(connection, id, owner != nullptr ? static_cast<xcb_window_t>(owner->GetId()) : XCB_NONE);
+        WriteOwner(connection, id,
+                   owner != nullptr ? static_cast<xcb_window_t>(owner->GetTopLevelId()) : XCB_NONE);
     }
 }
 
@@ -283,85 +298,6 @@ bool CX11Window::CanBeTransparent() const
     }
     const CX11Scope scope(connection);
     return HasCompositor(connection);
-}
-
-void CX11Window::SetFocus()
-{
-    if (id == XCB_NONE)
-    {
-        return;
-    }
-    const CX11Scope scope(connection);
-    xcb_client_message_event_t message{};
-    if (embedder != XCB_NONE)
-    {
-        constexpr std::uint32_t requestFocus = 3;
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = embedder;
-        message.type = connection.GetAtom(EX11Atom::XEmbed);
-        message.data.data32[0] = platform.GetTime();
-        message.data.data32[1] = requestFocus;
-        xcb_send_event(connection.Get(), 0, embedder, XCB_EVENT_MASK_NO_EVENT,
-                       reinterpret_cast<const char*>(&message)); // NOLINT: the protocol's bytes
-    }
-    else if (IsTop() && HasWindowManager(connection))
-    {
-        constexpr std::uint32_t fromApplication = 1;
-        message.type = connection.GetAtom(EX11Atom::NetActiveWindow);
-        message.data.data32[0] = fromApplication;
-        message.data.data32[1] = platform.GetTime();
-        SendToRoot(connection, id, message);
-    }
-    xcb_set_input_focus(connection.Get(), XCB_INPUT_FOCUS_PARENT, id, XCB_CURRENT_TIME);
-}
-
-bool CX11Window::CaptureMouse()
-{
-    return id != XCB_NONE && shown && platform.GetGrabs().Capture(id);
-}
-
-void CX11Window::ReleaseMouse()
-{
-    platform.GetGrabs().Release(id);
-}
-
-void CX11Window::SetCursor(ECursorShape shape)
-{
-    if (id != XCB_NONE && !(hasShape && shape == cursorShape))
-    {
-        cursorShape = shape;
-        hasShape = true;
-        ReplaceCursor(platform.GetCursors().Find(shape), XCB_NONE);
-    }
-}
-
-void CX11Window::SetCursor(const Graphics::CBitmap& picture, CPoint hotSpot)
-{
-    if (id == XCB_NONE)
-    {
-        return;
-    }
-    const CX11Scope scope(connection);
-    const xcb_cursor_t cursor = platform.GetCursors().Create(picture, hotSpot);
-    if (cursor == XCB_NONE)
-    {
-        SetCursor(ECursorShape::Normal);
-        return;
-    }
-    hasShape = false;
-    ReplaceCursor(cursor, cursor);
-}
-
-void CX11Window::ReplaceCursor(xcb_cursor_t cursor, xcb_cursor_t owned)
-{
-    const CX11Scope scope(connection);
-    xcb_change_window_attributes(connection.Get(), id, XCB_CW_CURSOR, &cursor);
-    if (ownCursor != XCB_NONE)
-    {
-        xcb_free_cursor(connection.Get(), ownCursor);
-    }
-    ownCursor = owned;
 }
 
 void CX11Window::RequestPaint()

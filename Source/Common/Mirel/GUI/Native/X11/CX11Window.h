@@ -26,6 +26,7 @@ public:
     ~CX11Window() override;
 
     NativeWindowId GetId() const override { return id; }
+    NativeWindowId GetTopLevelId() const override;
     bool IsOpen() const override { return id != XCB_NONE; }
     void Show(bool show) override;
     bool IsShown() const override { return shown; }
@@ -75,6 +76,7 @@ private:
     void ChangeSize(CSize size_);
     void ReplaceCursor(xcb_cursor_t cursor, xcb_cursor_t owned);
     void LoseEverything();
+    void Map();
     void Withdraw();
 
     void OnExposed(const xcb_expose_event_t& event);

@@ -11,6 +11,7 @@ enum class EX11Atom : std::size_t
 {
     WmProtocols,
     WmDeleteWindow,
+    WmState,
     NetWmPing,
     NetWmPid,
     NetWmName,
@@ -42,6 +43,7 @@ enum class EX11Atom : std::size_t
 constexpr std::array<const char*, static_cast<std::size_t>(EX11Atom::Count)> x11AtomNames = {
     "WM_PROTOCOLS",
     "WM_DELETE_WINDOW",
+    "WM_STATE",
     "_NET_WM_PING",
     "_NET_WM_PID",
     "_NET_WM_NAME",

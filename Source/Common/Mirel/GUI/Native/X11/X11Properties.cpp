@@ -81,6 +81,27 @@ void WriteTitle(const CX11Connection& connection, xcb_window_t window, const std
     }
 }
 
+xcb_window_t FindTopLevel(const CX11Connection& connection, xcb_window_t window)
+{
+    const xcb_atom_t state = connection.GetAtom(EX11Atom::WmState);
+    while (window != XCB_NONE)
+    {
+        // The window manager marks those that it manages; frames have no mark.
+        if (!connection.ReadProperty(window, state, state, 32, 4).empty())
+        {
+            return window;
+        }
+        const TX11Pointer<xcb_query_tree_reply_t> reply(
+            xcb_query_tree_reply(connection.Get(), xcb_query_tree(connection.Get(), window), nullptr));
+        if (reply == nullptr || reply->parent == XCB_NONE || reply->parent == reply->root)
+        {
+            break;
+        }
+        window = reply->parent;
+    }
+    return window;
+}
+
 void WriteOwner(const CX11Connection& connection, xcb_window_t window, xcb_window_t owner)
 {
     if (owner == XCB_NONE)

@@ -16,6 +16,10 @@ void WriteKind(const CX11Connection& connection, xcb_window_t window, ENativeWin
 
 void WriteTitle(const CX11Connection& connection, xcb_window_t window, const std::string& title);
 
+/// The window below the root that holds this one; of those that a window manager put a frame around, the one
+/// in the frame. The window itself if it cannot be asked about.
+xcb_window_t FindTopLevel(const CX11Connection& connection, xcb_window_t window);
+
 /// In front of which window it stays; 0 for none.
 void WriteOwner(const CX11Connection& connection, xcb_window_t window, xcb_window_t owner);
 

@@ -67,7 +67,10 @@ CRect FindWorkArea(const CX11Connection& connection)
         const std::vector<std::uint8_t> bytes = connection.ReadProperty(
             connection.GetRoot(), connection.GetAtom(name), XCB_ATOM_CARDINAL, 32, limit);
         std::vector<std::uint32_t> numbers(bytes.size() / 4);
-        std::memcpy(numbers.data(), bytes.data(), numbers.size() * 4);
+        if (!numbers.empty())
+        {
+            std::memcpy(numbers.data(), bytes.data(), numbers.size() * 4);
+        }
         return numbers;
     };
     constexpr std::uint32_t mostDesktopBytes = 64 * 16;

@@ -8,7 +8,6 @@ using Mirel::GUI::EMouseButton;
 using Mirel::GUI::ENativeWindowKind;
 using Mirel::GUI::INativeWindow;
 using Mirel::GUI::SNativeMouseEvent;
-using Mirel::GUI::SNativeWindowOptions;
 using testing::ElementsAre;
 using Tests::CRecordingSink;
 namespace ModifierFlags = Mirel::GUI::ModifierFlags;
@@ -269,9 +268,7 @@ TEST_F(CX11InputTest, EmbeddedWindowTakesTheFocusWhenAsked)
 {
     const xcb_window_t host = probe->ShowWindow(400, 400, 200, 200);
     CRecordingSink childSink;
-    SNativeWindowOptions options = Options(ENativeWindowKind::Child, {0, 0, 100, 100});
-    options.foreignParent = host;
-    const auto child = Open(options, childSink, 0x334455);
+    const auto child = Open(ChildOptions(host, {0, 0, 100, 100}), childSink, 0x334455);
     EXPECT_FALSE(child->HasFocus());
     child->SetFocus();
     ASSERT_TRUE(PumpUntil(childSink, "focus in"));
@@ -283,9 +280,7 @@ TEST_F(CX11InputTest, EmbedderTellsTheFocusByMessages)
 {
     const xcb_window_t host = probe->ShowWindow(400, 400, 200, 200);
     CRecordingSink childSink;
-    SNativeWindowOptions options = Options(ENativeWindowKind::Child, {0, 0, 100, 100});
-    options.foreignParent = host;
-    const auto child = Open(options, childSink, 0x334455);
+    const auto child = Open(ChildOptions(host, {0, 0, 100, 100}), childSink, 0x334455);
     const auto send = [&](std::uint32_t message, std::uint32_t data)
     {
         xcb_client_message_event_t event{};

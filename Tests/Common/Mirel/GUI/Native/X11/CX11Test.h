@@ -7,9 +7,12 @@
 #include "Support/CX11Probe.h"
 
 #include <chrono>
+#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace Tests
 {
@@ -73,6 +76,26 @@ public:
         options.isPlaced = true;
         options.size = frame.GetSize();
         return options;
+    }
+
+    static Mirel::GUI::SNativeWindowOptions ChildOptions(xcb_window_t parent, const CRect& frame)
+    {
+        Mirel::GUI::SNativeWindowOptions options = Options(Mirel::GUI::ENativeWindowKind::Child, frame);
+        options.foreignParent = parent;
+        return options;
+    }
+
+    /// The numbers of a property with 32-bit items.
+    std::vector<std::uint32_t> ReadNumbers(const Mirel::GUI::INativeWindow& window,
+                                           const std::string& name) const
+    {
+        const std::string bytes = probe->ReadProperty(static_cast<xcb_window_t>(window.GetId()), name);
+        std::vector<std::uint32_t> numbers(bytes.size() / 4);
+        if (!numbers.empty())
+        {
+            std::memcpy(numbers.data(), bytes.data(), numbers.size() * 4);
+        }
+        return numbers;
     }
 
     /// A window that is shown and has painted itself in the colour.
