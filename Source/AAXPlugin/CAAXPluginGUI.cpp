@@ -153,8 +153,8 @@ std::int32_t CAAXPluginGUI::CopyPicture(std::uint32_t* pixels, std::int32_t widt
         [&]
         {
             IAudioPluginEditor* editor = FindEditor();
-            const bool copied =
-                editor != nullptr && pixels != nullptr && editor->CopyPicture(pixels, {width, height}, stride);
+            const bool copied = editor != nullptr && pixels != nullptr &&
+                                editor->CopyPicture(pixels, {width, height}, stride);
             return copied ? AAXResult::Ok : AAXResult::Failed;
         });
 }

@@ -103,8 +103,7 @@ protected:
     Tests::CInProcessPlugin plugin;
     std::unique_ptr<Host::CHostInstance> instance = plugin.Make();
     TACFReference<CContainer> container = TACFReference<CContainer>::Adopt(new CContainer);
-    TACFReference<IACFUnknown> made =
-        TACFReference<IACFUnknown>::Adopt(MirelExt::AAXPlugin::CreateGui());
+    TACFReference<IACFUnknown> made = TACFReference<IACFUnknown>::Adopt(MirelExt::AAXPlugin::CreateGui());
     TACFReference<AAX_IEffectGUI> gui = QueryFor<AAX_IEffectGUI>(made.Get());
     TACFReference<IEditorTools> tools = QueryFor<IEditorTools>(made.Get());
 };

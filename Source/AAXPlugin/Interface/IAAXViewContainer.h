@@ -14,8 +14,8 @@ inline constexpr std::int32_t None = 0;
 /// An X11 window, by its identifier.
 inline constexpr std::int32_t X11Window = 1;
 
-/// No screen: the editor paints into memory, from where IEditorTools fetches it. An addition of ours. The view
-/// is the number of device pixels per pixel of the skin, 1 to 4.
+/// No screen: the editor paints into memory, from where IEditorTools fetches it. An addition of ours. The
+/// view is the number of device pixels per pixel of the skin, 1 to 4.
 inline constexpr std::int32_t Offscreen = 2;
 
 } // namespace AAXViewType

@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
-/// What a skin author's host and tests ask of an open editor beyond what every host does. An addition of ours;
-/// an editor object of this plug-in answers to it. GUI thread only. Failed while no editor is open, and for a
-/// null argument.
+/// What a skin author's host and tests ask of an open editor beyond what every host does. An addition of
+/// ours; an editor object of this plug-in answers to it. GUI thread only. Failed while no editor is open, and
+/// for a null argument.
 class IEditorTools : public IACFUnknown
 {
 public:
