@@ -68,8 +68,8 @@ public:
     /// Set for texts that are at hand with their lengths.
     void Assign(std::string_view name, std::string value);
 
-    /// Calls visit(name, value) for every entry, both as strings; the value may be changed where the table may.
-    /// No entry may come or go meanwhile.
+    /// Calls visit(name, value) for every entry, both as strings; the value may be changed where the table
+    /// may. No entry may come or go meanwhile.
     template <class Visitor>
     void Visit(Visitor visit) const
     {

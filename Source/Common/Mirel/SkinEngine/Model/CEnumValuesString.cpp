@@ -12,11 +12,17 @@ CEnumValuesString::CEnumValuesString(CParamInfo& info_)
     : CCaptureString(CStringInfo("Enum Values")),
       paramInfo(info_)
 {
+    SetNames("");
 }
 
 void CEnumValuesString::OnTextStored(const char* storedText)
 {
-    paramInfo.SetValueToText(new CEnumToText(SplitText(storedText), paramInfo.GetMin()), true);
+    SetNames(storedText);
+}
+
+void CEnumValuesString::SetNames(const char* names)
+{
+    paramInfo.SetValueToText(new CEnumToText(SplitText(names), paramInfo.GetMin()), true);
 }
 
 } // namespace Mirel::SkinEngine

@@ -18,6 +18,8 @@ protected:
     void OnTextStored(const char* storedText) override;
 
 private:
+    void SetNames(const char* names);
+
     DataModel::Objects::CParamInfo& paramInfo;
 };
 

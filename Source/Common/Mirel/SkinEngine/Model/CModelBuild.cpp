@@ -91,12 +91,11 @@ bool CModelBuild::AddSwitch(const char* id, const SSwitch& shown, std::function<
     }
     const CParamInfo info(ValueKindInteger, 0.0F, 1.0F, get() ? 1.0F : 0.0F, shown.title, "", "",
                           new CEnumToText(SplitText(shown.names)), true);
-    return model.AddParam(
-        name.c_str(),
-        new CCaptureParamWrapper(
-            info, [get = std::move(get)] { return get() ? 1.0F : 0.0F; },
-            [set = std::move(set)](float value) { set(value >= 0.5F); }, &changed),
-        flags, true);
+    return model.AddParam(name.c_str(),
+                          new CCaptureParamWrapper(
+                              info, [get = std::move(get)] { return get() ? 1.0F : 0.0F; },
+                              [set = std::move(set)](float value) { set(value >= 0.5F); }, &changed),
+                          flags, true);
 }
 
 bool CModelBuild::AddEnabledSwitch(const char* id, Core::IEnable& object)

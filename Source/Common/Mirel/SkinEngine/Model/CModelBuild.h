@@ -19,8 +19,8 @@ namespace Mirel::SkinEngine
 class CSkinCollectionBase;
 class CSkinParser;
 
-/// What the handlers of model elements work with in the pass that builds: the model, what is wanted of it, and
-/// what is left to be done when all objects are there. Used by the thread that builds the model.
+/// What the handlers of model elements work with in the pass that builds: the model, what is wanted of it,
+/// and what is left to be done when all objects are there. Used by the thread that builds the model.
 class CModelBuild
 {
 public:
@@ -67,8 +67,8 @@ public:
     void ConnectByRef(T& target, typename TConnectByRefCommand<T, O>::Method connect,
                       typename TConnectByRefCommand<T, O>::Method disconnect, const char* id)
     {
-        QueueLink(std::make_unique<TConnectByRefCommand<T, O>>(model, context, target, connect, disconnect,
-                                                               id));
+        QueueLink(
+            std::make_unique<TConnectByRefCommand<T, O>>(model, context, target, connect, disconnect, id));
     }
 
     template <class O, class T>
@@ -105,8 +105,8 @@ public:
     };
 
     // Parameters for the settings of an object, named by its id and a suffix such as ".enabled". Without an
-    // id, and where nobody wants them, there are none. The object must live as long as the model. False if the
-    // name is taken.
+    // id, and where nobody wants them, there are none. The object must live as long as the model. False if
+    // the name is taken.
     bool AddSwitch(const char* id, const SSwitch& shown, std::function<bool()> get,
                    std::function<void(bool)> set, Core::IEventProvider& changed);
     bool AddEnabledSwitch(const char* id, Core::IEnable& object);

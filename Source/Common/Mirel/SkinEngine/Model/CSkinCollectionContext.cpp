@@ -99,8 +99,9 @@ void CSkinCollectionContext::AddElements(int count)
 
 bool CSkinCollectionContext::IsExhausted() const
 {
-    return items >= maxCollectionItems || elements >= maxCollectionElements || changes > maxNestedCollections ||
-           itemsInChange >= maxItemsPerChange || elementsInChange >= maxElementsPerChange;
+    return items >= maxCollectionItems || elements >= maxCollectionElements ||
+           changes > maxNestedCollections || itemsInChange >= maxItemsPerChange ||
+           elementsInChange >= maxElementsPerChange;
 }
 
 void CSkinCollectionContext::Report()

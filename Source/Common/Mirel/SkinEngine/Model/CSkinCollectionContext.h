@@ -19,7 +19,8 @@ class CSkinCollectionBase;
 class CSkinCollectionContext
 {
 public:
-    /// Finds where a limit that was met is reported, which happens once for all collections; null for nowhere.
+    /// Finds where a limit that was met is reported, which happens once for all collections; null for
+    /// nowhere.
     using CFindLog = std::function<CoreUtilities::IMessageLog*()>;
 
     explicit CSkinCollectionContext(CFindLog findLog_) : findLog(std::move(findLog_)) {}

@@ -154,7 +154,8 @@ void CSkinModel::Clear()
     persistent.Clear();
     exposed.Clear();
     objects.Clear();
-    // One of them may be telling its listeners at this moment, as an item's parameter that takes the item away.
+    // One of them may be telling its listeners at this moment, as an item's parameter that takes the item
+    // away.
     auto remains = std::make_unique<CRemains>();
     std::swap(remains->links, links);
     std::swap(remains->connections, connections);

@@ -9,8 +9,8 @@
 namespace Mirel::SkinEngine
 {
 
-/// An item of a collection in a model file: a small model, whose objects stand in the model around it as well.
-/// GUI thread only.
+/// An item of a collection in a model file: a small model, whose objects stand in the model around it as
+/// well. GUI thread only.
 class CSkinModelCollectionItem : public ISkinCollectionItem
 {
 public:

@@ -244,8 +244,7 @@ CSkinModelFactory::CSkinModelFactory(CSkinParser& parser_, CoreUtilities::IMessa
 CSkinModelFactory::CSkinModelFactory(CSkinParser& parser_, CoreUtilities::IMessageLog& log_,
                                      ISkinModel& model_, ISkinModel& parent_,
                                      std::shared_ptr<CSkinModelContext> context_)
-    : implementation(
-          std::make_unique<CImplementation>(parser_, log_, model_, &parent_, std::move(context_)))
+    : implementation(std::make_unique<CImplementation>(parser_, log_, model_, &parent_, std::move(context_)))
 {
 }
 

@@ -21,8 +21,8 @@ namespace
 /// 2147483647 as the nearest float.
 constexpr float largestCount = 2147483648.0F;
 
-/// Gives a collection its first count. At once, also where a change of counts is under way, as it is inside an
-/// item: what the item links may be in these items.
+/// Gives a collection its first count. At once, also where a change of counts is under way, as it is inside
+/// an item: what the item links may be in these items.
 class CCountCommand : public CModelCommand
 {
 public:
@@ -99,13 +99,13 @@ bool AddCount(CModelBuild& build, CSkinCollection& collection, int count)
     const CParamInfo info(ValueKindInteger, static_cast<float>(collection.GetMinCount()),
                           static_cast<float>(collection.GetMaxCount()), static_cast<float>(count), "Count",
                           "", "");
-    return build.GetModel().AddParam(
-        CountName(collection).c_str(),
-        new CCaptureParamWrapper(
-            info, [&collection] { return CountOf(collection); },
-            [&collection](float value) { collection.SetCount(CountFrom(value)); },
-            &collection.GetCountChangedEventProvider()),
-        flags, true);
+    return build.GetModel().AddParam(CountName(collection).c_str(),
+                                     new CCaptureParamWrapper(
+                                         info, [&collection] { return CountOf(collection); },
+                                         [&collection](float value)
+                                         { collection.SetCount(CountFrom(value)); },
+                                         &collection.GetCountChangedEventProvider()),
+                                     flags, true);
 }
 
 bool AddCount(CModelBuild& build, const CForEachSkinCollection& collection)
@@ -119,8 +119,7 @@ bool AddCount(CModelBuild& build, const CForEachSkinCollection& collection)
     return build.GetModel().AddConstParam(
         CountName(collection).c_str(),
         new CConstCaptureParamWrapper(
-            info, [&collection] { return CountOf(collection); },
-            &collection.GetCountChangedEventProvider()),
+            info, [&collection] { return CountOf(collection); }, &collection.GetCountChangedEventProvider()),
         flags, true);
 }
 
@@ -164,9 +163,9 @@ bool BuildForEachStart(CModelBuild& build, const CNamedAttributes& attributes)
     {
         return build.Fail("Cannot create \"foreach\" collection, collection_id field is empty.");
     }
-    auto& collection = OwnCollection(
-        build, std::make_unique<T>(build.GetContext()->GetCollections(), GetText(attributes, "id"),
-                                   FindText(attributes, "item_name")));
+    auto& collection = OwnCollection(build, std::make_unique<T>(build.GetContext()->GetCollections(),
+                                                                GetText(attributes, "id"),
+                                                                FindText(attributes, "item_name")));
     bool added = AddObject(build, collection, nullptr);
     added = AddCount(build, collection) && added;
     for (const std::string& source : sources)

@@ -71,8 +71,7 @@ public:
     TConnectCommand(ISkinModel& model_, std::shared_ptr<CSkinModelContext> context_, T& target_,
                     typename TPointerConnection<T, O>::Method method_, const char* id_)
         : TResolveCommand<TPointerConnection<T, O>>(
-              model_,
-              std::make_unique<TPointerConnection<T, O>>(std::move(context_), target_, method_, id_))
+              model_, std::make_unique<TPointerConnection<T, O>>(std::move(context_), target_, method_, id_))
     {
     }
 };

@@ -87,10 +87,9 @@ void Describe(const IConstCaptureSurface& surface, SObjectDescription& described
 {
     described.kind = "surface";
     described.value = SampleSurface(surface);
-    described.info = Quoted(surface.GetInfo().GetName()) + " x " +
-                     DescribeInfo(surface.GetInfo().GetXInfo()) + " y " +
-                     DescribeInfo(surface.GetInfo().GetYInfo()) + " z " +
-                     DescribeInfo(surface.GetInfo().GetZInfo());
+    described.info =
+        Quoted(surface.GetInfo().GetName()) + " x " + DescribeInfo(surface.GetInfo().GetXInfo()) + " y " +
+        DescribeInfo(surface.GetInfo().GetYInfo()) + " z " + DescribeInfo(surface.GetInfo().GetZInfo());
 }
 
 void Describe(const IConstCaptureString& string, SObjectDescription& described)

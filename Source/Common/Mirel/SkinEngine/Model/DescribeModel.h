@@ -12,7 +12,7 @@ namespace Mirel::SkinEngine
 struct SObjectDescription
 {
     std::string id;
-    std::string kind;  ///< "param", "curve", "surface", "string", "action", "collection", "info" or "object".
+    std::string kind; ///< "param", "curve", "surface", "string", "action", "collection", "info" or "object".
     bool writable = false;
     std::string value; ///< The value as the object's description prints it; samples of a function.
     std::string info;  ///< The description: name, range, unit.

@@ -20,11 +20,13 @@ void ConnectFormula(CModelBuild& build, TParametrizedCaptureObject<I>& object)
     const CFormulaParameters& parameters = object.GetFormula().GetParameters();
     for (const std::string& name : parameters.GetConstantNames())
     {
-        build.ConnectByRefWithId<const IConstCaptureParam>(object, &T::SetParam, &T::ClearParam, name.c_str());
+        build.ConnectByRefWithId<const IConstCaptureParam>(object, &T::SetParam, &T::ClearParam,
+                                                           name.c_str());
     }
     for (const std::string& name : parameters.GetFunctionNames())
     {
-        build.ConnectByRefWithId<const IConstCaptureCurve>(object, &T::SetCurve, &T::ClearCurve, name.c_str());
+        build.ConnectByRefWithId<const IConstCaptureCurve>(object, &T::SetCurve, &T::ClearCurve,
+                                                           name.c_str());
     }
     for (const std::string& name : parameters.GetBinaryFunctionNames())
     {

@@ -3,8 +3,8 @@
 namespace Mirel::SkinEngine
 {
 
-// Formulas call curves of the model, which may be formulas that call others, or this very one. The guards here
-// let every evaluation and every copy come to an end, in reasonable time and on a reasonable stack. Each
+// Formulas call curves of the model, which may be formulas that call others, or this very one. The guards
+// here let every evaluation and every copy come to an end, in reasonable time and on a reasonable stack. Each
 // thread counts for itself.
 
 /// Formulas that call one another in a row. Each may be as deep as a formula is allowed to be.

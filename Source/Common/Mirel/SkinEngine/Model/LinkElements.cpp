@@ -91,11 +91,11 @@ bool BuildParamLink(CModelBuild& build, const CNamedAttributes& attributes)
     bool succeeded = ReadLinkResponse(build, attributes, link);
     ConnectEnds<IConstCaptureParam, ICaptureParam>(build, attributes, link);
     succeeded = ReadReverse(build, attributes, link) && succeeded;
-    succeeded = build.AddSwitch(
-                    GetText(attributes, "id"), {".mode", "normal;diff", "Mode"},
-                    [&link] { return link.IsDiff(); }, [&link](bool on) { link.SetDiff(on); },
-                    link.GetChangedEventProvider()) &&
-                succeeded;
+    succeeded =
+        build.AddSwitch(
+            GetText(attributes, "id"), {".mode", "normal;diff", "Mode"}, [&link] { return link.IsDiff(); },
+            [&link](bool on) { link.SetDiff(on); }, link.GetChangedEventProvider()) &&
+        succeeded;
     return ReadEnabled(build, attributes, link) && succeeded;
 }
 

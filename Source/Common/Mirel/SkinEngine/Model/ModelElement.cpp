@@ -47,12 +47,11 @@ bool AddAlive(CModelBuild& build)
     const Core::IConstEnable& alive = build.GetModel().GetEnable();
     const CParamInfo info(ValueKindInteger, 0.0F, 1.0F, 0.0F, "Alive", "", "",
                           new CEnumToText({"asleep", "alive"}), true);
-    return build.GetModel().AddConstParam(
-        "alive",
-        new CConstCaptureParamWrapper(
-            info, [&alive] { return alive.IsEnabled() ? 1.0F : 0.0F; },
-            &alive.GetEnableChangedEventProvider()),
-        flags, true);
+    return build.GetModel().AddConstParam("alive",
+                                          new CConstCaptureParamWrapper(
+                                              info, [&alive] { return alive.IsEnabled() ? 1.0F : 0.0F; },
+                                              &alive.GetEnableChangedEventProvider()),
+                                          flags, true);
 }
 
 } // namespace

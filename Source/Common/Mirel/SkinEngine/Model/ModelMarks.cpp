@@ -96,10 +96,10 @@ bool MarkFormulaParam(const SModelMarks& marks, const CNamedAttributes& attribut
 
 bool MarkFormulaCurve(const SModelMarks& marks, const CNamedAttributes& attributes)
 {
-    return MarkFormula(marks, attributes,
-                       CompileParametrizedFunction(FindText(attributes, "formula"),
-                                                   GetText(attributes, "variable", "x")),
-                       "Cannot create curve, invalid formula.");
+    return MarkFormula(
+        marks, attributes,
+        CompileParametrizedFunction(FindText(attributes, "formula"), GetText(attributes, "variable", "x")),
+        "Cannot create curve, invalid formula.");
 }
 
 bool MarkFormulaSurface(const SModelMarks& marks, const CNamedAttributes& attributes)

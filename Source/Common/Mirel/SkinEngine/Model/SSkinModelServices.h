@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Mirel/SkinEngine/Model/IUrlOpener.h"
-#include "Mirel/System/ITimerProvider.h"
 #include "Mirel/System/ITickSource.h"
+#include "Mirel/System/ITimerProvider.h"
 
 namespace Mirel::SkinEngine
 {

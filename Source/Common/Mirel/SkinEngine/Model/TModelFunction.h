@@ -111,9 +111,9 @@ private:
 template <class I>
 using TFormulaSnapshot = TEvaluated<I, TFormulaSnapshotBase<I>>;
 
-/// A formula of the model as others see it. Its copies are snapshots; one that has grown too large, as one does
-/// that leads back into itself, is the given constant instead. C is the constant function of the kind. The
-/// formula is not owned. GUI thread only.
+/// A formula of the model as others see it. Its copies are snapshots; one that has grown too large, as one
+/// does that leads back into itself, is the given constant instead. C is the constant function of the kind.
+/// The formula is not owned. GUI thread only.
 template <class I, class C>
 class TFormulaFunctionBase : public TFunctionInPlace<I>
 {

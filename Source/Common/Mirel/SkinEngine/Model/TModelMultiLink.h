@@ -16,10 +16,10 @@ template <class Link>
 class TModelMultiLink : public Link
 {
 public:
-    using Source = std::remove_pointer_t<typename std::decay_t<
-        decltype(std::declval<const Link&>().GetSources())>::value_type>;
-    using Target = std::remove_pointer_t<typename std::decay_t<
-        decltype(std::declval<const Link&>().GetTargets())>::value_type>;
+    using Source = std::remove_pointer_t<
+        typename std::decay_t<decltype(std::declval<const Link&>().GetSources())>::value_type>;
+    using Target = std::remove_pointer_t<
+        typename std::decay_t<decltype(std::declval<const Link&>().GetTargets())>::value_type>;
 
     /// The place of one source in the list.
     class CPlace

@@ -7,6 +7,7 @@
 #include "Mirel/SkinEngine/Model/ObjectLookup.h"
 #include "PublishingEffect.h"
 #include "Support/CFakeTimerProvider.h"
+#include "Support/CFunctionCommand.h"
 #include "Support/EventCounter.h"
 
 #include <gmock/gmock.h>
@@ -307,6 +308,22 @@ TEST_F(CPluginModelObjectsTest, PausedStopsThePolling)
         paused.SetValue(0.0f);
         EXPECT_EQ(timers.periods.size(), 1U);
     }
+}
+
+TEST_F(CPluginModelObjectsTest, AnObjectMayBePausedByWhatItSetsOff)
+{
+    Build({"dsp.output0", "dsp.output0.paused"});
+    auto& level = Get<IConstCaptureParam>("dsp.output0");
+    Tests::CFunctionCommand pause([this] { Get<ICaptureParam>("dsp.output0.paused").SetValue(1.0f); });
+    level.GetValueChangedEventProvider().Connect(pause);
+    effect.SetLevel(0.5f);
+    Publish();
+    timers.Tick();
+    effect.SetLevel(0.75f);
+    Publish();
+    timers.Tick();
+    EXPECT_EQ(level.GetValue(), 0.5f);
+    level.GetValueChangedEventProvider().Disconnect(&pause);
 }
 
 TEST_F(CPluginModelObjectsTest, AWantForTheSwitchAloneBringsItsObject)

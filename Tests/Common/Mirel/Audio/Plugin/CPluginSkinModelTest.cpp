@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -223,6 +224,54 @@ TEST_F(CPluginSkinModelTest, ItsStateGoesThroughTheInstance)
     EXPECT_TRUE(model->Deserialize(saved));
     EXPECT_EQ(Find<ICaptureParam>("zoom")->GetValue(), 3.0f);
     EXPECT_FALSE(model->GetModel().IsStateModified());
+}
+
+TEST_F(CPluginSkinModelTest, ItemsOfCollectionsComeBackWithTheirState)
+{
+    const std::string text = R"(<MODEL>
+          <COLLECTION id="bands" max_count="8" persistent="true">
+            <PARAM id="$item_id$.gain" max="1" persistent="true"/>
+            <COLLECTION id="$item_id$.taps" item_name="tap" max_count="4" persistent="true">
+              <PARAM id="$tap$.delay" max="100" persistent="true"/>
+            </COLLECTION>
+          </COLLECTION>
+        </MODEL>)";
+    ASSERT_TRUE(Load(text));
+    EXPECT_FALSE(HasErrors());
+    Find<ICount>("bands")->SetCount(3);
+    ASSERT_NE(Find<ICount>("bands[2].taps"), nullptr);
+    Find<ICount>("bands[2].taps")->SetCount(2);
+    Find<ICaptureParam>("bands[1].gain")->SetValue(0.5f);
+    Find<ICaptureParam>("bands[2].taps[1].delay")->SetValue(40.0f);
+    EXPECT_TRUE(model->GetModel().IsStateModified());
+    Serialization::CMemDataObject saved;
+    ASSERT_TRUE(model->Serialize(saved));
+
+    model = std::make_unique<CPluginSkinModel>(bindings, SSkinModelServices());
+    ASSERT_TRUE(Load(text));
+    EXPECT_EQ(Find<ICount>("bands")->GetCount(), 0);
+    EXPECT_TRUE(model->Deserialize(saved));
+    EXPECT_EQ(Find<ICount>("bands")->GetCount(), 3);
+    ASSERT_NE(Find<ICaptureParam>("bands[2].taps[1].delay"), nullptr);
+    EXPECT_EQ(Find<ICaptureParam>("bands[2].taps[1].delay")->GetValue(), 40.0f);
+    EXPECT_EQ(Find<ICaptureParam>("bands[1].gain")->GetValue(), 0.5f);
+    EXPECT_EQ(Find<ICaptureParam>("bands[0].gain")->GetValue(), 0.0f);
+}
+
+TEST_F(CPluginSkinModelTest, ACountFromAStateKeepsToTheCollectionsRange)
+{
+    ASSERT_TRUE(Load(R"(<MODEL>
+          <COLLECTION id="bands" count="1" min_count="1" max_count="3" persistent="true">
+            <PARAM id="$item_id$.gain"/>
+          </COLLECTION>
+        </MODEL>)"));
+    for (const int count : {2000000000, -2000000000, 2})
+    {
+        CSkinModelState state;
+        state.collections.push_back({"bands.count", count});
+        model->GetModel().RestoreState(state);
+        EXPECT_EQ(Find<ICount>("bands")->GetCount(), count > 3 ? 3 : std::max(count, 1));
+    }
 }
 
 TEST(CPluginSkinModelFactory, AnInstanceLoadsItsModelOnTheLoopAndKeepsItsState)

@@ -134,7 +134,9 @@ TEST(CSkinModelFactory, ThePrePassMarksWhatElementsReferTo)
         {"<CURVE_FROM_PARAM_OVER_TIME id='a' param_id='b' exposed='true'/>", {"a", "b"}, {}},
         {"<SURFACE_FROM_CURVE_OVER_TIME id='a' curve_id='b'/>", {"b"}, {"a"}},
         {"<CURVE_VALUE_PARAM id='a' curve_id='b' x_param_id='c' persistent='true'/>", {"a", "b", "c"}, {}},
-        {"<SURFACE_VALUE_PARAM id='a' surface_id='b' x_param_id='c' y_param_id='d'/>", {"b", "c", "d"}, {"a"}},
+        {"<SURFACE_VALUE_PARAM id='a' surface_id='b' x_param_id='c' y_param_id='d'/>",
+         {"b", "c", "d"},
+         {"a"}},
         {"<FORMULA_PARAM id='a' formula='b+c(d)+e(f,1)'/>", {"b", "c", "d", "e", "f"}, {"a"}},
         {"<FORMULA_CURVE id='a' formula='b*t' variable='t' exposed='true'/>", {"a", "b"}, {"t"}},
         {"<FORMULA_SURFACE id='a' formula='b*x*y'/>", {"b"}, {"a", "x", "y"}},
@@ -233,15 +235,16 @@ TEST(CSkinModelFactory, EveryFailureHasItsMessage)
             {"<FORMULA_PARAM id='c' formula='1+'/>", "0: Cannot create param, invalid formula.", true},
             {"<FORMULA_CURVE id='c' formula='5%2'/>", "0: Cannot create curve, invalid formula.", true},
             {"<FORMULA_SURFACE id='c' formula=''/>", "0: Cannot create surface, invalid formula.", true},
-            {"<PARAM_LINK from='a' to='b' formula='y'/>",
-             "0: Cannot create curve for link, invalid formula.", true},
-            {"<PARAM id='a'/>",
-             "0: 'a' : this object identifier already exists, use another identifier.", true},
+            {"<PARAM_LINK from='a' to='b' formula='y'/>", "0: Cannot create curve for link, invalid formula.",
+             true},
+            {"<PARAM id='a'/>", "0: 'a' : this object identifier already exists, use another identifier.",
+             true},
             {"<PARAM_LINK from='a' to='c'/>", "0: c: Unknown identifier (object does not exist).", true},
             {"<CURVE_LINK from='a' to='c'/><CURVE id='c'/>",
              "0: a: Unknown curve identifier (wrong object type).", true},
             {"<FOREACH collection_id='c'/>", "0: c: Unknown identifier (object does not exist).", true},
-            {"<FOREACH collection_id='a'/>", "0: a: Unknown collection identifier (wrong object type).", true},
+            {"<FOREACH collection_id='a'/>", "0: a: Unknown collection identifier (wrong object type).",
+             true},
             {"<PERSISTENT_PARAMS param_ids='c'/>",
              "1: c: cannot make object persistent (already persistent or unknown object).", false},
             {"<PERSISTENT_PARAMS param_ids='a;a'/>",
@@ -260,7 +263,8 @@ TEST(CSkinModelFactory, EveryFailureHasItsMessage)
 TEST(CSkinModelFactory, AFailedElementDoesNotStopTheWalk)
 {
     CModelRig rig;
-    EXPECT_FALSE(rig.Build("<PARAM/><PARAM id='a' default='1' max='2'/><PARAM_LINK from='x' to='a'/><PARAM id='b'/>"));
+    EXPECT_FALSE(
+        rig.Build("<PARAM/><PARAM id='a' default='1' max='2'/><PARAM_LINK from='x' to='a'/><PARAM id='b'/>"));
     EXPECT_FLOAT_EQ(rig.Value("a"), 1);
     EXPECT_TRUE(rig.Has("b"));
     EXPECT_TRUE(rig.model.GetEnable().IsEnabled());
@@ -289,8 +293,9 @@ TEST(CSkinModelFactory, NumbersHaveAPointInEveryLocale)
 {
     const Tests::CCommaLocale comma;
     CModelRig rig;
-    EXPECT_TRUE(rig.Build("<PARAM id='a' max='1.5' default='1.25'/>"
-                          "<COLLECTION id='c' count='1'><PARAM id='$item_id$' max='1.5' default='1.25'/></COLLECTION>"));
+    EXPECT_TRUE(rig.Build(
+        "<PARAM id='a' max='1.5' default='1.25'/>"
+        "<COLLECTION id='c' count='1'><PARAM id='$item_id$' max='1.5' default='1.25'/></COLLECTION>"));
     EXPECT_FLOAT_EQ(rig.Value("a"), 1.25f);
     EXPECT_FLOAT_EQ(rig.Value("c[0]"), 1.25f);
     rig.Param("c.count").SetValue(2);
@@ -314,7 +319,8 @@ TEST(CSkinModelFactory, TheUrlOfAnActionMayBeMissingItsOpener)
     Tests::CModelRig rig;
     CSkinModel model;
     CSkinModelFactory factory(rig.parser, rig.log, model);
-    rig.folder.Write("test.model", "<MODEL><FUNCTION_INVOKE_ACTION id='a' function='OpenUrl' arg_url=\"'u'\"/></MODEL>");
+    rig.folder.Write("test.model",
+                     "<MODEL><FUNCTION_INVOKE_ACTION id='a' function='OpenUrl' arg_url=\"'u'\"/></MODEL>");
     EXPECT_TRUE(factory.Parse(rig.folder.GetPath("test.model").c_str(), false));
     FindObject<IConstAction>(model.GetObjects(), "a")->Execute();
     EXPECT_THAT(rig.opener.urls, IsEmpty());

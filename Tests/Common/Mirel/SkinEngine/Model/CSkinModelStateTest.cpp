@@ -4,6 +4,7 @@
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/Math/CConstantBinaryFunction.h"
 #include "Mirel/Math/CConstantFunction.h"
+#include "Mirel/Math/CFunctionProxy.h"
 #include "Mirel/Math/FunctionsLibrary.h"
 #include "Mirel/Math/TBinaryFunction.h"
 #include "Mirel/Math/TFunction.h"
@@ -441,6 +442,48 @@ TEST(CSkinModelState, AFunctionOfAnUnknownClassIsLeftOut)
     CSkinModelState read;
     EXPECT_TRUE(read.Deserialize(saved));
     EXPECT_TRUE(read.curves.empty());
+}
+
+TEST(CSkinModelState, FunctionsWithinFunctionsComeBackAsFarAsADocumentNests)
+{
+    for (const int depth : {50, 100000})
+    {
+        // Each level is written as two elements, the function and its content.
+        std::string text = "<Root><version>2</version><paramStates><paramCount>0</paramCount></paramStates>"
+                           "<curveStates><curveCount>1</curveCount><curve0><name>shape</name>";
+        std::string end;
+        for (int i = 0; i < depth; ++i)
+        {
+            text += std::string("<value><isNull>0</isNull><type>") + Math::CFunctionProxy::classKey +
+                    "</type><content>";
+            end += "</content></value>";
+        }
+        text += "<value><isNull>1</isNull></value>" + end + "</curve0></curveStates></Root>";
+        CXmlDataObject document("Root");
+        EXPECT_EQ(document.LoadFromMemory(text.data(), text.size()), depth == 50);
+        CSkinModelState state;
+        state.Deserialize(document);
+        // A proxy without a function is none.
+        EXPECT_TRUE(state.curves.empty());
+    }
+    std::unique_ptr<Math::IFunction> nested = std::make_unique<CConstantFunction>(0.5f);
+    for (int i = 0; i < 50; ++i)
+    {
+        nested = std::make_unique<Math::CFunctionProxy>(
+            Math::TFunctionHolder<Math::IFunction>(nested.release(), true));
+    }
+    CSkinModelState state;
+    state.curves.push_back({"shape", std::move(nested)});
+    CXmlDataObject document("Root");
+    ASSERT_TRUE(state.Serialize(document));
+    std::string text;
+    ASSERT_TRUE(document.SaveToText(text));
+    CXmlDataObject read("Root");
+    ASSERT_TRUE(read.LoadFromMemory(text.data(), text.size()));
+    CSkinModelState restored;
+    ASSERT_TRUE(restored.Deserialize(read));
+    ASSERT_EQ(restored.curves.size(), 1U);
+    EXPECT_EQ((*restored.curves[0].value)(7.0f), 0.5f);
 }
 
 // Change tracking.

@@ -26,11 +26,31 @@ protected:
     {
         rig.model.AddConstParam("host.meter", &meter, allObjectFlags, false);
         rig.model.AddConstParam("host.level", &level, objectItself, false);
-        for (const char* id :
-             {"alive", "link.*", "calculation.mode", "display.enabled", "mixer.reverse", "tie.reverse",
-              "glide.refresh_time_ms", "curve_link.enabled", "string_link.enabled", "history.paused",
-              "landscape.refresh_time_ms", "sweep", "sweep.enabled", "open*", "bands.count", "views.count",
-              "steps", "on", "shape", "gain.max", "ramp.x_info", "history", "landscape", "ramp_at_x", "plane_at_x_y"})
+        for (const char* id : {"alive",
+                               "link.*",
+                               "calculation.mode",
+                               "display.enabled",
+                               "mixer.reverse",
+                               "tie.reverse",
+                               "glide.refresh_time_ms",
+                               "curve_link.enabled",
+                               "string_link.enabled",
+                               "history.paused",
+                               "landscape.refresh_time_ms",
+                               "sweep",
+                               "sweep.enabled",
+                               "open*",
+                               "bands.count",
+                               "views.count",
+                               "steps",
+                               "on",
+                               "shape",
+                               "gain.max",
+                               "ramp.x_info",
+                               "history",
+                               "landscape",
+                               "ramp_at_x",
+                               "plane_at_x_y"})
         {
             rig.model.GetExposure().Use(id);
         }
@@ -81,30 +101,37 @@ TEST_F(EveryElement, IsBuiltAsWritten)
             // 3 squared and 1
             "calculated: param = 10 '10.00' | 'Calculated' -100..100 default 0 type 2 unit ''",
             "shapery_.enum_values: string = 'low;high' | 'Enum Values' default ''",
-            "shaper: curve = 1 1 1 | 'Shaper' x 'Time' 0..1 default 0.10000000149 type 2 unit 's' y 'Level' 0..1 "
+            "shaper: curve = 1 1 1 | 'Shaper' x 'Time' 0..1 default 0.10000000149 type 2 unit 's' y 'Level' "
+            "0..1 "
             "default 1 type 1 unit 'V'",
-            "copy: curve = 0 1.25 2.5 | '' x '' 0..1 default 0 type 2 unit '' y '' 0..10 default 0 type 2 unit ''",
-            "sum: curve = 1 2.25 3.5 | '' x '' 0..1 default 0 type 2 unit '' y '' 0..10 default 0 type 2 unit ''",
+            "copy: curve = 0 1.25 2.5 | '' x '' 0..1 default 0 type 2 unit '' y '' 0..10 default 0 type 2 "
+            "unit ''",
+            "sum: curve = 1 2.25 3.5 | '' x '' 0..1 default 0 type 2 unit '' y '' 0..10 default 0 type 2 "
+            "unit ''",
             "title: string = 'Hello' | 'Title' default 'Hello'",
             // Two significant digits of 2.5, with three decimals.
-            "shown: string = 'Gain: +2.500 dB' | '' default ''",
-            "repeated: string = 'Hello' | '' default ''",
+            "shown: string = 'Gain: +2.500 dB' | '' default ''", "repeated: string = 'Hello' | '' default ''",
             "joined: string = 'Hello - http://localhost/page' | '' default ''",
             "page: string = 'http://localhost/page' | '' default 'http://localhost/page'",
             // 2.5 * 2 + 0.5 * 2.5
             "double_gain: const param = 6.25 '6.25' | 'Double' -20..20 default 0 type 2 unit 'dB'",
-            "ramp: const curve = 0 1.25 2.5 | 'Ramp' x '' 0..1 default 0 type 2 unit '' y '' -10..10 default 0 "
+            "ramp: const curve = 0 1.25 2.5 | 'Ramp' x '' 0..1 default 0 type 2 unit '' y '' -10..10 default "
+            "0 "
             "type 2 unit ''",
             "ramp.x_info: const info | '' 0..1 default 0 type 2 unit ''",
             "ramp.y_info: const info | '' -10..10 default 0 type 2 unit ''",
-            "plane: const surface = 0 0.625 1.25 | 'Plane' x '' 0..1 default 0 type 2 unit '' y '' 0..1 default 0 "
+            "plane: const surface = 0 0.625 1.25 | 'Plane' x '' 0..1 default 0 type 2 unit '' y '' 0..1 "
+            "default 0 "
             "type 2 unit '' z '' 0..2 default 0 type 2 unit ''",
-            "history: const curve = 2.5 2.5 2.5 | 'History' x 'time' -2..0 default 0 type 2 unit 's' y 'Gain' "
+            "history: const curve = 2.5 2.5 2.5 | 'History' x 'time' -2..0 default 0 type 2 unit 's' y "
+            "'Gain' "
             "-10..10 default 2.5 type 2 unit 'dB'",
             "history.paused: param = 1 'paused' | 'Paused' 0..1 default 1 type 1 unit ''",
-            "landscape: const surface = 0 0 0 | 'Landscape' x 'time' -1..0 default 0 type 2 unit 's' y '' 0..1 "
+            "landscape: const surface = 0 0 0 | 'Landscape' x 'time' -1..0 default 0 type 2 unit 's' y '' "
+            "0..1 "
             "default 0 type 2 unit '' z '' -10..10 default 0 type 2 unit ''",
-            "landscape.refresh_time_ms: param = 30 '30' | 'Refresh Time' 0..1000000 default 30 type 1 unit 'ms'",
+            "landscape.refresh_time_ms: param = 30 '30' | 'Refresh Time' 0..1000000 default 30 type 1 unit "
+            "'ms'",
             "ramp_at_x: const param = 1.25 '1.25' | '' -10..10 default 0 type 2 unit ''",
             "plane_at_x_y: const param = 0.5625 '0.56' | '' 0..2 default 0 type 2 unit ''",
             "sweep: const object",
@@ -119,11 +146,14 @@ TEST_F(EveryElement, IsBuiltAsWritten)
             "-3.4028234664e+38..3.4028234664e+38 default 1 type 1 unit ''",
             "link.mode: param = 0 'normal' | 'Mode' 0..1 default 0 type 1 unit ''",
             "link.mode.info: const info | 'Mode' 0..1 default 0 type 1 unit ''",
-            "link.mode.default: const param = 0 'normal' | 'Mode Default' -3.4028234664e+38..3.4028234664e+38 "
+            "link.mode.default: const param = 0 'normal' | 'Mode Default' "
+            "-3.4028234664e+38..3.4028234664e+38 "
             "default 0 type 1 unit ''",
-            "link.mode.min: const param = 0 'normal' | 'Mode Min' -3.4028234664e+38..3.4028234664e+38 default 0 "
+            "link.mode.min: const param = 0 'normal' | 'Mode Min' -3.4028234664e+38..3.4028234664e+38 "
+            "default 0 "
             "type 1 unit ''",
-            "link.mode.max: const param = 1 'diff' | 'Mode Max' -3.4028234664e+38..3.4028234664e+38 default 1 "
+            "link.mode.max: const param = 1 'diff' | 'Mode Max' -3.4028234664e+38..3.4028234664e+38 default "
+            "1 "
             "type 1 unit ''",
             "link.enabled: param = 1 'enabled' | 'Enabled' 0..1 default 1 type 1 unit ''",
             "link.enabled.info: const info | 'Enabled' 0..1 default 1 type 1 unit ''",
@@ -141,7 +171,8 @@ TEST_F(EveryElement, IsBuiltAsWritten)
             "curve_link.enabled: param = 1 'enabled' | 'Enabled' 0..1 default 1 type 1 unit ''",
             "string_link.enabled: param = 1 'enabled' | 'Enabled' 0..1 default 1 type 1 unit ''",
             "open: const action | ''", "open_fixed: const action | ''", "bands: collection = 2",
-            "bands.count: param = 2 '2' | 'Count' 1..4 default 2 type 1 unit ''", "views: const collection = 2",
+            "bands.count: param = 2 '2' | 'Count' 1..4 default 2 type 1 unit ''",
+            "views: const collection = 2",
             "views.count: const param = 2 '2' | 'Count' 0..2147483648 default 0 type 1 unit ''",
             "bands[0].level: param = 0.5 '0.50' | 'Level' 0..1 default 0.5 type 2 unit ''",
             "bands[1].level: param = 0.5 '0.50' | 'Level' 0..1 default 0.5 type 2 unit ''",

@@ -32,7 +32,10 @@ class CModelRig
 public:
     /// The body of a MODEL element without attributes. With wanted all objects are built, otherwise those
     /// that the text marks.
-    bool Build(const std::string& body, bool wanted = true) { return BuildFile("<MODEL>" + body + "</MODEL>", wanted); }
+    bool Build(const std::string& body, bool wanted = true)
+    {
+        return BuildFile("<MODEL>" + body + "</MODEL>", wanted);
+    }
 
     bool BuildFile(const std::string& text, bool wanted = true)
     {

@@ -101,7 +101,8 @@ TEST_F(SkinCollection, ItemsAreMadeInRisingOrderAndToldTheirNames)
     Load(collection);
     Tests::CEventCounter changes(collection.GetCountChangedEventProvider());
     collection.SetCount(2);
-    EXPECT_THAT(Take(), ElementsAre("prepare 2", "create 0 item_id=c[0]", "create 1 item_id=c[1]", "commit 2"));
+    EXPECT_THAT(Take(),
+                ElementsAre("prepare 2", "create 0 item_id=c[0]", "create 1 item_id=c[1]", "commit 2"));
     EXPECT_EQ(collection.GetCount(), 2);
     EXPECT_EQ(changes.Take(), 1);
     collection.SetCount(0);
@@ -114,8 +115,8 @@ TEST_F(SkinCollection, AllItemsThatGoAreUnloadedBeforeTheFirstIsDestroyed)
     collection.SetCount(4);
     Take();
     collection.SetCount(1);
-    EXPECT_THAT(Take(), ElementsAre("prepare -3", "unload 1", "unload 2", "unload 3", "destroy 1", "destroy 2",
-                                    "destroy 3", "commit -3"));
+    EXPECT_THAT(Take(), ElementsAre("prepare -3", "unload 1", "unload 2", "unload 3", "destroy 1",
+                                    "destroy 2", "destroy 3", "commit -3"));
 }
 
 TEST_F(SkinCollection, TheCountIsToldBeforeAndAfter)
@@ -186,15 +187,16 @@ TEST_F(SkinCollection, ItemsGoInOrderWithTheCollection)
         collection.SetCount(2);
         Take();
     }
-    EXPECT_THAT(Take(), ElementsAre("prepare -2", "unload 0", "unload 1", "destroy 0", "destroy 1", "commit -2"));
+    EXPECT_THAT(Take(),
+                ElementsAre("prepare -2", "unload 0", "unload 1", "destroy 0", "destroy 1", "commit -2"));
     EXPECT_EQ(context->GetItems(), 0);
 }
 
 TEST_F(SkinCollection, FollowersHaveTheSmallestCount)
 {
+    CTrace ignored;
     CSkinCollection a(context, "a", nullptr, 0, 10);
     CSkinCollection b(context, "b", nullptr, 0, 10);
-    CTrace ignored;
     a.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     b.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     a.SetCount(3);
@@ -223,9 +225,9 @@ TEST_F(SkinCollection, FollowersHaveTheSmallestCount)
 
 TEST_F(SkinCollection, ACountThatIsAskedForMeanwhileWaits)
 {
+    CTrace ignored;
     CSkinCollection a(context, "a", nullptr, 0, 10);
     CSkinCollection b(context, "b", nullptr, 0, 10);
-    CTrace ignored;
     a.SetItemFactory(std::make_unique<CTracedItemFactory>(ignored));
     Load(b);
     {
@@ -242,7 +244,6 @@ TEST_F(SkinCollection, ACountThatIsAskedForMeanwhileWaits)
 
 TEST_F(SkinCollection, ACollectionThatHasGoneIsNotAsked)
 {
-    CTrace ignored;
     {
         const CSkinCollectionContext::CChange change(*context);
         CSkinCollection collection(context, "c", nullptr, 0, 10);
