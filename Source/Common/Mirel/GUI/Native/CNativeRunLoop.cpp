@@ -69,9 +69,9 @@ void CNativeRunLoop::RemoveTimer(TimerId id)
     Arm();
 }
 
-bool CNativeRunLoop::AddDescriptor(int descriptor, Callback callback)
+bool CNativeRunLoop::AddDescriptor(int descriptor, Callback callback, Predicate isPending)
 {
-    auto shared = std::make_shared<Callback>(std::move(callback));
+    auto shared = std::make_shared<SDescriptor>(SDescriptor{std::move(callback), std::move(isPending)});
     const auto known = descriptors.find(descriptor);
     if (known != descriptors.end())
     {
@@ -98,16 +98,34 @@ void CNativeRunLoop::Post(Callback call)
 {
     const std::lock_guard guard(postedMutex);
     posted.push_back(std::move(call));
+    Wake();
+}
+
+void CNativeRunLoop::Wake() const
+{
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t size = write(wakeDescriptor, &one, sizeof(one));
 }
 
-bool CNativeRunLoop::Pump(int timeoutMs)
+std::vector<int> CNativeRunLoop::FindPending() const
 {
+    std::vector<int> pending;
+    for (const auto& [descriptor, entry] : descriptors)
+    {
+        if (entry->isPending && entry->isPending())
+        {
+            pending.push_back(descriptor);
+        }
+    }
+    return pending;
+}
+
+std::vector<int> CNativeRunLoop::Wait(int timeoutMs) const
+{
+    std::vector<int> ready = FindPending();
     std::array<epoll_event, eventsPerPass> events{};
-    const int count =
-        epoll_wait(epollDescriptor, events.data(), static_cast<int>(events.size()), std::max(timeoutMs, -1));
-    std::vector<int> ready;
+    const int count = epoll_wait(epollDescriptor, events.data(), static_cast<int>(events.size()),
+                                 ready.empty() ? std::max(timeoutMs, -1) : 0);
     for (int i = 0; i < count; ++i)
     {
         const int descriptor = events[static_cast<std::size_t>(i)].data.fd;
@@ -115,16 +133,26 @@ bool CNativeRunLoop::Pump(int timeoutMs)
         {
             Drain(descriptor);
         }
-        else
+        else if (std::find(ready.begin(), ready.end(), descriptor) == ready.end())
         {
             ready.push_back(descriptor);
         }
     }
+    return ready;
+}
+
+bool CNativeRunLoop::Pump(int timeoutMs)
+{
+    const std::vector<int> ready = Wait(timeoutMs);
     const std::uint64_t pass = ++passes;
     const bool ranPosted = RunPosted();
     const bool ranTimers = RunDueTimers();
     const bool ranReady = RunReady(ready, pass);
     Arm();
+    if (!FindPending().empty())
+    {
+        Wake(); // for whoever polls the loop's own descriptor
+    }
     return ranPosted || ranTimers || ranReady;
 }
 
@@ -153,8 +181,7 @@ bool CNativeRunLoop::RunPosted()
     }
     if (!posted.empty())
     {
-        const std::uint64_t one = 1;
-        [[maybe_unused]] const ssize_t size = write(wakeDescriptor, &one, sizeof(one));
+        Wake();
     }
     return count != 0;
 }
@@ -209,8 +236,8 @@ bool CNativeRunLoop::RunReady(const std::vector<int>& ready, std::uint64_t pass)
         const auto place = descriptors.find(descriptor);
         if (place != descriptors.end())
         {
-            const std::shared_ptr<Callback> callback = place->second;
-            (*callback)();
+            const std::shared_ptr<SDescriptor> entry = place->second;
+            entry->callback();
             ran = true;
         }
     }

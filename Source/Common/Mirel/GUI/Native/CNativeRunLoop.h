@@ -26,6 +26,7 @@ class CNativeRunLoop : public virtual System::IIdleListener
 {
 public:
     using Callback = std::function<void()>;
+    using Predicate = std::function<bool()>;
     using TimerId = std::uint64_t; ///< never 0
 
     /// Timers run by the given counter, which must outlive the loop.
@@ -51,7 +52,11 @@ public:
     /// Calls back for as long as the descriptor is readable or broken. Replaces an earlier callback of the
     /// same descriptor. The descriptor is not owned; remove it before closing it. False if it cannot be
     /// watched.
-    bool AddDescriptor(int descriptor, Callback callback);
+    ///
+    /// isPending, if given, is asked before the loop sleeps: true if there is something to do although the
+    /// descriptor may not be readable, because what came in was read already and lies in a queue. It must not
+    /// touch the loop.
+    bool AddDescriptor(int descriptor, Callback callback, Predicate isPending = nullptr);
     void RemoveDescriptor(int descriptor);
 
     /// Any thread. The call runs on the loop's thread in a later pass; calls run in the order of posting.
@@ -77,7 +82,16 @@ private:
         bool firing = false;
     };
 
+    struct SDescriptor
+    {
+        Callback callback;
+        Predicate isPending;
+    };
+
     bool Watch(int descriptor) const;
+    std::vector<int> Wait(int timeoutMs) const;
+    void Wake() const;
+    std::vector<int> FindPending() const;
     bool RunPosted();
     bool RunDueTimers();
     void Fire(STimer& timer);
@@ -92,7 +106,7 @@ private:
     std::uint64_t passes = 0;
     TimerId lastTimer = 0;
     std::map<TimerId, std::shared_ptr<STimer>> timers;
-    std::map<int, std::shared_ptr<Callback>> descriptors;
+    std::map<int, std::shared_ptr<SDescriptor>> descriptors;
     std::mutex postedMutex;
     std::deque<Callback> posted;
 };

@@ -67,8 +67,8 @@ struct SNativeKeyEvent
     ENativeKey key = ENativeKey::Character;
     std::uint32_t keyCode = 0; ///< of the hardware, for telling keys apart
 
-    /// What the key would type without the control, alternate and command keys, as Unicode; 0 if nothing. For
-    /// shortcuts: control and C is 'c' here.
+    /// What the key would type without the control, alternate and command keys, as Unicode; 0 if nothing, and
+    /// within a compose sequence. For shortcuts: control and C is 'c' here.
     char32_t character = 0;
 
     /// What the press types, UTF-8, after compose sequences; empty for releases, shortcuts and the keys that
