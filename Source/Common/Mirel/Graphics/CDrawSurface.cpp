@@ -214,6 +214,25 @@ void CDrawSurface::Translate(CPoint delta)
     }
 }
 
+void CDrawSurface::Scale(double factor)
+{
+    if (context != nullptr)
+    {
+        cairo_scale(context, factor, factor);
+    }
+}
+
+double CDrawSurface::GetScale() const
+{
+    if (context == nullptr)
+    {
+        return 1.0;
+    }
+    cairo_matrix_t matrix = {};
+    cairo_get_matrix(context, &matrix);
+    return matrix.xx;
+}
+
 CPoint CDrawSurface::GetTranslation() const
 {
     if (context == nullptr)
@@ -270,6 +289,17 @@ void CDrawSurface::RestoreState()
     {
         cairo_restore(context);
     }
+}
+
+int CDrawSurface::GetDeviceScale() const
+{
+    double x = 1.0;
+    double y = 1.0;
+    if (context != nullptr)
+    {
+        cairo_surface_get_device_scale(cairo_get_target(context), &x, &y);
+    }
+    return Core::TruncateToInt32(x);
 }
 
 CBitmap* CDrawSurface::GetBitmap()

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "Mirel/Graphics/CColor.h"
+#include "Mirel/Graphics/CFont.h"
 #include "Mirel/Graphics/CLineRasterizer.h"
+#include "Mirel/Graphics/CTextFormat.h"
 #include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Mirel::Graphics
@@ -80,11 +83,39 @@ public:
     virtual void DrawLayerAlpha(const CLayer& layer, CPoint point, int opacity);
     virtual void DrawLayerInRect(const CLayer& layer, const CRect& rect);
 
+    /// The font of texts; none at first, and then texts are not drawn and have no extent.
+    virtual void SetFont(CSharedFont newFont) { font = std::move(newFont); }
+    virtual const CSharedFont& GetFont() const { return font; }
+
+    /// One line in the pen's colour, its top left at the point, not turned. A text is UTF-8; one that is not,
+    /// and null, are not drawn and have no extent; of one that is longer than CLimits allow, the beginning
+    /// counts.
+    virtual void DrawText(const char* text, CPoint point);
+
+    /// Turned by the escapement of the font and aligned in the rectangle. Nothing without the wordBreak bit
+    /// of the format.
+    virtual void DrawTextInRect(const char* text, const CRect& rect, const CTextFormat& format);
+
+    /// The size of a text as one line, turned by the escapement of the font: of the box around it.
+    virtual CSize GetTextExtent(const char* text) const;
+
+    /// The same as the format sets the text in a rectangle of that width; 0, 0 without its calculate bit.
+    virtual CSize GetTextExtentInRect(const char* text, const CRect& rect, const CTextFormat& format) const;
+
+    /// The size of a text as one line: its width, and the height of a line of the font, rounded up.
+    virtual CSize GetTextExtentUnrotated(const char* text) const;
+
     /// True lets texts run out of their rectangles. False at first.
     virtual void SetTextNoClip(bool noClip) { textNoClip = noClip; }
     virtual bool GetTextNoClip() const { return textNoClip; }
 
     virtual void Translate(CPoint delta);
+
+    /// Makes a whole coordinate as many pixels as the factor says, from the present origin.
+    virtual void Scale(double factor);
+
+    /// Pixels under a whole coordinate across; 1.0 without a context.
+    virtual double GetScale() const;
 
     /// Where (0, 0) lies, from the top left of the whole surface: each coordinate plus 0.5 without its
     /// fraction, so what lies left or above comes out one pixel too far right or down.
@@ -97,6 +128,9 @@ public:
     /// Keeps colours, origin and clip until the matching RestoreState; a RestoreState too many does nothing.
     virtual void SaveState();
     virtual void RestoreState();
+
+    /// Device pixels that one pixel of the surface is wide and high: 1 to 4.
+    virtual int GetDeviceScale() const;
 
     /// The pixels under the surface as a bitmap, owned by the surface; none if it has none in memory.
     virtual CBitmap* GetBitmap();
@@ -122,6 +156,7 @@ private:
     cairo_t* context;
     CState state;
     std::vector<CState> saved;
+    CSharedFont font;
     bool textNoClip = false;
     std::shared_ptr<CBitmapContext> view;
     std::unique_ptr<CBitmapAdapter> bitmap;

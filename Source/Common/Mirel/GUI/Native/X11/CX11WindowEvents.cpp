@@ -262,7 +262,9 @@ void CX11Window::OnCrossing(const xcb_enter_notify_event_t& event, bool isIn)
 {
     platform.SetTime(event.time);
     const bool isHeldBack = !platform.GetGrabs().GetMenus().empty() && !platform.GetGrabs().IsMenu(id);
-    if (isIn == pointerInside || (isIn && isHeldBack))
+    // A window that captures the pointer from outside is told that it enters.
+    const bool isElsewhere = !IsInside({event.event_x, event.event_y});
+    if (isIn == pointerInside || (isIn && (isHeldBack || isElsewhere)))
     {
         return;
     }

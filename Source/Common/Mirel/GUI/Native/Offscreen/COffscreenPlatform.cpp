@@ -1,0 +1,407 @@
+#include "Mirel/GUI/Native/Offscreen/COffscreenPlatform.h"
+
+#include "Mirel/Core/Numeric.h"
+#include "Mirel/GUI/Native/CNativeRunLoop.h"
+#include "Mirel/GUI/Native/Offscreen/COffscreenWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Mirel::GUI
+{
+
+namespace
+{
+
+using Graphics::CRect;
+
+constexpr int maxScale = 4;
+constexpr int screenSide = 4096;
+
+CPoint Minus(CPoint a, CPoint b)
+{
+    return {Core::SaturateToInt32(std::int64_t{a.x} - b.x), Core::SaturateToInt32(std::int64_t{a.y} - b.y)};
+}
+
+} // namespace
+
+COffscreenPlatform::COffscreenPlatform(CNativeRunLoop& loop_, int scale_)
+    : loop(loop_),
+      scale(std::clamp(scale_, 1, maxScale))
+{
+}
+
+COffscreenPlatform::~COffscreenPlatform()
+{
+    // A pump that is still posted finds that there is nothing to do.
+    *pumpScheduled = false;
+}
+
+std::unique_ptr<INativeWindow> COffscreenPlatform::CreateNativeWindow(const SNativeWindowOptions& options,
+                                                                      INativeWindowSink& sink)
+{
+    return std::make_unique<COffscreenWindow>(*this, options, sink);
+}
+
+std::vector<SNativeScreen> COffscreenPlatform::GetScreens() const
+{
+    const CRect screen = {0, 0, screenSide, screenSide};
+    return {{screen, screen, true}};
+}
+
+COffscreenWindow* COffscreenPlatform::GetWindow(int index) const
+{
+    return index >= 0 && index < GetWindowCount() ? windows[static_cast<std::size_t>(index)] : nullptr;
+}
+
+bool COffscreenPlatform::Pump()
+{
+    *pumpScheduled = false;
+    bool any = false;
+    const Core::CLifeToken::CWatch watch(life);
+    const auto all = windows;
+    for (COffscreenWindow* window : all)
+    {
+        if (!watch.IsAlive())
+        {
+            return any;
+        }
+        any = (Has(window) && window->PaintIfDue()) || any;
+    }
+    return any;
+}
+
+void COffscreenPlatform::MovePointer(CPoint screenPosition)
+{
+    pointer = screenPosition;
+    const Core::CLifeToken::CWatch watch(life);
+    Track();
+    COffscreenWindow* const target = watch.IsAlive() ? FindTarget() : nullptr;
+    if (target != nullptr)
+    {
+        target->GetSink().OnPointerMove(MakeEvent(*target));
+    }
+}
+
+void COffscreenPlatform::PressButton(EMouseButton button)
+{
+    COffscreenWindow* const menu = FindTopMenu();
+    COffscreenWindow* const under = FindUnderPointer();
+    if (menu != nullptr && (under == nullptr || under->GetKind() != ENativeWindowKind::Menu))
+    {
+        menu->GetSink().OnCloseRequested();
+        return;
+    }
+    COffscreenWindow* const target = FindTarget();
+    if (buttons == 0)
+    {
+        grabbed = target;
+    }
+    buttons |= ButtonFlag(button);
+    clicks.CountPress(button, pointer, static_cast<std::uint32_t>(timeMs));
+    if (target != nullptr)
+    {
+        SNativeMouseEvent event = MakeEvent(*target);
+        event.button = button;
+        event.clickCount = clicks.GetCount(button);
+        target->GetSink().OnButtonDown(event);
+    }
+}
+
+void COffscreenPlatform::ReleaseButton(EMouseButton button)
+{
+    if ((buttons & ButtonFlag(button)) == 0)
+    {
+        return;
+    }
+    COffscreenWindow* const target = FindTarget();
+    buttons &= ~ButtonFlag(button);
+    if (buttons == 0)
+    {
+        grabbed = nullptr;
+    }
+    const Core::CLifeToken::CWatch watch(life);
+    if (target != nullptr)
+    {
+        SNativeMouseEvent event = MakeEvent(*target);
+        event.button = button;
+        event.clickCount = clicks.GetCount(button);
+        target->GetSink().OnButtonUp(event);
+    }
+    if (watch.IsAlive())
+    {
+        Track();
+    }
+}
+
+void COffscreenPlatform::TurnWheel(double notches)
+{
+    COffscreenWindow* const target = FindTarget();
+    if (target != nullptr)
+    {
+        const SNativeMouseEvent place = MakeEvent(*target);
+        SNativeWheelEvent event;
+        event.position = place.position;
+        event.screenPosition = place.screenPosition;
+        event.deltaY = notches;
+        event.modifiers = modifiers;
+        event.timeMs = timeMs;
+        target->GetSink().OnWheel(event);
+    }
+}
+
+void COffscreenPlatform::PressKey(SNativeKeyEvent event)
+{
+    SendKey(std::move(event), true);
+}
+
+void COffscreenPlatform::ReleaseKey(SNativeKeyEvent event)
+{
+    SendKey(std::move(event), false);
+}
+
+void COffscreenPlatform::SetModifiers(std::uint32_t newModifiers)
+{
+    const std::uint32_t changed = std::exchange(modifiers, newModifiers) ^ newModifiers;
+    if (changed != 0)
+    {
+        SNativeKeyEvent event;
+        event.key = ENativeKey::Modifier;
+        SendKey(event, (changed & newModifiers) != 0);
+    }
+}
+
+void COffscreenPlatform::AskToClose()
+{
+    if (focus != nullptr)
+    {
+        focus->GetSink().OnCloseRequested();
+    }
+}
+
+void COffscreenPlatform::LoseCapture()
+{
+    COffscreenWindow* const held = grabbed != nullptr ? grabbed : captured;
+    grabbed = nullptr;
+    captured = nullptr;
+    buttons = 0;
+    if (held != nullptr)
+    {
+        held->GetSink().OnCaptureLost();
+    }
+}
+
+void COffscreenPlatform::ChangeScale(int newScale)
+{
+    scale = std::clamp(newScale, 1, maxScale);
+    const Core::CLifeToken::CWatch watch(life);
+    const auto all = windows;
+    for (COffscreenWindow* window : all)
+    {
+        if (watch.IsAlive() && Has(window))
+        {
+            window->GetSink().OnScaleChanged(scale);
+        }
+    }
+}
+
+void COffscreenPlatform::Add(COffscreenWindow& window)
+{
+    windows.push_back(&window);
+}
+
+void COffscreenPlatform::Remove(COffscreenWindow& window)
+{
+    std::erase(windows, &window);
+    ForgetInput(window);
+}
+
+void COffscreenPlatform::Raise(COffscreenWindow& window)
+{
+    std::erase(windows, &window);
+    windows.push_back(&window);
+}
+
+void COffscreenPlatform::OnWindowShown(COffscreenWindow& window)
+{
+    const bool takesFocus =
+        window.GetKind() == ENativeWindowKind::TopLevel || window.GetKind() == ENativeWindowKind::Dialog;
+    if (!window.IsShown())
+    {
+        const bool heldMouse = grabbed == &window || captured == &window;
+        const bool hadFocus = focus == &window;
+        ForgetInput(window);
+        if (heldMouse)
+        {
+            window.GetSink().OnCaptureLost();
+        }
+        if (hadFocus && Has(&window))
+        {
+            window.GetSink().OnFocusOut();
+        }
+        if (Has(&window))
+        {
+            window.GetSink().OnHidden();
+        }
+        return;
+    }
+    SchedulePump();
+    if (takesFocus)
+    {
+        Raise(window);
+    }
+    window.GetSink().OnShown();
+    if (takesFocus && Has(&window) && window.IsShown())
+    {
+        SetFocus(&window);
+    }
+}
+
+void COffscreenPlatform::SetFocus(COffscreenWindow* window)
+{
+    if (window == focus)
+    {
+        return;
+    }
+    COffscreenWindow* const old = std::exchange(focus, window);
+    const Core::CLifeToken::CWatch watch(life);
+    if (old != nullptr)
+    {
+        old->GetSink().OnFocusOut();
+    }
+    if (watch.IsAlive() && focus == window && window != nullptr)
+    {
+        window->GetSink().OnFocusIn();
+    }
+}
+
+bool COffscreenPlatform::Capture(COffscreenWindow& window)
+{
+    if (captured != nullptr && captured != &window)
+    {
+        return false;
+    }
+    captured = &window;
+    return true;
+}
+
+void COffscreenPlatform::ReleaseCapture(const COffscreenWindow& window)
+{
+    if (captured == &window)
+    {
+        captured = nullptr;
+    }
+}
+
+void COffscreenPlatform::ForgetInput(const COffscreenWindow& window)
+{
+    for (COffscreenWindow** place : {&focus, &hover, &captured, &grabbed})
+    {
+        if (*place == &window)
+        {
+            *place = nullptr;
+        }
+    }
+}
+
+/// The loop may outlive the platform, so that what it runs asks first.
+void COffscreenPlatform::SchedulePump()
+{
+    if (!std::exchange(*pumpScheduled, true))
+    {
+        loop.Post(
+            [this, scheduled = pumpScheduled]
+            {
+                if (*scheduled)
+                {
+                    Pump();
+                }
+            });
+    }
+}
+
+bool COffscreenPlatform::Has(const COffscreenWindow* window) const
+{
+    return std::find(windows.begin(), windows.end(), window) != windows.end();
+}
+
+COffscreenWindow* COffscreenPlatform::FindUnderPointer() const
+{
+    const auto found =
+        std::find_if(windows.rbegin(), windows.rend(),
+                     [this](const COffscreenWindow* window)
+                     {
+                         return window->IsShown() && window->GetKind() != ENativeWindowKind::Tooltip &&
+                                CRect(window->GetPosition(), window->GetSize()).Contains(pointer);
+                     });
+    return found == windows.rend() ? nullptr : *found;
+}
+
+COffscreenWindow* COffscreenPlatform::FindTarget() const
+{
+    if (grabbed != nullptr || buttons != 0)
+    {
+        return grabbed;
+    }
+    return captured != nullptr ? captured : FindUnderPointer();
+}
+
+COffscreenWindow* COffscreenPlatform::FindTopMenu() const
+{
+    const auto found =
+        std::find_if(windows.rbegin(), windows.rend(),
+                     [](const COffscreenWindow* window)
+                     { return window->IsShown() && window->GetKind() == ENativeWindowKind::Menu; });
+    return found == windows.rend() ? nullptr : *found;
+}
+
+SNativeMouseEvent COffscreenPlatform::MakeEvent(const COffscreenWindow& window) const
+{
+    SNativeMouseEvent event;
+    event.position = Minus(pointer, window.GetPosition());
+    event.screenPosition = pointer;
+    event.buttons = buttons;
+    event.modifiers = modifiers;
+    event.timeMs = timeMs;
+    return event;
+}
+
+/// Enter and leave of windows; a held button puts them off.
+void COffscreenPlatform::Track()
+{
+    COffscreenWindow* const under = FindUnderPointer();
+    if (under == hover || buttons != 0)
+    {
+        return;
+    }
+    const Core::CLifeToken::CWatch watch(life);
+    COffscreenWindow* const old = std::exchange(hover, under);
+    if (old != nullptr)
+    {
+        old->GetSink().OnPointerLeave(MakeEvent(*old));
+    }
+    if (watch.IsAlive() && under != nullptr && hover == under)
+    {
+        under->GetSink().OnPointerEnter(MakeEvent(*under));
+    }
+}
+
+void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)
+{
+    event.modifiers = modifiers;
+    event.timeMs = timeMs;
+    if (focus == nullptr)
+    {
+        return;
+    }
+    if (down)
+    {
+        focus->GetSink().OnKeyDown(event);
+    }
+    else
+    {
+        focus->GetSink().OnKeyUp(event);
+    }
+}
+
+} // namespace Mirel::GUI
