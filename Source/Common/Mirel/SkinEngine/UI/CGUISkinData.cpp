@@ -28,10 +28,10 @@ Layout::CLayoutCell* CGUISkinData::FindLastCell(const Layout::CBaseGroupLayoutCe
 
 void CGUISkinData::Clear()
 {
-    for (const auto& close : std::exchange(closings, {}))
-    {
-        close();
-    }
+    // Who listens to a property lets go of it before the cell or widget goes that has it. Collections let
+    // their items go.
+    RemoveFromWhole();
+    model.Clear();
     for (Layout::CLayoutCell* cell : cells)
     {
         cell->SetAutoUpdate(false);
@@ -55,8 +55,6 @@ void CGUISkinData::Clear()
             parent->RemoveChild(widget);
         }
     }
-    RemoveFromWhole();
-    model.Clear();
     while (!objects.empty())
     {
         const std::unique_ptr<Core::IDestroy> last = std::move(objects.back());

@@ -7,7 +7,6 @@
 #include "Mirel/Layout/CTableLayoutCell.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 
-#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -52,9 +51,6 @@ public:
     void AddWidget(GUI::CLightWidget& widget) { lightWidgets.push_back(&widget); }
     void AddWidget(GUI::CWidget& widget) { nativeWidgets.push_back(&widget); }
 
-    /// Runs before anything goes, as the collections of a skin need it, whose items stand on the rest.
-    void AddClosing(std::function<void()> close) { closings.push_back(std::move(close)); }
-
     /// The last cell that stands directly in the group; null if there is none.
     Layout::CLayoutCell* FindLastCell(const Layout::CBaseGroupLayoutCell& group) const;
 
@@ -67,7 +63,6 @@ private:
     void RemoveFromWhole();
 
     ISkinModel& whole;
-    std::vector<std::function<void()>> closings;
     std::vector<Layout::CLayoutCell*> cells;
     std::vector<Layout::CTableLayoutCell::CRow*> rows;
     std::vector<GUI::CLightWidget*> lightWidgets;

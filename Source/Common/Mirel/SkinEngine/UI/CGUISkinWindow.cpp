@@ -170,12 +170,7 @@ bool CGUISkinWindow::Build()
     {
         placedLog.Post(CMessageKind::Warning, load->fonts.GetProblem().c_str(), 0);
     }
-    const bool parsed = Parse();
-    if (!parsed)
-    {
-        placedLog.Post(CMessageKind::Error, "Fatal error: skin parsing failed", 0);
-    }
-    return parsed;
+    return Parse();
 }
 
 bool CGUISkinWindow::Parse()
@@ -197,8 +192,13 @@ bool CGUISkinWindow::Parse()
     {
         handler.SetVariable(variable.c_str(), value.c_str());
     }
+    placedLog.Post(CMessageKind::Info, "Pre-Parsing the model...", 0);
     bool parsed = handler.PreParse(skinPath.c_str());
-    if (parsed)
+    if (!parsed)
+    {
+        placedLog.Post(CMessageKind::Error, "Fatal error: skin parsing failed", 0);
+    }
+    else
     {
         if (services.fillModel)
         {

@@ -31,7 +31,8 @@ public:
     CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                            const SSkinUIServices& services_, ISkinRoot& root_);
 
-    /// For an item of a collection, which is built where the collection stands.
+    /// For an item of a collection, built without a file where the collection stands: whatever the parser is
+    /// given up to EndItem becomes part of it.
     CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                            const SSkinUIServices& services_, const SUIScope& scope,
                            std::shared_ptr<CSkinModelContext> context_);
@@ -52,9 +53,7 @@ public:
     /// A variable for the file. Kept for all passes.
     void SetVariable(const char* name, const char* value);
 
-    /// Builds without a file, for an item of a collection: whatever the parser is given between the two
-    /// becomes part of the item.
-    void StartItem();
+    /// The end of an item. False if something could not be linked.
     bool EndItem();
 
     /// What the bodies of collections inside an item hold: they are kept for each item.
