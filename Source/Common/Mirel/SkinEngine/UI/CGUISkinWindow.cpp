@@ -249,7 +249,8 @@ SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
                                           !attributes.backgroundRepeats
                                       ? attributes.background->GetSize()
                                       : Core::CSize();
-    SetBackgroundGraphics(std::move(attributes.background));
+    // A colour alone needs no graphics: the widget fills itself with it.
+    SetBackgroundGraphics(attributes.backgroundIsImage ? std::move(attributes.background) : nullptr);
 
     SSkinPlace place;
     place.native = this;
