@@ -48,7 +48,8 @@ public:
         for (int i = 0; i < halvings; ++i)
         {
             const float middle = (low + high) * 0.5F;
-            ((*function)(middle) < y == rising ? low : high) = middle;
+            const bool below = (*function)(middle) < y;
+            (below == rising ? low : high) = middle;
         }
         return (low + high) * 0.5F;
     }

@@ -17,10 +17,10 @@ public:
     {
     }
 
-    void Move(const GUI::CPoint& position) override
+    void Move(const GUI::CPoint& newPosition) override
     {
         const GUI::CPoint origin = around == nullptr ? GUI::CPoint() : around->GetAbsolutePosition();
-        CLightWidgetAdapter::Move({position.x + origin.x, position.y + origin.y});
+        CLightWidgetAdapter::Move({newPosition.x + origin.x, newPosition.y + origin.y});
     }
 
     /// How the windowing system is asked to keep the picture: 0 not, 1 as a card, 2 as it likes. Carried for

@@ -176,9 +176,9 @@ TEST(CParamKnobMouseControl, ValueStaysInItsRange)
 {
     CKnob knob;
     knob.mouse.OnLeftDown(At(0, 50));
-    knob.mouse.OnMouseDrag(At(0, -2147483647));
+    knob.mouse.OnMouseDrag(At(0, -2000000000));
     EXPECT_EQ(knob.param.GetValue(), 1.0F);
-    knob.mouse.OnMouseDrag(At(0, 2147483647));
+    knob.mouse.OnMouseDrag(At(0, 2000000000));
     EXPECT_EQ(knob.param.GetValue(), 0.0F);
 }
 
