@@ -73,6 +73,8 @@ CFontLibrary::CFontLibrary()
 
 CFontLibrary::~CFontLibrary()
 {
+    // The map lets go of its configuration when it is given another, but not when it goes itself.
+    pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), nullptr);
     g_object_unref(map);
     FcConfigDestroy(config);
     if (system != nullptr)
