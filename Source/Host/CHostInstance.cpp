@@ -98,6 +98,11 @@ void CHostInstance::Process(const float* const* inputs, float* const* outputs, s
     }
 }
 
+TACFReference<IACFUnknown> CHostInstance::MakeGui() const
+{
+    return TACFReference<IACFUnknown>::Adopt(guiProcedure != nullptr ? guiProcedure() : nullptr);
+}
+
 bool CHostInstance::SaveChunk(std::uint32_t chunkId, std::vector<char>& bytes, std::string& error)
 {
     // The state may change between the two calls; then the plug-in refuses, and is asked again.
@@ -205,6 +210,10 @@ bool CHostInstance::MakeParameters(const CRecordingEffect& effect, const CInstan
             const auto made = TACFReference<IACFUnknown>::Adopt(creation->procedure());
             parameters = QueryFor<AAX_IEffectParameters>(made.Get());
             curves = QueryFor<IPublishedCurves>(made.Get());
+        }
+        else if (creation->id == AAX_ProcedureId::Gui)
+        {
+            guiProcedure = creation->procedure;
         }
     }
     if (!parameters)

@@ -39,6 +39,9 @@ public:
     AAX_IEffectParameters& GetParameters() { return *parameters; }
     CHostController& GetController() { return *controller; }
 
+    /// A new editor object; holds nothing if the module makes none.
+    TACFReference<IACFUnknown> MakeGui() const;
+
     /// Null if the plug-in publishes no curves.
     IPublishedCurves* GetCurves() { return curves.Get(); }
 
@@ -70,6 +73,7 @@ private:
 
     TACFReference<CRecordingPropertyMap> properties;
     AAX_ProcessProcedure procedure = nullptr;
+    AAX_CreationProcedure guiProcedure = nullptr;
     std::vector<CDataInPort> declaredPorts;
     std::vector<std::uint32_t> inputFields;
     std::vector<std::uint32_t> outputFields;

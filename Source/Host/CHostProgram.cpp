@@ -5,6 +5,8 @@
 #include "Host/CDescriptionPrinter.h"
 #include "Host/CHostInstance.h"
 #include "Host/CPluginSession.h"
+#include "Host/Editor/CSnapshots.h"
+#include "Host/Live/CLiveRun.h"
 #include "Host/Run/COfflineRun.h"
 #include "Host/Run/CurvesFile.h"
 #include "Host/Run/StateFiles.h"
@@ -12,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <limits>
 #include <ostream>
 #include <utility>
@@ -25,6 +28,9 @@ namespace
 constexpr int Success = 0;
 constexpr int Failure = 1;
 
+/// What is painted where no window can be shown and nothing else was asked for.
+constexpr const char* DefaultSnapshot = "scope-bank.png";
+
 /// Frames in so many seconds; all that there can be for more than fit a counter.
 std::int64_t FramesIn(double seconds, double sampleRate)
 {
@@ -33,11 +39,21 @@ std::int64_t FramesIn(double seconds, double sampleRate)
     return frames < static_cast<double>(most) ? std::llround(frames) : most;
 }
 
-/// Whether a run is asked for anything but to happen.
-bool HasResult(const CRunOptions& options)
+/// Whether a run leaves something that speaks for itself.
+bool HasFileResult(const CRunOptions& options)
 {
-    return options.summary || !options.summaryFile.empty() || !options.outputFile.empty() ||
-           !options.curvesFile.empty() || !options.saveState.empty() || !options.savePreset.empty();
+    return !options.summaryFile.empty() || !options.outputFile.empty() || !options.curvesFile.empty() ||
+           !options.saveState.empty() || !options.savePreset.empty();
+}
+
+std::vector<std::int64_t> FramesOfSnapshots(const CRunOptions& options, double sampleRate)
+{
+    std::vector<std::int64_t> frames;
+    for (const double seconds : options.snapshotSeconds)
+    {
+        frames.push_back(FramesIn(seconds, sampleRate));
+    }
+    return frames;
 }
 
 } // namespace
@@ -91,8 +107,30 @@ bool CHostProgram::RunInstance(const CPluginSession& session, std::string& messa
     }
     const CInstanceSetup setup = {source->GetChannelCount(), source->GetSampleRate()};
     const auto instance = CHostInstance::Make(*session.GetCollection(), setup, message);
-    return instance != nullptr && LoadState(*instance, message) && Play(*instance, *source, message) &&
-           SaveResults(*instance, message);
+    if (instance == nullptr || !LoadState(*instance, message))
+    {
+        return false;
+    }
+    const std::int64_t frames = FindPart(*source);
+    if (!options.IsOffline())
+    {
+        CLiveRun live(*instance, options, error);
+        if (live.GetPlatform().HasDisplay())
+        {
+            return live.Run(*source, frames, message);
+        }
+        options.snapshotFile = DefaultSnapshot;
+    }
+    return Play(*instance, *source, frames, message) && SaveResults(*instance, message);
+}
+
+std::int64_t CHostProgram::FindPart(IAudioSource& source) const
+{
+    const double rate = source.GetSampleRate();
+    const std::int64_t skipped = std::min(FramesIn(options.offset, rate), source.GetFrameCount());
+    source.Skip(skipped);
+    const std::int64_t left = source.GetFrameCount() - skipped;
+    return options.seconds ? std::min(left, FramesIn(*options.seconds, rate)) : left;
 }
 
 std::unique_ptr<IAudioSource> CHostProgram::OpenSource(std::string& message)
@@ -120,7 +158,8 @@ bool CHostProgram::LoadState(CHostInstance& instance, std::string& message) cons
            (options.loadPreset.empty() || LoadPreset(instance, options.loadPreset, message));
 }
 
-bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::string& message)
+bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::int64_t frames,
+                        std::string& message)
 {
     COfflineRun run(instance, options);
     if (!run.Prepare(message))
@@ -139,16 +178,38 @@ bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::stri
     {
         return false;
     }
-    const std::int64_t skipped = std::min(FramesIn(options.offset, rate), source.GetFrameCount());
-    source.Skip(skipped);
-    std::int64_t frames = source.GetFrameCount() - skipped;
-    if (options.seconds)
+    CSnapshots snapshots;
+    const bool paints = !options.snapshotFile.empty();
+    if (paints && !snapshots.Open(instance, options, error, message))
     {
-        frames = std::min(frames, FramesIn(*options.seconds, rate));
+        return false;
     }
+    bool painted = true;
+    run.StopAt(FramesOfSnapshots(options, rate),
+               [&](std::size_t stop)
+               {
+                   const double seconds = options.snapshotSeconds[stop];
+                   painted = painted && Paint(snapshots, CSnapshots::NameAt(options.snapshotFile, seconds), message);
+               });
     CProgressBar progress(error, onTerminal, frames, rate);
     const CRunSummary summary = run.Play(source, frames, writes ? &writer : nullptr, progress);
-    if (options.summary || !HasResult(options))
+    painted = painted && (!paints || Paint(snapshots, options.snapshotFile, message));
+    return painted && Report(summary, message) && (!writes || writer.Finish(message));
+}
+
+bool CHostProgram::Paint(CSnapshots& snapshots, const std::string& path, std::string& message)
+{
+    if (!snapshots.Take(path, message))
+    {
+        return false;
+    }
+    out << "painted " << std::filesystem::absolute(path).string() << '\n';
+    return true;
+}
+
+bool CHostProgram::Report(const CRunSummary& summary, std::string& message)
+{
+    if (options.summary || !HasFileResult(options))
     {
         PrintSummary(summary, out);
     }
@@ -158,7 +219,7 @@ bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::stri
         message = "cannot write \"" + options.summaryFile + '"';
         return false;
     }
-    return !writes || writer.Finish(message);
+    return true;
 }
 
 bool CHostProgram::SaveResults(CHostInstance& instance, std::string& message) const

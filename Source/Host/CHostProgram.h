@@ -12,7 +12,9 @@ namespace Host
 
 class CHostInstance;
 class CPluginSession;
+class CSnapshots;
 class IAudioSource;
+struct CRunSummary;
 
 /// The program: reads the command line, does what it asks for, and answers with an exit code. Failures are
 /// one line on the error stream.
@@ -30,7 +32,12 @@ private:
     bool RunInstance(const CPluginSession& session, std::string& message);
     std::unique_ptr<IAudioSource> OpenSource(std::string& message);
     bool LoadState(CHostInstance& instance, std::string& message) const;
-    bool Play(CHostInstance& instance, IAudioSource& source, std::string& message);
+
+    /// Passes over what is to be passed over; the frames from there that are to be played.
+    std::int64_t FindPart(IAudioSource& source) const;
+    bool Play(CHostInstance& instance, IAudioSource& source, std::int64_t frames, std::string& message);
+    bool Paint(CSnapshots& snapshots, const std::string& path, std::string& message);
+    bool Report(const CRunSummary& summary, std::string& message);
     bool SaveResults(CHostInstance& instance, std::string& message) const;
     int Fail(const std::string& message);
 

@@ -161,7 +161,7 @@ TEST_F(CHostProgramRun, SaysThatMoreThanTwoChannelsAreLeftOut)
 
 TEST_F(CHostProgramRun, WithoutAFileOrAResultTellsOfTheDemoSignal)
 {
-    const CResult result = Run({});
+    const CResult result = Run({"--offline"});
     EXPECT_EQ(result.code, 0) << result.error;
     EXPECT_THAT(result.out, StartsWith("4.000 s, 192000 frames at 48000 Hz\nleft   peak "));
     EXPECT_EQ(result.error, "");

@@ -72,6 +72,12 @@ void CDemoSource::Skip(std::int64_t frames)
     position = std::min(position + frames, GetFrameCount());
 }
 
+bool CDemoSource::Rewind()
+{
+    position = 0;
+    return true;
+}
+
 int CDemoSource::Read(float* const* channels, int frames)
 {
     const int count = static_cast<int>(std::min<std::int64_t>(frames, GetFrameCount() - position));

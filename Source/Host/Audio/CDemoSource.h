@@ -15,6 +15,7 @@ public:
     int GetChannelCount() const override { return 2; }
     std::int64_t GetFrameCount() const override;
     void Skip(std::int64_t frames) override;
+    bool Rewind() override;
     int Read(float* const* channels, int frames) override;
 
 private:

@@ -71,6 +71,11 @@ void CSoundFileSource::Skip(std::int64_t frames)
     }
 }
 
+bool CSoundFileSource::Rewind()
+{
+    return info.seekable != 0 && sf_seek(file.get(), 0, SF_SEEK_SET) == 0;
+}
+
 int CSoundFileSource::Read(float* const* channels, int frames)
 {
     const auto stride = static_cast<std::size_t>(info.channels);

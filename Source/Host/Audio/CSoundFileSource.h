@@ -25,6 +25,7 @@ public:
     int GetChannelCount() const override { return info.channels == 1 ? 1 : 2; }
     std::int64_t GetFrameCount() const override { return info.frames; }
     void Skip(std::int64_t frames) override;
+    bool Rewind() override;
     int Read(float* const* channels, int frames) override;
 
 private:

@@ -21,6 +21,9 @@ public:
     /// Passes over so many frames; fewer at the end.
     virtual void Skip(std::int64_t frames) = 0;
 
+    /// Starts over. False if it cannot.
+    virtual bool Rewind() = 0;
+
     /// Fills one buffer per channel with the next frames and returns their count: fewer than asked at the end
     /// only.
     virtual int Read(float* const* channels, int frames) = 0;

@@ -1,74 +1,27 @@
 #include "Host/Run/COfflineRun.h"
 
+#include "Host/Audio/CBuffers.h"
+
 #include <algorithm>
 #include <chrono>
+#include <limits>
+#include <utility>
 
 namespace Host
 {
 
-namespace
-{
-
-/// One buffer per channel, and the pointers to them.
-class CBuffers
-{
-public:
-    CBuffers(int channels, int frames)
-        : samples(static_cast<std::size_t>(channels), std::vector<float>(static_cast<std::size_t>(frames)))
-    {
-        for (std::vector<float>& channel : samples)
-        {
-            pointers.push_back(channel.data());
-        }
-    }
-
-    float* const* Get() const { return pointers.data(); }
-
-private:
-    std::vector<std::vector<float>> samples;
-    std::vector<float*> pointers;
-};
-
-template <class TEvent>
-void SortByTime(std::vector<TEvent>& events)
-{
-    std::stable_sort(events.begin(), events.end(),
-                     [](const TEvent& left, const TEvent& right) { return left.seconds < right.seconds; });
-}
-
-} // namespace
-
 COfflineRun::COfflineRun(CHostInstance& instance_, const CRunOptions& options_)
     : instance(instance_),
       options(options_),
-      parameters(instance.GetParameters()),
-      midi(options.midi)
+      schedule(instance, options)
 {
-    SortByTime(midi);
 }
 
-bool COfflineRun::Prepare(std::string& error)
+void COfflineRun::StopAt(std::vector<std::int64_t> frames, std::function<void(std::size_t stop)> callback)
 {
-    changes.clear();
-    nextChange = 0;
-    for (const CParamChange& change : options.changes)
-    {
-        const CParameterSet::CParameter* parameter = parameters.Find(change.name, error);
-        double normalized = 0.0;
-        if (parameter == nullptr || !parameters.ParseValue(*parameter, change.value, normalized, error))
-        {
-            return false;
-        }
-        changes.push_back({change.seconds, parameter->id, normalized});
-    }
-    const char* bypass = nullptr;
-    if (options.bypass && instance.GetParameters().GetMasterBypassId(&bypass) == AAXResult::Ok)
-    {
-        changes.push_back({0.0, bypass, 1.0});
-    }
-    SortByTime(changes);
-    ApplyEvents(0.0);
-    return true;
+    stops = std::move(frames);
+    onStop = std::move(callback);
+    nextStop = 0;
 }
 
 CRunSummary COfflineRun::Play(IAudioSource& source, std::int64_t frames, CSoundFileWriter* writer,
@@ -79,19 +32,23 @@ CRunSummary COfflineRun::Play(IAudioSource& source, std::int64_t frames, CSoundF
     const CBuffers inputs(channels, largest);
     const CBuffers outputs(channels, largest);
     CRunSummary summary;
+    CallStops(0);
     summary.sampleRate = source.GetSampleRate();
     summary.channels.resize(static_cast<std::size_t>(channels));
     std::chrono::steady_clock::duration spent{};
     for (std::size_t block = 0; summary.frames < frames; ++block)
     {
         const int size = options.blockSizes[block % options.blockSizes.size()];
-        const int wanted = static_cast<int>(std::min<std::int64_t>(size, frames - summary.frames));
+        const std::int64_t most = std::min(frames - summary.frames, FramesToNextStop(summary.frames));
+        const int wanted = static_cast<int>(std::min<std::int64_t>(size, most));
         const int count = source.Read(inputs.Get(), wanted);
         if (count == 0 && wanted > 0)
         {
             break;
         }
-        ApplyEvents(static_cast<double>(summary.frames) / summary.sampleRate);
+        const double seconds = static_cast<double>(summary.frames) / summary.sampleRate;
+        schedule.ApplyChanges(seconds);
+        schedule.ApplyMidi(seconds);
         const auto start = std::chrono::steady_clock::now();
         instance.Process(inputs.Get(), outputs.Get(), count);
         spent += std::chrono::steady_clock::now() - start;
@@ -106,26 +63,23 @@ CRunSummary COfflineRun::Play(IAudioSource& source, std::int64_t frames, CSoundF
             writer->Write(outputs.Get(), count);
         }
         progress.Update(summary.frames);
+        CallStops(summary.frames);
     }
     progress.Finish(summary.frames);
     summary.processSeconds = std::chrono::duration<double>(spent).count();
     return summary;
 }
 
-void COfflineRun::ApplyEvents(double seconds)
+std::int64_t COfflineRun::FramesToNextStop(std::int64_t played) const
 {
-    for (; nextChange < changes.size() && changes[nextChange].seconds <= seconds; ++nextChange)
+    return nextStop < stops.size() ? stops[nextStop] - played : std::numeric_limits<std::int64_t>::max();
+}
+
+void COfflineRun::CallStops(std::int64_t played)
+{
+    for (; nextStop < stops.size() && stops[nextStop] <= played; ++nextStop)
     {
-        const CChange& change = changes[nextChange];
-        instance.GetParameters().SetParameterValue(change.id.c_str(), change.normalized);
-    }
-    for (; nextMidi < midi.size() && midi[nextMidi].seconds <= seconds; ++nextMidi)
-    {
-        const CMidiMessage& message = midi[nextMidi];
-        if (CHostMidiNode* node = instance.GetMidiInput())
-        {
-            node->Add(MakeMidiEvent(0, message.status, message.data1, message.data2));
-        }
+        onStop(nextStop);
     }
 }
 

@@ -3,13 +3,13 @@
 #include "Host/Audio/CSoundFileWriter.h"
 #include "Host/Audio/IAudioSource.h"
 #include "Host/CHostInstance.h"
-#include "Host/Run/CParameterSet.h"
+#include "Host/Run/CEventSchedule.h"
 #include "Host/Run/CProgressBar.h"
 #include "Host/Run/CRunOptions.h"
 #include "Host/Run/CRunSummary.h"
 
-#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,10 +26,13 @@ public:
 
     /// Looks up all parameters and values, and sets those that hold from the start. False with one line in
     /// `error`; nothing is set then.
-    bool Prepare(std::string& error);
+    bool Prepare(std::string& error) { return schedule.Prepare(error); }
 
     /// Lists the parameters as they stand.
-    void PrintParameters(std::ostream& out) const { parameters.Print(out); }
+    void PrintParameters(std::ostream& out) const { schedule.GetParameters().Print(out); }
+
+    /// Calls back when so many frames were played; blocks are cut so that it is exact. In rising order.
+    void StopAt(std::vector<std::int64_t> frames, std::function<void(std::size_t stop)> callback);
 
     /// Plays the source from where it stands, at most `frames`. `writer` is given what came out; null for
     /// none.
@@ -37,23 +40,16 @@ public:
                      CProgressBar& progress);
 
 private:
-    struct CChange
-    {
-        double seconds;
-        std::string id;
-        double normalized;
-    };
-
-    void ApplyEvents(double seconds);
+    std::int64_t FramesToNextStop(std::int64_t played) const;
+    void CallStops(std::int64_t played);
     void NoteRefresh(CRunSummary& summary) const;
 
     CHostInstance& instance;
     const CRunOptions& options;
-    CParameterSet parameters;
-    std::vector<CChange> changes; ///< By time.
-    std::vector<CMidiMessage> midi;
-    std::size_t nextChange = 0;
-    std::size_t nextMidi = 0;
+    CEventSchedule schedule;
+    std::vector<std::int64_t> stops;
+    std::function<void(std::size_t)> onStop;
+    std::size_t nextStop = 0;
 };
 
 } // namespace Host

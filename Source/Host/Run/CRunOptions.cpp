@@ -2,8 +2,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <charconv>
 #include <ostream>
 #include <string_view>
+#include <system_error>
 
 namespace Host
 {
@@ -19,7 +22,10 @@ constexpr const char* Examples = R"(Examples:
   scope-bank mix.flac --at 2:"Stereo Mode=Mid-Side" --output same.wav
   scope-bank mix.flac --offset 30 --seconds 5 --block 64,0,512 --summary-json run.json
   scope-bank --list-params
-  scope-bank --param "Delay=100" --save-preset late.preset)";
+  scope-bank --param "Delay=100" --save-preset late.preset
+  scope-bank drums.wav --loop --audio             in a window, and heard
+  scope-bank drums.wav --snapshot scope.png --snapshot-at 0.5 --size 1000x600
+  scope-bank --skin my/skin.xml --watch --loop    for drawing a skin)";
 
 /// Options as texts, before they are looked at.
 struct CTexts
@@ -28,6 +34,7 @@ struct CTexts
     std::vector<std::string> timedParams;
     std::vector<std::string> midi;
     std::string blocks;
+    std::string size;
 };
 
 /// One text each time it is given, so that it never swallows the file name behind it.
@@ -71,6 +78,23 @@ void AddResults(CLI::App& app, CRunOptions& options)
     app.add_option("--save-preset", options.savePreset, "Write the preset at the end")->type_name("FILE");
 }
 
+void AddEditor(CLI::App& app, CRunOptions& options, CTexts& texts)
+{
+    app.add_flag("--loop", options.loops, "Play over and over, in the window");
+    app.add_flag("--audio", options.isHeard, "Play through JACK, in the window; else the clock sets the pace");
+    app.add_option("--skin", options.skinFile, "Show another skin")->type_name("FILE");
+    app.add_flag("--watch", options.watchesSkin, "Load the skin again whenever a file of it changes");
+    app.add_option("--snapshot", options.snapshotFile, "Paint the editor at the end, as PNG")
+        ->type_name("FILE");
+    app.add_option("--snapshot-at", options.snapshotSeconds,
+                   "Paint it then too, beside that file; repeatable")
+        ->type_name("SECONDS")
+        ->allow_extra_args(false);
+    app.add_option("--size", texts.size, "The editor's size in pixels, in the place of the skin's own")
+        ->type_name("WxH");
+    app.add_flag("--offline", options.offline, "As fast as it goes, without a window");
+}
+
 void AddInformation(CLI::App& app, CRunOptions& options)
 {
     app.add_flag("--list-params", options.listParams, "List the parameters and play nothing");
@@ -92,6 +116,24 @@ bool ParseAll(const std::vector<std::string>& texts, std::vector<TItem>& items,
     return true;
 }
 
+/// Digits, an x, digits; each side from 1 to 16384.
+bool ParsePictureSize(std::string_view text, CPictureSize& size, std::string& error)
+{
+    constexpr int mostPixels = 16384;
+    const char* end = text.data() + text.size();
+    const auto width = std::from_chars(text.data(), end, size.width);
+    const bool hasSign = width.ec == std::errc() && width.ptr != end && *width.ptr == 'x';
+    const auto height = hasSign ? std::from_chars(width.ptr + 1, end, size.height) : width;
+    const bool isWhole = hasSign && height.ec == std::errc() && height.ptr == end;
+    const auto isSide = [](int side) { return side >= 1 && side <= mostPixels; };
+    if (!isWhole || !isSide(size.width) || !isSide(size.height))
+    {
+        error = "--size: two numbers from 1 to 16384 with an x between, not \"" + std::string(text) + '"';
+        return false;
+    }
+    return true;
+}
+
 bool Refuse(bool refused, const char* message, std::string& error)
 {
     if (refused)
@@ -105,9 +147,17 @@ bool Check(const CRunOptions& options, std::string& error)
 {
     const bool noLength = options.seconds && !(*options.seconds >= 0.0);
     const bool noPoints = options.curvePoints < 2 || options.curvePoints > MostPoints;
+    const bool isBeforeStart = !options.snapshotSeconds.empty() && !(options.snapshotSeconds.front() >= 0.0);
+    const bool isWindowOnly = options.loops || options.isHeard || options.watchesSkin;
     return !Refuse(!(options.offset >= 0.0), "--offset: seconds are 0 or more", error) &&
            !Refuse(noLength, "--seconds: seconds are 0 or more", error) &&
            !Refuse(noPoints, "--points: from 2 to 10000000 rows", error) &&
+           !Refuse(isBeforeStart, "--snapshot-at: seconds are 0 or more", error) &&
+           !Refuse(!options.snapshotSeconds.empty() && options.snapshotFile.empty(),
+                   "--snapshot-at: give --snapshot too", error) &&
+           !Refuse(options.watchesSkin && options.skinFile.empty(), "--watch: give --skin too", error) &&
+           !Refuse(isWindowOnly && options.IsOffline(),
+                   "--loop, --audio and --watch are for the window, not for a run with a result", error) &&
            !Refuse(!options.loadState.empty() && !options.loadPreset.empty(),
                    "--load-state and --load-preset: give one of the two", error);
 }
@@ -117,7 +167,9 @@ bool Interpret(const CTexts& texts, CRunOptions& options, std::string& error)
     const bool ok = ParseAll(texts.params, options.changes, &ParseParamChange, error) &&
                     ParseAll(texts.timedParams, options.changes, &ParseTimedParamChange, error) &&
                     ParseAll(texts.midi, options.midi, &ParseMidiMessage, error);
+    std::sort(options.snapshotSeconds.begin(), options.snapshotSeconds.end());
     return ok && (texts.blocks.empty() || ParseBlockSizes(texts.blocks, options.blockSizes, error)) &&
+           (texts.size.empty() || ParsePictureSize(texts.size, options.pictureSize.emplace(), error)) &&
            Check(options, error);
 }
 
@@ -129,6 +181,12 @@ std::string FirstLine(const std::string& text)
 
 } // namespace
 
+bool CRunOptions::IsOffline() const
+{
+    return offline || describe || listParams || summary || !summaryFile.empty() || !outputFile.empty() ||
+           !curvesFile.empty() || !saveState.empty() || !savePreset.empty() || !snapshotFile.empty();
+}
+
 EParsed ParseCommandLine(int argumentCount, const char* const* arguments, std::ostream& out,
                          CRunOptions& options, std::string& error)
 {
@@ -138,6 +196,7 @@ EParsed ParseCommandLine(int argumentCount, const char* const* arguments, std::o
     AddInput(app, options, texts);
     AddParameters(app, options, texts);
     AddResults(app, options);
+    AddEditor(app, options, texts);
     AddInformation(app, options);
     try
     {

@@ -11,6 +11,13 @@
 namespace Host
 {
 
+/// In pixels of the screen.
+struct CPictureSize
+{
+    int width = 0;
+    int height = 0;
+};
+
 /// What the command line asks for.
 struct CRunOptions
 {
@@ -37,6 +44,18 @@ struct CRunOptions
     int curvePoints = 1025;
     bool summary = false;
     std::string summaryFile;
+
+    bool offline = false;
+    bool loops = false;
+    bool isHeard = false;
+    std::string skinFile;
+    bool watchesSkin = false;
+    std::string snapshotFile;
+    std::vector<double> snapshotSeconds; ///< In rising order.
+    std::optional<CPictureSize> pictureSize;
+
+    /// Whether a result is asked for, so that nothing is shown in a window.
+    bool IsOffline() const;
 };
 
 enum class EParsed

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Host/Editor/CHostEditor.h"
+#include "Mirel/GUI/Native/INativePlatform.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace Host
+{
+
+/// A window of the host with an instance's editor in it: as large as the editor asks for, and the editor as
+/// large as the user makes it. GUI thread only. Platform and editor must outlive it.
+class CEditorWindow : private Mirel::GUI::INativeWindowSink
+{
+public:
+    CEditorWindow(Mirel::GUI::INativePlatform& platform_, CHostEditor& editor_);
+    CEditorWindow(const CEditorWindow&) = delete;
+    CEditorWindow& operator=(const CEditorWindow&) = delete;
+    ~CEditorWindow() override;
+
+    /// False with one line in `error`.
+    bool Open(const std::string& title, std::string& error);
+    bool IsClosed() const { return isClosed; }
+    void SetTitle(const std::string& title) { window->SetTitle(title); }
+    void SetSize(int width, int height);
+
+    /// Called when the space bar is pressed.
+    std::function<void()> onSpace;
+
+private:
+    void OnResized(Mirel::GUI::CSize size) override;
+    void OnCloseRequested() override { isClosed = true; }
+    void OnClosed() override { isClosed = true; }
+    void OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event) override;
+
+    Mirel::GUI::INativePlatform& platform;
+    CHostEditor& editor;
+    std::unique_ptr<Mirel::GUI::INativeWindow> window;
+    bool isClosed = false;
+};
+
+} // namespace Host
