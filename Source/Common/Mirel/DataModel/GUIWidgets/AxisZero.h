@@ -7,8 +7,8 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// Where zero stands on an axis, from 0 to 1 in its view and beyond: what bars stand on and grids begin at. On
-/// an axis that has no zero, as a logarithmic one, it is the end of the range that is nearer to it.
+/// Where zero stands on an axis, from 0 to 1 in its view and beyond: what bars stand on and grids begin at.
+/// On an axis that has no zero, as a logarithmic one, it is the end of the range that is nearer to it.
 inline float GetZeroPosition(const Controls::CParamViewerConfig& axis)
 {
     constexpr float farOff = 1e6F;

@@ -170,14 +170,12 @@ void CCurveGraphics::DrawBars(CDrawSurface& surface, const CSweep& sweep)
     const float baseline = GetZeroPosition(viewer.GetYViewer());
     TPointsPen pen(std::span(points.exact), 0,
                    [&surface](const CPointF* ends, int count) { surface.DrawLinesF(ends, count); });
-    for (float x = 0.0F; x < static_cast<float>(sweep.length); x += sweep.step)
+    float next = 0.0F;
+    while (next < static_cast<float>(sweep.length))
     {
-        if (!sweep.IsSeen(x, x))
-        {
-            continue;
-        }
-        const float position = Form::AlignBar(x);
-        const float value = sweep.GetValue(position);
+        const float position = Form::AlignBar(next);
+        const float value = sweep.IsSeen(next, next) ? sweep.GetValue(position) : NAN;
+        next += sweep.step;
         if (std::isfinite(value))
         {
             const CPointF base = Exact(sweep.ToPoint<Form>(position, baseline));
@@ -241,7 +239,8 @@ void CCurveGraphics::DrawMinMax(CDrawSurface& surface, const CSweep& sweep)
     CColumn column;
     column.Start(0, 0.0F, previous);
     int count = 0;
-    for (float x = 0.0F; x < static_cast<float>(sweep.length); x += sweep.step)
+    float x = 0.0F;
+    while (x < static_cast<float>(sweep.length))
     {
         const int pixel = ToPixel(x);
         const float value = sweep.GetValue(x);
@@ -257,6 +256,7 @@ void CCurveGraphics::DrawMinMax(CDrawSurface& surface, const CSweep& sweep)
             column.Start(pixel, x, value);
         }
         previous = value;
+        x += sweep.step;
     }
     pen.Break();
     // Like every curve this one ends in a polyline. Its corners were drawn above, so those that are handed on
@@ -285,7 +285,8 @@ bool CCurveGraphics::HitTest(Graphics::CPoint point) const
     const int pixel = toPixel(value);
     if (graphStyle == GraphStyleBargraph)
     {
-        return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1 : tested > pixel - 1;
+        return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1
+                                                                       : tested > pixel - 1;
     }
     return pixel - 2 <= tested && tested < pixel + 2;
 }
@@ -354,8 +355,8 @@ void CCurveGraphics::SetProperty(T& property, T value)
 
 bool CCurveGraphics::GetSteps(CCurveSteps& steps) const
 {
-    return GetCurveSteps(GetSize(), viewer.IsVertical(), viewer.GetXViewer().GetVisiblePositions(), sampleRate,
-                         steps);
+    return GetCurveSteps(GetSize(), viewer.IsVertical(), viewer.GetXViewer().GetVisiblePositions(),
+                         sampleRate, steps);
 }
 
 bool CCurveGraphics::DrawsMinMax(const CCurveSteps& steps) const

@@ -15,9 +15,9 @@ namespace Mirel::DataModel::GUIWidgets
 
 struct CCurveSteps;
 
-/// Draws a curve, as a line or as bars, from its state at that moment: every paint evaluates it again, once for
-/// each sample. Samples that are no finite numbers leave a gap. A change of the curve or of an axis, and of any
-/// property, raises the changed event for the whole area. Paints allocate nothing. GUI thread.
+/// Draws a curve, as a line or as bars, from its state at that moment: every paint evaluates it again, once
+/// for each sample. Samples that are no finite numbers leave a gap. A change of the curve or of an axis, and
+/// of any property, raises the changed event for the whole area. Paints allocate nothing. GUI thread.
 class CCurveGraphics : public Graphics::CBaseGraphics
 {
 public:
@@ -61,8 +61,8 @@ public:
     bool GetCurveAccessMode() const { return curveAccessMode; }
     void SetCurveAccessMode(bool newCurveAccessMode);
 
-    /// Whether a line of more than two samples a pixel shows the lowest and highest of each column, which keeps
-    /// peaks. False at first; vertical curves know no such form.
+    /// Whether a line of more than two samples a pixel shows the lowest and highest of each column, which
+    /// keeps peaks. False at first; vertical curves know no such form.
     bool GetMinMaxMode() const { return minMaxMode; }
     void SetMinMaxMode(bool newMinMaxMode);
 

@@ -11,7 +11,8 @@ class CGUICurveGridViewer : public CGUIGrid
 {
 public:
     /// The curve is not owned and must outlive the widget.
-    explicit CGUICurveGridViewer(const Objects::IConstCaptureCurve& curve, GUI::CLightWidget* parent_ = nullptr)
+    explicit CGUICurveGridViewer(const Objects::IConstCaptureCurve& curve,
+                                 GUI::CLightWidget* parent_ = nullptr)
         : CGUIGrid(curve.GetInfo().GetXInfo(), curve.GetInfo().GetYInfo(), parent_)
     {
     }

@@ -33,8 +33,8 @@ CSize GetExtent(const Graphics::CSharedFont& font, const std::string& text)
     return layout == nullptr ? CSize() : layout->GetExtent();
 }
 
-/// 0 the text begins at the place, 1 has its middle there, 2 ends there. It does not leave 0 to length as long
-/// as it fits in.
+/// 0 the text begins at the place, 1 has its middle there, 2 ends there. It does not leave 0 to length as
+/// long as it fits in.
 int AlignAt(int place, int extent, int align, int length)
 {
     const int begin = align == 0 ? place : (align == 1 ? place - extent / 2 : place + 1 - extent);

@@ -14,9 +14,9 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// Prints the values of an axis, each at its place along it: at the stops of the axis, or at round values if it
-/// has none. A label that would come too close to another is left out; the first, the last and that of zero are
-/// the last to go. Labels stay within the area. GUI thread.
+/// Prints the values of an axis, each at its place along it: at the stops of the axis, or at round values if
+/// it has none. A label that would come too close to another is left out; the first, the last and that of
+/// zero are the last to go. Labels stay within the area. GUI thread.
 class CGUIRulerGraphics : public Graphics::CBaseGraphics
 {
 public:

@@ -35,13 +35,16 @@ void CGridGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimpl
     if (xLines)
     {
         DrawAxis(surface, MakeAxis(xAxis, xSubdivisions, area.width),
-                 [bottom](int x) { return std::array<CPoint, 2>{{{x, 0}, {x, bottom}}}; });
+                 [bottom](int x) {
+                     return std::array<CPoint, 2>{{{x, 0}, {x, bottom}}};
+                 });
     }
     if (yLines)
     {
         DrawAxis(surface, MakeAxis(yAxis, ySubdivisions, area.height),
-                 [right, bottom](int y)
-                 { return std::array<CPoint, 2>{{{0, bottom - y}, {right, bottom - y}}}; });
+                 [right, bottom](int y) {
+                     return std::array<CPoint, 2>{{{0, bottom - y}, {right, bottom - y}}};
+                 });
     }
     surface.RestoreState();
 }
@@ -49,7 +52,8 @@ void CGridGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimpl
 CGridAxis CGridGraphics::MakeAxis(const Controls::CParamViewerConfig& viewer, int subdivisions, int length)
 {
     const float visible = viewer.GetVisiblePositions();
-    return {visible < 0.0F ? static_cast<float>(length) : visible, GetZeroPosition(viewer), subdivisions, length};
+    return {visible < 0.0F ? static_cast<float>(length) : visible, GetZeroPosition(viewer), subdivisions,
+            length};
 }
 
 template <class ToEnds>

@@ -50,13 +50,14 @@ void CXYCurvesGraphics::DrawForm(Graphics::CDrawSurface& surface)
     const std::span<Point> buffer(points.Get(static_cast<Point*>(nullptr)));
     if (graphStyle == GraphStyleCurve)
     {
-        AddPoints<Form>(TPointsPen(buffer, 1, [&surface](const Point* corners, int count)
+        AddPoints<Form>(TPointsPen(buffer, 1,
+                                   [&surface](const Point* corners, int count)
                                    { Form::DrawPolyline(surface, corners, count); }));
     }
     else
     {
-        AddPoints<Form>(TPointsPen(buffer, 0, [&surface](const Point* dots, int count)
-                                   { Form::DrawPoints(surface, dots, count); }));
+        AddPoints<Form>(TPointsPen(
+            buffer, 0, [&surface](const Point* dots, int count) { Form::DrawPoints(surface, dots, count); }));
     }
 }
 

@@ -25,9 +25,9 @@ struct CGridAxis
     int length = 0;         ///< Pixels.
 };
 
-/// Calls draw(EGridLine, pixel) for each line within the axis' pixels, in the order of drawing: outward from the
-/// origin, to the right and then to the left, the subdivisions before a line ahead of it, and the origin last. A
-/// pixel may come more than once. There are no lines for one position or less.
+/// Calls draw(EGridLine, pixel) for each line within the axis' pixels, in the order of drawing: outward from
+/// the origin, to the right and then to the left, the subdivisions before a line ahead of it, and the origin
+/// last. A pixel may come more than once. There are no lines for one position or less.
 template <class Draw>
 void ForEachGridLine(const CGridAxis& axis, Draw draw)
 {

@@ -7,8 +7,8 @@ namespace Mirel::DataModel::GUIWidgets
 /// skin comes near them.
 struct CLimits
 {
-    /// Evaluations of a curve in one paint: a hundred for each pixel of a graph as wide as the largest screens.
-    /// A single-precision sweep over a graph of any size still gets on with that many steps.
+    /// Evaluations of a curve in one paint: a hundred for each pixel of a graph as wide as the largest
+    /// screens. A single-precision sweep over a graph of any size still gets on with that many steps.
     static constexpr int maxSamples = 1 << 20;
 
     /// Lines of a grid along one axis, subdivisions included.

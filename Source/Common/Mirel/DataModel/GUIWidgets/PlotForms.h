@@ -61,7 +61,10 @@ struct CExactPixels
         return static_cast<float>(length) - value * static_cast<float>(length - 1) - 1.0F;
     }
 
-    static float FromValueRightward(float value, int length) { return value * static_cast<float>(length - 1); }
+    static float FromValueRightward(float value, int length)
+    {
+        return value * static_cast<float>(length - 1);
+    }
 
     static float FromPosition(float position) { return position; }
 

@@ -32,8 +32,9 @@ std::vector<CRulerStop> GetSteppedStops(const CParamViewerConfig& axis)
     const double intervals = std::max(axis.GetPositionsCount() - 1, 1);
     const double spread = intervals / zoom;
     const double first = std::max(std::ceil(before * spread - tolerance), 0.0);
-    const double last =
-        axis.GetPositionsCount() > 1 ? std::min(std::floor((before + 1.0) * spread + tolerance), intervals) : 0.0;
+    const double last = axis.GetPositionsCount() > 1
+                            ? std::min(std::floor((before + 1.0) * spread + tolerance), intervals)
+                            : 0.0;
     std::vector<CRulerStop> stops;
     if (!(last >= first))
     {

@@ -10,8 +10,8 @@ namespace Mirel::DataModel::GUIWidgets
 /// Hands points on to a drawing operation in as few pieces as a buffer of fixed size allows, so that no paint
 /// allocates. GUI thread.
 ///
-/// `draw(points, count)` takes a piece. Of each full piece the last `overlap` points begin the next: 1 for the
-/// corners of a line, 0 for dots and for pairs of ends.
+/// `draw(points, count)` takes a piece. Of each full piece the last `overlap` points begin the next: 1 for
+/// the corners of a line, 0 for dots and for pairs of ends.
 template <class Point, class Draw>
 class TPointsPen
 {

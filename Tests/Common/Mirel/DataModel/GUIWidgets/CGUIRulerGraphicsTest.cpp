@@ -27,7 +27,8 @@ namespace
 
 DataModel::Objects::CParamInfo Axis(float min, float max, const char* format)
 {
-    return {2, min, max, 0.0F, "", "", "", new DataModel::Objects::CParamValueToText(format, false, "{value}")};
+    return {2,  min, max, 0.0F,
+            "", "",  "",  new DataModel::Objects::CParamValueToText(format, false, "{value}")};
 }
 
 /// A ruler with five stops from -1 to 1, in the product's own font.

@@ -100,8 +100,10 @@ TEST(GridLines, RunOutwardFromTheOriginWhichComesLast)
 TEST(GridLines, SubdivisionsStandBetweenTheLinesAndComeBeforeThem)
 {
     const CGridAxis axis = {3.0F, 0.0F, 1, 101};
-    const std::vector<CLine> expected = {{EGridLine::Subdivision, 25}, {EGridLine::Major, 50},
-                                         {EGridLine::Subdivision, 75}, {EGridLine::Major, 100},
+    const std::vector<CLine> expected = {{EGridLine::Subdivision, 25},
+                                         {EGridLine::Major, 50},
+                                         {EGridLine::Subdivision, 75},
+                                         {EGridLine::Major, 100},
                                          {EGridLine::Origin, 0}};
     EXPECT_EQ(GetLines(axis), expected);
 }
@@ -312,7 +314,8 @@ TEST(CGridGraphics, AxisThatHasNoZeroBeginsAtItsEnd)
 
 TEST(CGridGraphics, NoAreaDrawsNothing)
 {
-    for (const Core::CSize size : {Core::CSize{0, 0}, Core::CSize{0, 5}, Core::CSize{5, 0}, Core::CSize{-1, 5}})
+    for (const Core::CSize size :
+         {Core::CSize{0, 0}, Core::CSize{0, 5}, Core::CSize{5, 0}, Core::CSize{-1, 5}})
     {
         EXPECT_TRUE(CGrid(size).Record().empty());
     }

@@ -38,14 +38,23 @@ public:
         const Mirel::Graphics::CPoint points[] = {a, b};
         Add(Line, points, 2);
     }
-    void DrawPolyline(const Mirel::Graphics::CPoint* points, int count) override { Add(Polyline, points, count); }
+    void DrawPolyline(const Mirel::Graphics::CPoint* points, int count) override
+    {
+        Add(Polyline, points, count);
+    }
     void DrawPolylineF(const Mirel::Graphics::CPointF* points, int count) override
     {
         Add(PolylineF, points, count);
     }
     void DrawPoints(const Mirel::Graphics::CPoint* points, int count) override { Add(Points, points, count); }
-    void DrawPointsF(const Mirel::Graphics::CPointF* points, int count) override { Add(PointsF, points, count); }
-    void DrawLinesF(const Mirel::Graphics::CPointF* points, int count) override { Add(LinesF, points, count); }
+    void DrawPointsF(const Mirel::Graphics::CPointF* points, int count) override
+    {
+        Add(PointsF, points, count);
+    }
+    void DrawLinesF(const Mirel::Graphics::CPointF* points, int count) override
+    {
+        Add(LinesF, points, count);
+    }
     void DrawText(const char* text, Mirel::Graphics::CPoint point) override
     {
         Add(Text, &point, 1);

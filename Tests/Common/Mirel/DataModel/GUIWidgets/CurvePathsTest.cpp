@@ -175,7 +175,8 @@ Points ExpectedBars(const CCase& drawn)
     {
         return lines;
     }
-    for (float x = 0.0F; AsFloat(drawn.form.Length()) > x; x += 1.0F / drawn.rate)
+    float x = 0.0F;
+    while (AsFloat(drawn.form.Length()) > x)
     {
         const float at = drawn.form.antiAlias ? x : AsFloat(Rounded(x));
         const CPointF base = drawn.form.At(at, 0.0F);
@@ -183,6 +184,7 @@ Points ExpectedBars(const CCase& drawn)
         const bool meet = Equal({base}, {top});
         lines.push_back(meet ? CPointF{top.x + 0.5F, top.y} : base);
         lines.push_back(top);
+        x += 1.0F / drawn.rate;
     }
     return lines;
 }
@@ -196,7 +198,8 @@ Points ExpectedMinMax(const CCase& drawn)
     const float step = 1.0F / drawn.rate;
     std::vector<std::pair<float, float>> column; // positions and values
     float previous = 0.0F;
-    for (float x = 0.0F; AsFloat(form.width) > x; x += step)
+    float x = 0.0F;
+    while (AsFloat(form.width) > x)
     {
         const float value = drawn.function(x / AsFloat(form.width - 1));
         if (!column.empty() && Rounded(x) != Rounded(column.front().first))
@@ -212,6 +215,7 @@ Points ExpectedMinMax(const CCase& drawn)
         }
         column.emplace_back(x, value);
         previous = value;
+        x += step;
     }
     return lines;
 }
@@ -291,13 +295,13 @@ RC_GTEST_PROP(CurvePaths, PaintTouchesThePixelsOfItsLinesAndNoOthers, ())
     const bool minMax =
         mode == 2 && !drawn.form.vertical &&
         static_cast<int>(AsFloat(drawn.form.width) * drawn.rate + 0.5F) > 2 * drawn.form.width;
-    const Points lines = mode == 1  ? ExpectedBars(drawn)
-                         : minMax ? ExpectedMinMax(drawn)
-                                  : ExpectedCurve(drawn);
+    const Points lines = mode == 1 ? ExpectedBars(drawn)
+                         : minMax  ? ExpectedMinMax(drawn)
+                                   : ExpectedCurve(drawn);
     CCanvas canvas(drawn.form.width, drawn.form.height);
     graph.graphics.Draw(*canvas, nullptr);
-    // A line one pixel wide covers a good part of each pixel whose centre is nearer than a quarter of a pixel,
-    // between its ends, and nothing of one that is farther than half a pixel and half a diagonal.
+    // A line one pixel wide covers a good part of each pixel whose centre is nearer than a quarter of a
+    // pixel, between its ends, and nothing of one that is farther than half a pixel and half a diagonal.
     for (int y = 0; y < drawn.form.height; ++y)
     {
         for (int x = 0; x < drawn.form.width; ++x)
@@ -341,8 +345,7 @@ TEST(CurvePaths, MinMaxKeepsTheFirstOfEqualExtremes)
 
 TEST(CurvePaths, MinMaxPassesOverSamplesThatAreNoNumbers)
 {
-    CUnitCurve curve([](float x)
-                     { return static_cast<int>(x * 36.0F + 0.5F) % 2 == 0 ? std::nanf("") : x; });
+    CUnitCurve curve([](float x) { return static_cast<int>(x * 36.0F + 0.5F) % 2 == 0 ? std::nanf("") : x; });
     const CCurveViewer viewer(curve);
     CCurveGraphics graphics(viewer);
     graphics.SetSize({10, 50});

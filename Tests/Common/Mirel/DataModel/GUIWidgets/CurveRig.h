@@ -44,9 +44,15 @@ private:
 class CUnitCurve : public Mirel::DataModel::Objects::CCaptureCurve
 {
 public:
-    CUnitCurve() : CCaptureCurve(Mirel::DataModel::Objects::CCurveInfo(Real(0.0F, 1.0F), Real(0.0F, 1.0F), "", "")) {}
+    CUnitCurve()
+        : CCaptureCurve(Mirel::DataModel::Objects::CCurveInfo(Real(0.0F, 1.0F), Real(0.0F, 1.0F), "", ""))
+    {
+    }
 
-    explicit CUnitCurve(std::function<float(float)> code) : CUnitCurve() { SetValue(CFunctionOf(std::move(code))); }
+    explicit CUnitCurve(std::function<float(float)> code) : CUnitCurve()
+    {
+        SetValue(CFunctionOf(std::move(code)));
+    }
 };
 
 } // namespace Tests

@@ -41,7 +41,8 @@ constexpr CColor textColor = {150, 164, 178};
 
 DataModel::Objects::CParamInfo Axis(float min, float max, const char* unit, const char* format)
 {
-    return {2, min, max, 0.0F, "", unit, "", new DataModel::Objects::CParamValueToText(format, false, "{value}")};
+    return {2,  min,  max, 0.0F,
+            "", unit, "",  new DataModel::Objects::CParamValueToText(format, false, "{value}")};
 }
 
 /// A graph with its grid and rulers, as a skin would place them.
@@ -110,7 +111,8 @@ public:
                           grid.GetSize().width, grid.GetSize().height});
         surface.SaveState();
         surface.Translate(GetPosition());
-        for (GUI::CLightWidget* child : std::initializer_list<GUI::CLightWidget*>{&grid, &graph, &xRuler, &yRuler})
+        for (GUI::CLightWidget* child :
+             std::initializer_list<GUI::CLightWidget*>{&grid, &graph, &xRuler, &yRuler})
         {
             surface.SaveState();
             surface.Translate(child->GetPosition());
@@ -201,7 +203,8 @@ TEST(Pictures, OfBarsFiguresAndSizes)
 {
     Graphics::CFontManager fonts(Graphics::GetFontsFolder(Tests::GetDataFolder()));
     const auto font = fonts.GetFont({.face = "", .height = 13});
-    const CFunctionOf bell([](float x) { return std::exp(-12.0F * x * x) * (0.9F + 0.1F * std::sin(90.0F * x)); });
+    const CFunctionOf bell([](float x)
+                           { return std::exp(-12.0F * x * x) * (0.9F + 0.1F * std::sin(90.0F * x)); });
     const auto amplitude = Axis(-1.0F, 1.0F, "", "%.1f");
     const auto share = Axis(0.0F, 1.0F, "", "%.1f");
     Tests::CCanvas canvas(1000, 900);
@@ -274,7 +277,8 @@ TEST(Pictures, OfBarsFiguresAndSizes)
         left += width;
     }
 
-    const CFunctionOf response([](float f) { return -10.0F * std::log10(1.0F + (f / 1000.0F) * (f / 1000.0F)); });
+    const CFunctionOf response([](float f)
+                               { return -10.0F * std::log10(1.0F + (f / 1000.0F) * (f / 1000.0F)); });
     CPanel spectrum(Axis(20.0F, 20000.0F, "Hz", "%.0f"), Axis(-60.0F, 6.0F, "dB", "%.0f"), response, font);
     for (auto* viewer : {&spectrum.grid.GetXViewer(), &spectrum.graph.GetViewer().GetXViewer(),
                          &spectrum.xRuler.GetViewer()})

@@ -131,8 +131,7 @@ TEST(RulerStops, RoundValuesAreThoseOfTheWindow)
     axis.SetZoom(10.0F);
     axis.SetOffset(1.0F);
     const auto stops = Stops(axis);
-    ExpectNear(ValuesOf(stops),
-               {0.9F, 0.91F, 0.92F, 0.93F, 0.94F, 0.95F, 0.96F, 0.97F, 0.98F, 0.99F, 1.0F});
+    ExpectNear(ValuesOf(stops), {0.9F, 0.91F, 0.92F, 0.93F, 0.94F, 0.95F, 0.96F, 0.97F, 0.98F, 0.99F, 1.0F});
     EXPECT_NEAR(stops[5].position, 0.5F, 1e-4F);
 }
 
@@ -141,8 +140,8 @@ TEST(RulerStops, LogarithmicAxisHasOneTwoAndFiveOfEachDecade)
     const auto info = Real(20.0F, 20000.0F);
     CParamViewerConfig axis(info);
     axis.SetLogScale(true);
-    ExpectNear(ValuesOf(Stops(axis)), {20.0F, 50.0F, 100.0F, 200.0F, 500.0F, 1000.0F, 2000.0F, 5000.0F, 10000.0F,
-                                       20000.0F});
+    ExpectNear(ValuesOf(Stops(axis)),
+               {20.0F, 50.0F, 100.0F, 200.0F, 500.0F, 1000.0F, 2000.0F, 5000.0F, 10000.0F, 20000.0F});
     // With room for five there are but the decades.
     ExpectNear(ValuesOf(GetRulerStops(axis, 500.0F, 100.0F)), {100.0F, 1000.0F, 10000.0F});
 }
@@ -161,8 +160,9 @@ TEST(RulerStops, RunInTheOrderOfTheirPositions)
 TEST(RulerStops, OddRangesEnd)
 {
     constexpr float infinity = std::numeric_limits<float>::infinity();
-    const float pairs[][2] = {{2.0F, 2.0F}, {1.0F, -1.0F}, {0.0F, infinity}, {-3e38F, 3e38F}, {0.0F, 1e-40F},
-                              {1e8F, 1.00000008e8F}, {std::nanf(""), 1.0F}, {0.0F, 100.0F}, {-5.0F, 100.0F}};
+    const float pairs[][2] = {{2.0F, 2.0F},          {1.0F, -1.0F},  {0.0F, infinity},
+                              {-3e38F, 3e38F},       {0.0F, 1e-40F}, {1e8F, 1.00000008e8F},
+                              {std::nanf(""), 1.0F}, {0.0F, 100.0F}, {-5.0F, 100.0F}};
     for (const auto& [min, max] : pairs)
     {
         const auto info = Real(min, max);

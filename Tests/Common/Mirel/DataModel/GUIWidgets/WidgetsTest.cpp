@@ -47,7 +47,6 @@ public:
     void OnLightDestroyed(GUI::CLightWidget& /*widget*/) override {}
     void OnLightCursorChanged(GUI::CLightWidget& /*widget*/) override {}
     void SetLightFocus(GUI::CLightWidget* /*widget*/) override {}
-    bool HasLightFocus(const GUI::CLightWidget& /*widget*/) const override { return false; }
     bool CaptureLightMouse(GUI::CLightWidget& /*widget*/) override { return false; }
     void ReleaseLightMouse(GUI::CLightWidget& /*widget*/) override {}
 

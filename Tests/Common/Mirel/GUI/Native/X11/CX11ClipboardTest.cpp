@@ -18,6 +18,13 @@ public:
         ASSERT_NE(other, nullptr);
     }
 
+    /// Puts text on the clipboard and waits until the server has it: connections do not wait for each other.
+    void Copy(const std::string& text) const
+    {
+        platform->SetClipboardText(text);
+        platform->GetPointerPosition();
+    }
+
     /// What a platform gets when it asks.
     std::string Paste(Mirel::GUI::INativePlatform& reader)
     {
@@ -51,19 +58,18 @@ TEST_F(CX11ClipboardTest, OwnTextComesAtOnce)
 
 TEST_F(CX11ClipboardTest, TextGoesToOtherPrograms)
 {
-    platform->SetClipboardText("Größe 5");
+    Copy("Größe 5");
     EXPECT_EQ(Paste(*other), "Größe 5");
-    platform->SetClipboardText("");
+    Copy("");
     EXPECT_EQ(Paste(*other), "");
     const std::string longText(100000, 'x');
-    platform->SetClipboardText(longText);
+    Copy(longText);
     EXPECT_EQ(Paste(*other), longText);
 }
 
 TEST_F(CX11ClipboardTest, LaterTextReplacesThatOfOthers)
 {
-    platform->SetClipboardText("first");
-    platform->GetPointerPosition(); // The server has it: connections do not wait for each other.
+    Copy("first");
     other->SetClipboardText("second");
     Settle();
     EXPECT_EQ(Paste(*platform), "second");
@@ -72,7 +78,7 @@ TEST_F(CX11ClipboardTest, LaterTextReplacesThatOfOthers)
 
 TEST_F(CX11ClipboardTest, AllWhoAskedGetTheText)
 {
-    platform->SetClipboardText("text");
+    Copy("text");
     int count = 0;
     for (int i = 0; i < 3; ++i)
     {

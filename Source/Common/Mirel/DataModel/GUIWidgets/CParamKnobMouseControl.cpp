@@ -1,0 +1,114 @@
+#include "Mirel/DataModel/GUIWidgets/CParamKnobMouseControl.h"
+
+#include "Mirel/GUI/InputEvents.h"
+
+namespace Mirel::DataModel::GUIWidgets
+{
+
+bool CParamKnobMouseControl::OnLeftDown(const GUI::COSXMouseEvent& event)
+{
+    ReadFineMode(event);
+    if (dragging)
+    {
+        return true;
+    }
+    if (event.IsModifierDown(GUI::EModifierKey::Alternate))
+    {
+        control.BeginEdit();
+        control.SetDefault();
+        control.EndEdit();
+        return true;
+    }
+    startPosition = control.GetPosition();
+    anchor = lastPoint = event.position;
+    fineAtLastEvent = control.IsFineMode();
+    control.BeginEdit();
+    SetDragging(true);
+    return true;
+}
+
+bool CParamKnobMouseControl::OnMouseDrag(const GUI::COSXMouseEvent& event)
+{
+    ReadFineMode(event);
+    if (!dragging)
+    {
+        return false;
+    }
+    if (control.IsFineMode() != fineAtLastEvent)
+    {
+        // Measured from here on, or the knob would jump by what it moved so far.
+        anchor = lastPoint;
+        startPosition = control.GetPosition();
+    }
+    lastPoint = event.position;
+    fineAtLastEvent = control.IsFineMode();
+    const float range = GUIWidgets::GetPixelRange(pixelRange);
+    if (range > 0.0F)
+    {
+        const double pixels = horizontal ? static_cast<double>(lastPoint.x) - anchor.x
+                                         : static_cast<double>(anchor.y) - lastPoint.y;
+        control.SetPosition(GetFineScale(control) * static_cast<float>(pixels) / range + startPosition);
+    }
+    return true;
+}
+
+bool CParamKnobMouseControl::OnLeftUp(const GUI::COSXMouseEvent& event)
+{
+    ReadFineMode(event);
+    if (!dragging)
+    {
+        return false;
+    }
+    OnCaptureLost();
+    return true;
+}
+
+void CParamKnobMouseControl::OnCaptureLost()
+{
+    if (dragging)
+    {
+        control.EndEdit();
+        SetDragging(false);
+    }
+}
+
+bool CParamKnobMouseControl::OnLeftDoubleClick(const GUI::COSXMouseEvent& event)
+{
+    ReadFineMode(event);
+    if (opener != nullptr)
+    {
+        opener->OpenFineEdit(control, event.screenPosition);
+    }
+    return opener != nullptr;
+}
+
+bool CParamKnobMouseControl::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
+{
+    ReadFineMode(event);
+    const float amount = GetSteps(control, GUIWidgets::GetPixelRange(pixelRange), event.deltaY);
+    // The gesture of a drag goes on.
+    if (!dragging)
+    {
+        control.BeginEdit();
+    }
+    control.SetPosition(amount + control.GetPosition());
+    if (!dragging)
+    {
+        control.EndEdit();
+    }
+    control.SetFineMode(false);
+    return true;
+}
+
+void CParamKnobMouseControl::ReadFineMode(const GUI::CModifierState& event)
+{
+    control.SetFineMode(event.IsModifierDown(GUI::EModifierKey::Shift));
+}
+
+void CParamKnobMouseControl::SetDragging(bool newDragging)
+{
+    dragging = newDragging;
+    draggingChanged.Notify();
+}
+
+} // namespace Mirel::DataModel::GUIWidgets
