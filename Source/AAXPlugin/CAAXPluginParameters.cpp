@@ -2,6 +2,7 @@
 
 #include "AAXPlugin/CFirstFailure.h"
 #include "AAXPlugin/ChunkIds.h"
+#include "AAXPlugin/EditorFactory.h"
 #include "AAXPlugin/Guarded.h"
 #include "AAXPlugin/ProcessFields.h"
 #include "AAXPlugin/StateChunk.h"
@@ -48,6 +49,8 @@ CAAXPluginParameters::CAAXPluginParameters(const std::string& modulePath)
     : internals(MakeInternals(modulePath)),
       processContext(*internals, inputAdapters, audioThread)
 {
+    internals->GetModel().SetFactory(&modelFactory);
+    SetEditorFactory(*internals);
     MakeAdapters(*internals, audioThread, inputAdapters, outputAdapters);
 }
 

@@ -6,6 +6,7 @@
 #include "AAXPlugin/Interface/IPublishedCurves.h"
 #include "AAXPlugin/ParamAdapters.h"
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
+#include "Mirel/Audio/Plugin/CPluginSkinModelFactory.h"
 
 #include <memory>
 #include <string>
@@ -59,6 +60,7 @@ private:
     const Mirel::DataModel::Objects::ICurveInfo* FindCurve(std::int32_t curve) const;
 
     CAudioThreadMark audioThread;
+    Mirel::Audio::Plugin::CPluginSkinModelFactory modelFactory;
     std::unique_ptr<Mirel::Audio::Plugin::CAudioPluginInternalsBase> internals;
     CInputAdapters inputAdapters;
     COutputAdapters outputAdapters;

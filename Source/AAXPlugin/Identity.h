@@ -20,6 +20,12 @@ constexpr std::uint32_t FourCharacters(const char (&text)[5])
 inline constexpr const char* ProductName = "Tarnwell's Scope Bank";
 inline constexpr const char* ProductVersion = "1.7";
 inline constexpr const char* ManufacturerName = "Tarnwell";
+inline constexpr const char* LegalLine = "Licences of all parts stand in the folder \"Legal\".";
+
+// Pages of the maker.
+inline constexpr const char* WebsiteAddress = "https://www.tarnwell.com/scope-bank";
+inline constexpr const char* UpdatesAddress = "https://www.tarnwell.com/scope-bank/updates";
+inline constexpr const char* SkinsAddress = "https://www.tarnwell.com/scope-bank/skins";
 
 /// The effect's identifier is this, followed by the module's file name.
 inline constexpr const char* IdentifierPrefix = "com.tarnwell.";

@@ -78,6 +78,13 @@ void CWindowBase::PaintNow()
     }
 }
 
+const Graphics::CBitmap& CWindowBase::PaintPicture()
+{
+    PaintNow();
+    painter.Paint(content.Get()); // of a hidden window
+    return painter.GetPicture();
+}
+
 void CWindowBase::SetInputBlocked(bool blocked)
 {
     if (blocked != inputBlocked)

@@ -34,6 +34,10 @@ public:
     /// Paints now what is marked, if the window can be seen.
     void PaintNow();
 
+    /// All of the window as it is now, in device pixels, whether it can be seen or not. Valid until the next
+    /// change.
+    const Graphics::CBitmap& PaintPicture();
+
     bool SetFocusWidget(CWidget* widget) { return focus.Set(widget); }
     CWidget* GetFocusWidget() const { return focus.Get(); }
     bool CaptureMouse(CWidget& widget) { return mouse.Capture(widget); }

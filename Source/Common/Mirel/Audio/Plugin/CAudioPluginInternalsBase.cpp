@@ -99,7 +99,11 @@ void CAudioPluginInternalsBase::Init(IInputParams& inputs_, IOutputParams& outpu
 {
     inputs = &inputs_;
     outputs = &outputs_;
+    model.Init(GetBindings());
+}
 
+CAudioPluginBindings CAudioPluginInternalsBase::GetBindings()
+{
     CAudioPluginBindings bindings;
     bindings.inputsInfo = &inputParams;
     bindings.inputs = inputs;
@@ -113,7 +117,7 @@ void CAudioPluginInternalsBase::Init(IInputParams& inputs_, IOutputParams& outpu
     bindings.presets = presets.get();
     bindings.defaultSettings = defaultSettings.get();
     bindings.filter = filter.get();
-    model.Init(bindings);
+    return bindings;
 }
 
 void CAudioPluginInternalsBase::SetInputValue(int index, float value)

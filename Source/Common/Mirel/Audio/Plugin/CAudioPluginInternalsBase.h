@@ -4,6 +4,7 @@
 #include "Mirel/Audio/DSP/COutputDataSync.h"
 #include "Mirel/Audio/DSP/IFilter.h"
 #include "Mirel/Audio/Plugin/CAttachedState.h"
+#include "Mirel/Audio/Plugin/CAudioPluginBindings.h"
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CAudioPluginModel.h"
 #include "Mirel/Audio/Plugin/CBypassProcessor.h"
@@ -132,6 +133,9 @@ public:
     bool LoadFromPresetsData(const char* key);
 
     CAudioPluginModel& GetModel() { return model; }
+
+    /// What a model of the instance is bound to: until Init, the values themselves.
+    CAudioPluginBindings GetBindings();
 
     /// The key "GUI" of the state: an editor attaches itself while it is open.
     CAttachedState& GetEditorState() { return editorState; }

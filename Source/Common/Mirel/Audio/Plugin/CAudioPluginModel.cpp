@@ -118,6 +118,29 @@ Serialization::ISerializable* CAudioPluginModel::GetSkinModel() const
     return skinModel.get();
 }
 
+std::shared_ptr<Serialization::ISerializable> CAudioPluginModel::ShareSkinModel() const
+{
+    const CAutoLock guard(lock);
+    return skinModel;
+}
+
+void CAudioPluginModel::WaitForLoad() const
+{
+    {
+        const CAutoLock guard(lock);
+        if (!loading)
+        {
+            return;
+        }
+    }
+    // The loop runs one request after the other.
+    class CNothing : public Core::ICommand
+    {
+        void Execute() override {}
+    } nothing;
+    loop->Get().Invoke(&nothing, false);
+}
+
 bool CAudioPluginModel::Serialize(Serialization::IWriteDataStream& stream) const
 {
     return state.Serialize(stream);

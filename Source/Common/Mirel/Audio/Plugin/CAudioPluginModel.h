@@ -46,6 +46,12 @@ public:
     /// The model; null until it is loaded. Replaced, if ever, on the background loop, just before the event.
     Serialization::ISerializable* GetSkinModel() const;
 
+    /// The same, for one who uses it for longer: it lives on when it is replaced.
+    std::shared_ptr<Serialization::ISerializable> ShareSkinModel() const;
+
+    /// Returns when no load is under way. Not for the background loop.
+    void WaitForLoad() const;
+
     /// Fires after a model was loaded, on the background loop.
     Core::IEventProvider& GetLoadedEventProvider() const { return loaded; }
 
@@ -69,14 +75,14 @@ private:
 
     mutable System::CCriticalSection lock;
     std::optional<CAudioPluginBindings> bindings;
-    std::unique_ptr<Serialization::ISerializable> skinModel;
+    std::shared_ptr<Serialization::ISerializable> skinModel;
     std::string loadedPath;
     CAttachedState state;
     bool loading = false;
     mutable System::CMTEventProvider loaded; ///< Listening changes nothing of the model.
 
     std::shared_ptr<CLoadTarget> loadTarget;
-    std::optional<CLoop> loop; ///< From the first load on.
+    mutable std::optional<CLoop> loop; ///< From the first load on.
 };
 
 } // namespace Mirel::Audio::Plugin

@@ -2,10 +2,10 @@
 
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CPluginModelObjects.h"
+#include "Mirel/Audio/Plugin/PluginVariables.h"
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Model/CSkinModelFactory.h"
 
-#include <filesystem>
 #include <string>
 
 #include <unistd.h>
@@ -18,60 +18,32 @@ using namespace SkinEngine;
 namespace
 {
 
-/// What a file may ask of the plug-in that it is read for.
 void SetVariables(CSkinModelFactory& factory, const CAudioPluginBindings& bindings)
 {
-    const auto setCount = [&factory](const char* name, int count)
-    { factory.SetVariable(name, std::to_string(count).c_str()); };
-    if (bindings.filter != nullptr)
+    for (const auto& [name, value] : DescribePlugin(bindings))
     {
-        setCount("PLUGIN_AUDIO_INPUTS_COUNT", bindings.filter->GetProcessInfo().GetInputs().GetCount());
-        setCount("PLUGIN_AUDIO_OUTPUTS_COUNT", bindings.filter->GetProcessInfo().GetOutputs().GetCount());
-        if (const char* name = bindings.filter->GetProductInfo().GetName())
-        {
-            factory.SetVariable("PLUGIN_NAME", name);
-        }
+        factory.SetVariable(name.c_str(), value.c_str());
     }
-    if (bindings.inputsInfo != nullptr)
-    {
-        setCount("PLUGIN_INPUT_PARAMS_COUNT", bindings.inputsInfo->GetCount());
-    }
-    if (bindings.outputsInfo != nullptr)
-    {
-        setCount("PLUGIN_OUTPUT_PARAMS_COUNT", bindings.outputsInfo->GetCount());
-    }
-}
-
-/// The folder that the model files, the skins and the rest of the product's data stand below.
-std::string DataFolder(const CAudioPluginBindings& bindings)
-{
-    if (bindings.defaultSettings == nullptr)
-    {
-        return {};
-    }
-    return std::filesystem::path(bindings.defaultSettings->GetModelFile()).parent_path().parent_path();
 }
 
 } // namespace
 
 CPluginSkinModel::CPluginSkinModel(const CAudioPluginBindings& bindings_, const SSkinModelServices& services_)
     : bindings(bindings_),
-      services(services_)
+      services(services_),
+      ownOpener(services_.urlOpener)
 {
     services.timerProvider = &timers;
+    services.urlOpener = this;
 }
 
-CPluginSkinModel::~CPluginSkinModel()
-{
-    shared.GetObjects().GetAddedEventProvider().Disconnect(&sharedAdded);
-    shared.GetObjects().GetRemovedEventProvider().Disconnect(&sharedRemoved);
-}
+CPluginSkinModel::~CPluginSkinModel() = default;
 
 bool CPluginSkinModel::Load(const char* path)
 {
     LoadShared();
     CSkinParser parser(log);
-    parser.SetDataFolder(DataFolder(bindings).c_str());
+    parser.SetDataFolder(FindDataFolder(bindings).c_str());
     CSkinModelFactory factory(parser, log, model, services);
     SetVariables(factory, bindings);
     if (!factory.PreParse(path))
@@ -79,7 +51,7 @@ bool CPluginSkinModel::Load(const char* path)
         return false;
     }
     AddPluginObjects(model.GetExposure());
-    BringInShared();
+    import.emplace(shared, model); // the items of its collections come and go later, too
     factory.Parse(path, true);
     return true;
 }
@@ -96,38 +68,18 @@ void CPluginSkinModel::LoadShared()
     if (::access(path, F_OK) == 0)
     {
         CSkinParser parser(log);
-        parser.SetDataFolder(DataFolder(bindings).c_str());
+        parser.SetDataFolder(FindDataFolder(bindings).c_str());
         CSkinModelFactory factory(parser, log, shared, services);
         SetVariables(factory, bindings);
         factory.Parse(path, true);
     }
 }
 
-void CPluginSkinModel::BringInShared()
+void CPluginSkinModel::OpenUrl(const char* url)
 {
-    const std::unique_ptr<ISkinDynamicObjectsIterator> entry(shared.GetObjects().CreateIterator());
-    for (; entry->IsValid(); entry->Next())
+    if (SkinEngine::IUrlOpener* opener = attachedOpener != nullptr ? attachedOpener : ownOpener)
     {
-        OnSharedAdded({entry->GetId(), &entry->GetObject(), false});
-    }
-    // The items of its collections come and go later, too.
-    shared.GetObjects().GetAddedEventProvider().Connect(sharedAdded);
-    shared.GetObjects().GetRemovedEventProvider().Connect(sharedRemoved);
-}
-
-void CPluginSkinModel::OnSharedAdded(const CDictionaryEntry& entry)
-{
-    if (model.GetExposure().IsWanted(entry.id))
-    {
-        model.GetObjects().Add(entry.id, entry.object, false);
-    }
-}
-
-void CPluginSkinModel::OnSharedRemoved(const CDictionaryEntry& entry)
-{
-    if (model.GetObjects().Find(entry.id) == entry.object)
-    {
-        model.RemoveObject(entry.id);
+        opener->OpenUrl(url);
     }
 }
 

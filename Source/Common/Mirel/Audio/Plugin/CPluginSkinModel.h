@@ -1,22 +1,25 @@
 #pragma once
 
 #include "Mirel/Audio/Plugin/CAudioPluginBindings.h"
-#include "Mirel/Core/TArgCommand.h"
+#include "Mirel/Audio/Plugin/CThreadBoundState.h"
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/Serialization/DataStreams.h"
+#include "Mirel/SkinEngine/Model/CModelImport.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 #include "Mirel/SkinEngine/Model/SSkinModelServices.h"
 #include "Mirel/System/CAttachableTimerProvider.h"
 
 #include <memory>
+#include <optional>
 
 namespace Mirel::Audio::Plugin
 {
 
 /// The skin model of one instance, with what its objects stand on. It is built on a background thread and
 /// then belongs to the thread of the GUI, whose timers drive it while they are attached: before, and while
-/// there is no editor, nothing in it moves by itself.
-class CPluginSkinModel : public Serialization::ISerializable
+/// there is no editor, nothing in it moves by itself. Its state can be saved and loaded on any thread at any
+/// time.
+class CPluginSkinModel : public Serialization::ISerializable, private SkinEngine::IUrlOpener
 {
 public:
     /// What is bound, and the services, must outlive this object. Of the services the timers are not used.
@@ -41,19 +44,22 @@ public:
     /// Not owned, and to be detached, with null, before it goes away.
     void AttachTimers(System::ITimerProvider* provider) { timers.Attach(provider); }
 
-    bool Serialize(Serialization::IWriteDataStream& stream) const override { return model.Serialize(stream); }
+    /// Opens the pages of the model's actions in the place of the services' opener; not owned, and to be
+    /// detached, with null, before it goes away. The thread that the model belongs to.
+    void AttachUrlOpener(SkinEngine::IUrlOpener* opener) { attachedOpener = opener; }
+
+    /// Makes the calling thread the one that the model belongs to, until Unbind.
+    CThreadBoundState& GetThreadBoundState() { return state; }
+
+    bool Serialize(Serialization::IWriteDataStream& stream) const override { return state.Serialize(stream); }
     bool Deserialize(const Serialization::IReadDataStream& stream) override
     {
-        return model.Deserialize(stream);
+        return state.Deserialize(stream);
     }
 
 private:
     void LoadShared();
-    void BringInShared();
-    void OnSharedAdded(const SkinEngine::CDictionaryEntry& entry);
-    void OnSharedRemoved(const SkinEngine::CDictionaryEntry& entry);
-
-    using Command = Core::TArgCommand<CPluginSkinModel, const SkinEngine::CDictionaryEntry&>;
+    void OpenUrl(const char* url) override;
 
     CAudioPluginBindings bindings;
     SkinEngine::SSkinModelServices services;
@@ -61,8 +67,10 @@ private:
     System::CAttachableTimerProvider timers;
     SkinEngine::CSkinModel shared; ///< Its objects are in the model by reference.
     SkinEngine::CSkinModel model;
-    Command sharedAdded{this, &CPluginSkinModel::OnSharedAdded};
-    Command sharedRemoved{this, &CPluginSkinModel::OnSharedRemoved};
+    std::optional<SkinEngine::CModelImport> import; ///< Of the shared model.
+    SkinEngine::IUrlOpener* ownOpener; ///< Of the services.
+    SkinEngine::IUrlOpener* attachedOpener = nullptr;
+    CThreadBoundState state{model};
 };
 
 } // namespace Mirel::Audio::Plugin

@@ -2,9 +2,9 @@
 
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/SkinEngine/Language/CTemplateNode.h"
-#include "Mirel/SkinEngine/Language/IElementListener.h"
 #include "Mirel/SkinEngine/Language/IParsedTemplateInstance.h"
 #include "Mirel/SkinEngine/Model/CDictionaryLogExchange.h"
+#include "Mirel/SkinEngine/Model/CElementCharge.h"
 #include "Mirel/SkinEngine/Model/CSkinModelFactory.h"
 
 #include <utility>
@@ -14,28 +14,6 @@ namespace Mirel::SkinEngine
 
 namespace
 {
-
-/// Charges the elements of an item to what all collections may hold.
-class CElementCharge : public IElementListener
-{
-public:
-    explicit CElementCharge(CSkinCollectionContext& context_) : context(context_) {}
-
-    void OnElementStart(const char*, const Containers::CNamedAttributes&) override
-    {
-        if (context.TakeElements(1))
-        {
-            ++count;
-        }
-    }
-    void OnElementEnd(const char*) override {}
-
-    int GetCount() const { return count; }
-
-private:
-    CSkinCollectionContext& context;
-    int count = 0;
-};
 
 /// No recursion: how deep a body is nested is for its file to say.
 int CountNodes(const CTemplateNode& root)

@@ -2,11 +2,11 @@
 
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Language/IParsedTemplate.h"
-#include "Mirel/SkinEngine/Language/IParsedTemplateInstance.h"
 #include "Mirel/SkinEngine/Model/CDictionaryLogExchange.h"
-#include "Mirel/SkinEngine/Model/CForEachSkinCollection.h"
 #include "Mirel/SkinEngine/Model/CModelBuild.h"
+#include "Mirel/SkinEngine/Model/CollectionMarks.h"
 #include "Mirel/SkinEngine/Model/ModelElements.h"
+#include "Mirel/SkinEngine/Model/ParserHandlers.h"
 
 #include <string_view>
 #include <utility>
@@ -21,65 +21,6 @@ namespace
 {
 
 constexpr const char* rootElement = "MODEL";
-
-/// Handlers made from a callable.
-template <class F>
-class TStartCommand : public CSkinParser::CStartCommand
-{
-public:
-    explicit TStartCommand(F handle_) : handle(std::move(handle_)) {}
-    bool Execute(const CNamedAttributes& attributes) override { return handle(attributes); }
-
-private:
-    F handle;
-};
-
-template <class F>
-class TEndCommand : public CSkinParser::CEndCommand
-{
-public:
-    explicit TEndCommand(F handle_) : handle(std::move(handle_)) {}
-    bool Execute() override { return handle(); }
-
-private:
-    F handle;
-};
-
-template <class F>
-void RegisterStart(CSkinParser& parser, const char* name, F handle)
-{
-    parser.RegisterStartHandler(name, new TStartCommand<F>(std::move(handle)));
-}
-
-template <class F>
-void RegisterEnd(CSkinParser& parser, const char* name, F handle)
-{
-    parser.RegisterEndHandler(name, new TEndCommand<F>(std::move(handle)));
-}
-
-/// The body of a collection as it stands for all its items, so that what these refer to is marked.
-CNamedAttributes ItemPatterns(const CNamedAttributes& collection)
-{
-    const char* itemName = GetText(collection, "item_name", CSkinCollectionBase::defaultItemName);
-    CNamedAttributes patterns;
-    patterns.Set(itemName, GetItemText(GetText(collection, "id"), -1).c_str());
-    for (const std::string& source : SplitIdentifiers(GetText(collection, "collection_id")))
-    {
-        patterns.Set(GetSourceItemName(source.c_str(), itemName).c_str(),
-                     GetItemText(source.c_str(), -1).c_str());
-    }
-    return patterns;
-}
-
-/// Ends a recording whose context is a set of attributes. Null if none was running.
-std::unique_ptr<IParsedTemplate> StopMarkRecording(CSkinParser& parser,
-                                                   std::unique_ptr<CNamedAttributes>& attributes)
-{
-    void* recorded = nullptr;
-    std::unique_ptr<IParsedTemplate> body(parser.StopRecording(recorded));
-    attributes.reset(static_cast<CNamedAttributes*>(recorded));
-    return body;
-}
 
 } // namespace
 
@@ -100,9 +41,7 @@ public:
         parser.ResetHandlers();
         RegisterMarks();
         preParsed = ParseFile(path);
-        // A file that breaks off inside a collection leaves its recording behind.
-        std::unique_ptr<CNamedAttributes> attributes;
-        StopMarkRecording(parser, attributes);
+        DropItemMarks(parser);
         return preParsed;
     }
 
@@ -202,10 +141,15 @@ private:
             RegisterStart(parser, name,
                           [this](const CNamedAttributes& attributes)
                           {
-                              parser.StartRecording(new CNamedAttributes(attributes));
+                              StartItemMarks(parser, attributes);
                               return true;
                           });
-            RegisterEnd(parser, name, [this] { return MarkCollectionEnd(); });
+            RegisterEnd(parser, name,
+                        [this]
+                        {
+                            EndItemMarks(parser);
+                            return true;
+                        });
         }
     }
 
@@ -213,17 +157,6 @@ private:
     {
         const char* element = parser.GetCurrentElementName();
         return {build.GetModel().GetExposure(), log, element == nullptr ? "" : element};
-    }
-
-    bool MarkCollectionEnd()
-    {
-        std::unique_ptr<CNamedAttributes> attributes;
-        const std::unique_ptr<IParsedTemplate> body = StopMarkRecording(parser, attributes);
-        if (body != nullptr && attributes != nullptr)
-        {
-            delete body->Instantiate(ItemPatterns(*attributes), parser);
-        }
-        return true;
     }
 
     CSkinParser& parser;

@@ -1,10 +1,7 @@
-#include "Mirel/Core/Numeric.h"
-#include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
-#include "Mirel/DataModel/Objects/EValueKind.h"
-#include "Mirel/Runtime/CDynamicObject.h"
 #include "Mirel/SkinEngine/Model/CForEachSkinCollection.h"
 #include "Mirel/SkinEngine/Model/CSkinCollection.h"
 #include "Mirel/SkinEngine/Model/CSkinModelCollectionItemFactory.h"
+#include "Mirel/SkinEngine/Model/CollectionObjects.h"
 #include "Mirel/SkinEngine/Model/ModelElements.h"
 
 #include <limits>
@@ -12,32 +9,10 @@
 namespace Mirel::SkinEngine
 {
 
-using namespace DataModel::Objects;
 using Containers::CNamedAttributes;
 
 namespace
 {
-
-/// 2147483647 as the nearest float.
-constexpr float largestCount = 2147483648.0F;
-
-/// Gives a collection its first count. At once, also where a change of counts is under way, as it is inside
-/// an item: what the item links may be in these items.
-class CCountCommand : public CModelCommand
-{
-public:
-    CCountCommand(CSkinCollection& collection_, int count_) : collection(collection_), count(count_) {}
-
-    bool Execute() override
-    {
-        collection.ApplyCount(collection.ClampCount(count));
-        return true;
-    }
-
-private:
-    CSkinCollection& collection;
-    int count;
-};
 
 /// Hands the collection to the model: it lives as long as that, and lets its items go in time.
 template <class T>
@@ -48,79 +23,6 @@ T& OwnCollection(CModelBuild& build, std::unique_ptr<T> collection)
     build.GetModel().AddConnection(new TModelConnection<decltype(close)>(close));
     build.openCollection = &owned;
     return owned;
-}
-
-/// Enters a collection under its id, if it has one.
-bool AddObject(CModelBuild& build, IConstCollection& collection, ICount* writable)
-{
-    if (*collection.GetId() == '\0')
-    {
-        return true;
-    }
-    auto object = std::make_unique<Runtime::CDynamicObject>();
-    object->AddInterface<IConstCollection>(TObjectInterface<IConstCollection>::name, &collection, false);
-    object->AddInterface<IConstCount>(TObjectInterface<IConstCount>::name, &collection, false);
-    if (writable != nullptr)
-    {
-        object->AddInterface<ICount>(TObjectInterface<ICount>::name, writable, false);
-    }
-    return build.GetModel().AddObject(collection.GetId(), object.release(), true);
-}
-
-std::string CountName(const IConstCollection& collection)
-{
-    return std::string(collection.GetId()) + ".count";
-}
-
-/// What nobody wants, or has no name, has no flags.
-int CountFlags(const CModelBuild& build, const IConstCollection& collection)
-{
-    return *collection.GetId() == '\0' ? 0 : build.GetExposure().GetParamFlags(CountName(collection).c_str());
-}
-
-float CountOf(const IConstCount& collection)
-{
-    return static_cast<float>(collection.GetCount());
-}
-
-int CountFrom(float value)
-{
-    return value >= largestCount ? std::numeric_limits<int>::max()
-                                 : Core::TruncateToInt32(static_cast<double>(value) + 0.5);
-}
-
-bool AddCount(CModelBuild& build, CSkinCollection& collection, int count)
-{
-    const int flags = CountFlags(build, collection);
-    if (flags == 0)
-    {
-        return true;
-    }
-    const CParamInfo info(ValueKindInteger, static_cast<float>(collection.GetMinCount()),
-                          static_cast<float>(collection.GetMaxCount()), static_cast<float>(count), "Count",
-                          "", "");
-    return build.GetModel().AddParam(CountName(collection).c_str(),
-                                     new CCaptureParamWrapper(
-                                         info, [&collection] { return CountOf(collection); },
-                                         [&collection](float value)
-                                         { collection.SetCount(CountFrom(value)); },
-                                         &collection.GetCountChangedEventProvider()),
-                                     flags, true);
-}
-
-bool AddCount(CModelBuild& build, const CForEachSkinCollection& collection)
-{
-    const int flags = CountFlags(build, collection);
-    if (flags == 0)
-    {
-        return true;
-    }
-    const CParamInfo info(ValueKindInteger, 0.0F, largestCount, CountOf(collection), "Count", "", "");
-    return build.GetModel().AddConstParam(
-        CountName(collection).c_str(),
-        new CConstCaptureParamWrapper(
-            info, [&collection] { return CountOf(collection); }, &collection.GetCountChangedEventProvider()),
-        flags, true);
 }
 
 } // namespace
@@ -143,8 +45,7 @@ bool BuildCollectionStart(CModelBuild& build, const CNamedAttributes& attributes
     auto& collection = OwnCollection(
         build, std::make_unique<CSkinCollection>(build.GetContext()->GetCollections(), id,
                                                  FindText(attributes, "item_name"), minCount, maxCount));
-    bool added = AddObject(build, collection, &collection);
-    added = AddCount(build, collection, collection.ClampCount(count)) && added;
+    const bool added = AddCollection(build.GetModel(), build.GetExposure(), collection, count);
     if (*id != '\0')
     {
         build.Note(id, attributes);
@@ -166,8 +67,7 @@ bool BuildForEachStart(CModelBuild& build, const CNamedAttributes& attributes)
     auto& collection = OwnCollection(build, std::make_unique<T>(build.GetContext()->GetCollections(),
                                                                 GetText(attributes, "id"),
                                                                 FindText(attributes, "item_name")));
-    bool added = AddObject(build, collection, nullptr);
-    added = AddCount(build, collection) && added;
+    const bool added = AddFollower(build.GetModel(), build.GetExposure(), collection);
     for (const std::string& source : sources)
     {
         build.QueuePreLink(std::make_unique<TConnectByRefWithIdCommand<T, IConstCollection>>(

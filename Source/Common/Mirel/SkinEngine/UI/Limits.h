@@ -1,0 +1,10 @@
+#pragma once
+
+namespace Mirel::SkinEngine
+{
+
+/// Elements that one skin builds, items of collections apart: each may be a widget with an area of its own.
+/// Skins come from strangers; no honest one comes near it.
+constexpr int maxSkinElements = 32768;
+
+} // namespace Mirel::SkinEngine

@@ -1,0 +1,48 @@
+#include "Mirel/SkinEngine/UI/ParamSettings.h"
+
+#include <array>
+
+namespace Mirel::SkinEngine
+{
+
+using Containers::CNamedAttributes;
+using Graphics::CImageCatalog;
+
+SParamName FindParam(const CUIElement& element)
+{
+    for (const char* prefix : {"", "x_", "y_", "z_"})
+    {
+        if (const char* id = FindText(element.GetAttributes(), std::string(prefix) + "param_id"))
+        {
+            return {id, prefix};
+        }
+    }
+    element.GetBuild().Warn(element.GetBuild().GetElement() +
+                            ", not connected to any parameter (x, y or z)");
+    return {nullptr, ""};
+}
+
+std::unique_ptr<CImageCatalog> ReadStates(CUIBuild& build, const CNamedAttributes& attributes,
+                                          const std::string& name)
+{
+    constexpr std::array<const char*, 5> suffixes = {"", "_disabled", "_hover", "_focus", "_pushed"};
+    auto catalog = std::make_unique<CImageCatalog>();
+    for (std::size_t i = 0; i < suffixes.size(); ++i)
+    {
+        auto image = build.ReadImage(attributes, name, suffixes[i]);
+        catalog->SetEntry(static_cast<int>(i),
+                          image != nullptr || i == 0 ? std::move(image) : build.ReadImage(attributes, name));
+    }
+    return catalog;
+}
+
+void ReadControl(const CNamedAttributes& attributes, DataModel::Controls::CParamControl& control)
+{
+    int fineRatio = 1;
+    if (ReadNumber(attributes, "fine_ratio", fineRatio))
+    {
+        control.SetFineRatio(fineRatio);
+    }
+}
+
+} // namespace Mirel::SkinEngine

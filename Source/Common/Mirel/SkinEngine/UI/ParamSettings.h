@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Mirel/DataModel/Controls/CParamControl.h"
+#include "Mirel/Graphics/CImageCatalog.h"
+#include "Mirel/SkinEngine/UI/CUIElement.h"
+
+#include <memory>
+#include <string>
+
+namespace Mirel::SkinEngine
+{
+
+/// The parameter of a widget, and what stands before the names of its axis' settings.
+struct SParamName
+{
+    const char* id; ///< Null if the element names none, which is reported.
+    std::string prefix;
+};
+
+/// `param_id`, or that of an axis, such as `x_param_id`.
+SParamName FindParam(const CUIElement& element);
+
+/// The images of a widget's states, with masks: 0 plain, 1 disabled, 2 hover, 3 focus, 4 pushed. One that the
+/// skin does not have is the plain one.
+std::unique_ptr<Graphics::CImageCatalog> ReadStates(CUIBuild& build,
+                                                    const Containers::CNamedAttributes& attributes,
+                                                    const std::string& name);
+
+/// `fine_ratio`.
+void ReadControl(const Containers::CNamedAttributes& attributes, DataModel::Controls::CParamControl& control);
+
+} // namespace Mirel::SkinEngine
