@@ -82,30 +82,30 @@ TEST_F(ModelFileTest, NamesOfChannelsFollowTheStereoMode)
     EXPECT_EQ(TextOf("view.channel2_name"), "Side");
 }
 
-TEST_F(ModelFileTest, EachModeScrollsInAPlaceOfItsOwn)
+TEST_F(ModelFileTest, LoopScrollsInAPlaceOfItsOwn)
 {
     EXPECT_FLOAT_EQ(ValueOf("view.time_offset"), 1.0F);
-    Set("view.flow_scroll", 0.75F);
+    Set("view.scroll", 0.75F);
     EXPECT_FLOAT_EQ(ValueOf("view.time_offset"), 0.75F);
-    Set("dsp.input2", 2.0F);
+    Set("dsp.input2", 1.0F);
     EXPECT_FLOAT_EQ(ValueOf("view.time_offset"), 0.0F);
-    Set("view.sweep_scroll", 0.25F);
+    Set("view.loop_scroll", 0.25F);
     EXPECT_FLOAT_EQ(ValueOf("view.time_offset"), 0.25F);
-    Set("dsp.input2", 0.0F);
+    Set("dsp.input2", 2.0F);
     EXPECT_FLOAT_EQ(ValueOf("view.time_offset"), 0.75F);
 }
 
 TEST_F(ModelFileTest, ConditionsTellTheMode)
 {
     const auto conditions = [this] {
-        return std::array<float, 3>{ValueOf("view.is_flow"), ValueOf("view.is_sweep"),
+        return std::array<float, 3>{ValueOf("view.is_not_loop"), ValueOf("view.is_loop"),
                                     ValueOf("view.is_trigger")};
     };
     EXPECT_EQ(conditions(), (std::array<float, 3>{1.0F, 0.0F, 0.0F}));
     Set("dsp.input2", 1.0F);
     EXPECT_EQ(conditions(), (std::array<float, 3>{0.0F, 1.0F, 0.0F}));
     Set("dsp.input2", 2.0F);
-    EXPECT_EQ(conditions(), (std::array<float, 3>{0.0F, 1.0F, 1.0F}));
+    EXPECT_EQ(conditions(), (std::array<float, 3>{1.0F, 0.0F, 1.0F}));
 }
 
 TEST_F(ModelFileTest, TheTriggersLevelIsAFlatCurve)
