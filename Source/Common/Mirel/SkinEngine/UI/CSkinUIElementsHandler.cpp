@@ -2,7 +2,9 @@
 
 #include "Mirel/SkinEngine/Language/IParsedTemplate.h"
 #include "Mirel/SkinEngine/Model/CDictionaryLogExchange.h"
+#include "Mirel/SkinEngine/Model/CModelBuild.h"
 #include "Mirel/SkinEngine/Model/CollectionMarks.h"
+#include "Mirel/SkinEngine/Model/ModelElements.h"
 #include "Mirel/SkinEngine/Model/ParserHandlers.h"
 #include "Mirel/SkinEngine/UI/CUIBuild.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
@@ -45,8 +47,11 @@ public:
         : parser(parser_),
           log(log_),
           data(data_),
+          modelBuild(parser_, log_, data_.GetModel(), nullptr, context_),
           build(parser_, log_, data_, services_, root_, std::move(context_))
     {
+        // What a skin has of the model dialect it has for itself: all of it is built.
+        data.GetModel().GetExposure().Use("*");
     }
 
     bool PreParse(const char* path)
@@ -77,6 +82,7 @@ public:
         void* noContext = nullptr;
         const std::unique_ptr<IParsedTemplate> rest(parser.StopRecording(noContext));
         build.Drop();
+        modelBuild.Drop();
         return succeeded || Fail();
     }
 
@@ -91,7 +97,7 @@ public:
     bool EndItem()
     {
         const CDictionaryLogExchange wholeReports(data.GetWholeModel().GetObjects(), &log);
-        return build.Finish();
+        return Finish();
     }
 
     int GetElements() const { return build.GetElements(); }
@@ -128,6 +134,12 @@ private:
                             return true;
                         });
         }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, handle = element.build](const CNamedAttributes& attributes)
+                          { return modelBuild.TakeElement() && handle(modelBuild, attributes); });
+        }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
                       { return BuildUICollectionStart(build, attributes); });
@@ -155,12 +167,19 @@ private:
     {
         preParsed = false;
         Layout::CBaseGroupLayoutCell* const group = build.GetScope().group;
-        const bool succeeded = build.Finish();
+        const bool succeeded = Finish();
         if (group != nullptr)
         {
             group->SetAutoUpdate(true);
         }
         return succeeded;
+    }
+
+    /// Links come last: they may name the properties of any widget, items of collections included.
+    bool Finish()
+    {
+        const bool built = build.Finish();
+        return modelBuild.Finish() && built;
     }
 
     void RegisterMarks()
@@ -174,6 +193,15 @@ private:
         for (const SUIElement& element : uiElements)
         {
             RegisterStart(parser, element.name, mark);
+        }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, markModel = element.mark](const CNamedAttributes& attributes)
+                          {
+                              return markModel({build.GetExposure(), log, parser.GetCurrentElementName()},
+                                               attributes);
+                          });
         }
         for (const char* name : {"COLLECTION", "FOREACH"})
         {
@@ -195,6 +223,7 @@ private:
     CSkinParser& parser;
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
+    CModelBuild modelBuild; ///< Of the elements of the model dialect, for the skin's own part of the model.
     CUIBuild build;
     CNamedAttributes variables;
     bool preParsed = false;
