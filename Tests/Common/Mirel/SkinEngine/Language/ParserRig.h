@@ -56,6 +56,12 @@ class CElementTrace : public Mirel::SkinEngine::IElementListener
 public:
     void OnElementStart(const char* name, const CNamedAttributes& attributes) override
     {
+        // Only the end of what a hostile skin makes: the memory is the parser's to account for.
+        constexpr std::size_t most = std::size_t{8} << 20U;
+        if (text.size() > most)
+        {
+            text.clear();
+        }
         text += StartTag(name, attributes);
     }
     void OnElementEnd(const char* name) override { text.append("</").append(name).append(">"); }
