@@ -1,6 +1,6 @@
 #include "Mirel/GUI/CWindowBase.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace Mirel::GUI
 {
@@ -80,13 +80,19 @@ void CWindowBase::PaintNow()
 
 void CWindowBase::SetInputBlocked(bool blocked)
 {
-    if (blocked != inputBlocked)
+    const bool wasBlocked = IsInputBlocked();
+    inputBlocks = std::max(inputBlocks + (blocked ? 1 : -1), 0);
+    if (blocked && !wasBlocked)
     {
-        inputBlocked = blocked;
-        if (blocked)
-        {
-            mouse.OnCaptureLost();
-        }
+        mouse.OnCaptureLost();
+    }
+}
+
+void CWindowBase::OnCloseRequested()
+{
+    if (!IsInputBlocked())
+    {
+        OnWindowCloseRequested();
     }
 }
 
@@ -190,7 +196,7 @@ void CWindowBase::OnPointerEnter(const SNativeMouseEvent& event)
 
 void CWindowBase::OnPointerLeave(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnLeave(event);
     }
@@ -198,7 +204,7 @@ void CWindowBase::OnPointerLeave(const SNativeMouseEvent& event)
 
 void CWindowBase::OnPointerMove(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnMove(event);
     }
@@ -206,7 +212,7 @@ void CWindowBase::OnPointerMove(const SNativeMouseEvent& event)
 
 void CWindowBase::OnButtonDown(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnDown(event);
     }
@@ -214,7 +220,7 @@ void CWindowBase::OnButtonDown(const SNativeMouseEvent& event)
 
 void CWindowBase::OnButtonUp(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnUp(event);
     }
@@ -222,7 +228,7 @@ void CWindowBase::OnButtonUp(const SNativeMouseEvent& event)
 
 void CWindowBase::OnWheel(const SNativeWheelEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnWheel(event);
     }
@@ -230,7 +236,7 @@ void CWindowBase::OnWheel(const SNativeWheelEvent& event)
 
 void CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         focus.OnKey(event, true);
     }
@@ -238,7 +244,7 @@ void CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
 
 void CWindowBase::OnKeyUp(const SNativeKeyEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         focus.OnKey(event, false);
     }
