@@ -1,5 +1,6 @@
 // A full layout, size pass and arrange pass, of a skin's worth of cells, beside a plain walk over the same
-// cells that reads and writes a size and a position for each.
+// cells that reads and writes a size and a position for each; and the layout after one cell changed, beside a
+// full one.
 
 #include "Mirel/Layout/CGroupLayoutCell.h"
 #include "Support/Contest.h"
@@ -57,7 +58,7 @@ public:
                 }
                 else
                 {
-                    Add(*open.front(), std::make_unique<CBox>());
+                    lastBox = Add(*open.front(), std::make_unique<CBox>());
                 }
             }
             open.pop_front();
@@ -76,6 +77,13 @@ public:
             group->SetSize({width, 0});
         }
         root.SetFixedSize({width, 1000});
+    }
+
+    /// The deepest cell grows or shrinks.
+    void ChangeOne()
+    {
+        lastBox->SetSize({lastBox->GetSize().width ^ 1, 10});
+        lastBox->GetParent()->Update();
     }
 
     static void Walk(CPlainCell& cell, CPoint point)
@@ -113,6 +121,7 @@ private:
     CGroupLayoutCell root;
     std::vector<CGroupLayoutCell*> groups;
     std::deque<CPlainCell> plain;
+    CLayoutCell* lastBox = nullptr;
     int width = 4000;
 };
 
@@ -130,8 +139,25 @@ void FullLayout(benchmark::State& state)
     contest.Run();
 }
 
+void LayoutAfterOneChange(benchmark::State& state)
+{
+    CTree tree(static_cast<float>(state.range(0)));
+    tree.LayOut();
+    Benchmarks::CContest contest(state, 1.0);
+    contest.Add("one change", [&] { tree.ChangeOne(); });
+    contest.Add("full layout", [&] { tree.LayOut(); });
+    contest.Run();
+}
+
 } // namespace
 
 BENCHMARK(FullLayout)->ArgName("flex")->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(LayoutAfterOneChange)
+    ->ArgName("flex")
+    ->Arg(0)
+    ->Arg(1)
+    ->UseManualTime()
+    ->Iterations(2000)
+    ->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();

@@ -12,14 +12,12 @@ void CNativeKeyboardTarget::SetTarget(CKeyboardTarget* newTarget, bool owned)
 
 bool CNativeKeyboardTarget::SendKeyDown(const COSXKeyEvent& event) const
 {
-    const auto held = target;
-    return held != nullptr && held->AcceptsKey(event) && held->OnKeyDown(event);
+    return SendKey(&CKeyboardTarget::OnKeyDown, event);
 }
 
 bool CNativeKeyboardTarget::SendKeyUp(const COSXKeyEvent& event) const
 {
-    const auto held = target;
-    return held != nullptr && held->AcceptsKey(event) && held->OnKeyUp(event);
+    return SendKey(&CKeyboardTarget::OnKeyUp, event);
 }
 
 bool CNativeKeyboardTarget::SendModifierChanged(const COSXModifierKeyEvent& event) const
@@ -32,6 +30,16 @@ bool CNativeKeyboardTarget::SendFocus(bool gained) const
 {
     const auto held = target;
     return held != nullptr && (gained ? held->OnFocusGained() : held->OnFocusLost());
+}
+
+/// The question may destroy the widget, or replace its target.
+bool CNativeKeyboardTarget::SendKey(bool (CKeyboardTarget::*operation)(const COSXKeyEvent&),
+                                    const COSXKeyEvent& event) const
+{
+    const auto held = target;
+    const Core::CLifeToken::CWatch watch(life);
+    return held != nullptr && held->AcceptsKey(event) && watch.IsAlive() && held == target &&
+           (held.get()->*operation)(event);
 }
 
 } // namespace Mirel::GUI

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Core/CLifeToken.h"
 #include "Mirel/GUI/CKeyboardTarget.h"
 
 #include <memory>
@@ -21,7 +22,10 @@ public:
     bool SendFocus(bool gained) const;
 
 private:
+    bool SendKey(bool (CKeyboardTarget::*operation)(const COSXKeyEvent&), const COSXKeyEvent& event) const;
+
     std::shared_ptr<CKeyboardTarget> target;
+    Core::CLifeToken life;
 };
 
 } // namespace Mirel::GUI

@@ -131,7 +131,12 @@ public:
     {
         return Note("mods");
     }
-    bool AcceptsKey(const Mirel::GUI::COSXKeyEvent& /*event*/) override { return Note("accepts") && accepts; }
+    bool AcceptsKey(const Mirel::GUI::COSXKeyEvent& /*event*/) override
+    {
+        // The call may destroy this.
+        const bool result = accepts;
+        return Note("accepts") && result;
+    }
     bool OnFocusGained() override { return Note("gained"); }
     bool OnFocusLost() override { return Note("lost"); }
 
