@@ -37,6 +37,11 @@ public:
 
     virtual void EndEdit() { edit.End(); }
 
+    /// The right button went down, or up, over the widget: for who opens a menu there, as hosts do for
+    /// automation.
+    virtual void NotifyRightClick() { rightClicked.Notify(); }
+    Core::IEventProvider& GetRightClickEventProvider() const { return rightClicked; }
+
     /// In fine mode a stepped axis has fineRatio stops for each one that it had. Stays off if the parameter
     /// has no room for so many.
     virtual void SetFineMode(bool newFineMode);
@@ -51,6 +56,7 @@ private:
 
     Objects::ICaptureParam& param;
     CEditGesture edit;
+    mutable Core::CEventProvider rightClicked; ///< Listening changes nothing of the control.
     int fineRatio = 1;
     bool fineMode = false;
 };

@@ -1,21 +1,9 @@
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamKnob.h"
 
+#include "Mirel/DataModel/GUIWidgets/WidgetOnScreen.h"
+
 namespace Mirel::DataModel::GUIWidgets
 {
-
-namespace
-{
-
-enum EState
-{
-    StateNormal,
-    StateDisabled,
-    StateHover,
-    StateFocus,
-    StatePushed
-};
-
-} // namespace
 
 CGUIImageParamKnob::CGUIImageParamKnob(Objects::ICaptureParam& param, Graphics::CImageCatalog* catalog,
                                        bool owned, int framesCount,
@@ -25,10 +13,8 @@ CGUIImageParamKnob::CGUIImageParamKnob(Objects::ICaptureParam& param, Graphics::
       control(param),
       graphics(catalog, owned, framesCount, orientation, control),
       mouseControl(control, opener),
-      keyboardControl(control, opener, [this] { return GetAbsolutePosition(); }),
-      enabledConnection(&GetEnabledChangedEvent(), &stateChanged),
-      mouseOverConnection(&GetMouseOverChangedEvent(), &stateChanged),
-      focusConnection(&GetFocusChangedEvent(), &stateChanged),
+      keyboardControl(control, opener, [this] { return ToScreen(*this); }),
+      stateConnections(*this, stateChanged),
       draggingConnection(&mouseControl.GetDraggingChangedEventProvider(), &stateChanged)
 {
     SetGraphics(&graphics, false);
@@ -52,24 +38,11 @@ void CGUIImageParamKnob::SetPixelRange(float pixelRange)
 
 void CGUIImageParamKnob::UpdateState()
 {
-    EState state = StateNormal;
     if (!IsEnabled())
     {
-        state = StateDisabled;
+        mouseControl.OnCaptureLost();
     }
-    else if (mouseControl.IsDragging())
-    {
-        state = StatePushed;
-    }
-    else if (IsMouseOver())
-    {
-        state = StateHover;
-    }
-    else if (HasFocus())
-    {
-        state = StateFocus;
-    }
-    graphics.SetState(state);
+    graphics.SetState(GetWidgetState(*this, mouseControl.IsDragging()));
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

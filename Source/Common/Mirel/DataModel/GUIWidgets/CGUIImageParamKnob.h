@@ -5,7 +5,7 @@
 #include "Mirel/DataModel/GUIWidgets/CParamKnobGraphics.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobKeyboardControl.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobMouseControl.h"
-#include "Mirel/GUI/CLightWidget.h"
+#include "Mirel/DataModel/GUIWidgets/WidgetState.h"
 
 namespace Mirel::DataModel::GUIWidgets
 {
@@ -38,9 +38,7 @@ private:
     CParamKnobMouseControl mouseControl;
     CParamKnobKeyboardControl keyboardControl;
     Core::TCommand<CGUIImageParamKnob> stateChanged{this, &CGUIImageParamKnob::UpdateState};
-    CoreUtilities::CCallbackHelper enabledConnection;
-    CoreUtilities::CCallbackHelper mouseOverConnection;
-    CoreUtilities::CCallbackHelper focusConnection;
+    CWidgetStateConnections stateConnections;
     CoreUtilities::CCallbackHelper draggingConnection;
 };
 

@@ -19,8 +19,7 @@ bool CParamKnobMouseControl::OnLeftDown(const GUI::COSXMouseEvent& event)
         control.EndEdit();
         return true;
     }
-    startPosition = control.GetPosition();
-    anchor = lastPoint = event.position;
+    MeasureFrom(event.position, control.GetPosition());
     fineAtLastEvent = control.IsFineMode();
     control.BeginEdit();
     SetDragging(true);
@@ -37,8 +36,7 @@ bool CParamKnobMouseControl::OnMouseDrag(const GUI::COSXMouseEvent& event)
     if (control.IsFineMode() != fineAtLastEvent)
     {
         // Measured from here on, or the knob would jump by what it moved so far.
-        anchor = lastPoint;
-        startPosition = control.GetPosition();
+        MeasureFrom(lastPoint, control.GetPosition());
     }
     lastPoint = event.position;
     fineAtLastEvent = control.IsFineMode();
@@ -98,6 +96,24 @@ bool CParamKnobMouseControl::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
     }
     control.SetFineMode(false);
     return true;
+}
+
+bool CParamKnobMouseControl::OnRightDown(const GUI::COSXMouseEvent& event)
+{
+    ReadFineMode(event);
+    control.NotifyRightClick();
+    return true;
+}
+
+bool CParamKnobMouseControl::OnRightUp(const GUI::COSXMouseEvent& event)
+{
+    return OnRightDown(event);
+}
+
+void CParamKnobMouseControl::MeasureFrom(Core::CPoint point, float position)
+{
+    anchor = lastPoint = point;
+    startPosition = position;
 }
 
 void CParamKnobMouseControl::ReadFineMode(const GUI::CModifierState& event)

@@ -36,9 +36,17 @@ public:
     bool OnLeftDown(const GUI::COSXMouseEvent& event) override;
     bool OnLeftUp(const GUI::COSXMouseEvent& event) override;
     bool OnLeftDoubleClick(const GUI::COSXMouseEvent& event) override;
+    bool OnRightDown(const GUI::COSXMouseEvent& event) override;
+    bool OnRightUp(const GUI::COSXMouseEvent& event) override;
     bool OnMouseDrag(const GUI::COSXMouseEvent& event) override;
     bool OnMouseWheel(const GUI::COSXMouseWheelEvent& event) override;
     void OnCaptureLost() override;
+
+protected:
+    Controls::CParamControl& GetControl() const { return control; }
+
+    /// The drag measures from here on, where the control stands at that position.
+    void MeasureFrom(Core::CPoint point, float position);
 
 private:
     void ReadFineMode(const GUI::CModifierState& event);

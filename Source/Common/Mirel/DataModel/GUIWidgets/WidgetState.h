@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Mirel/CoreUtilities/CCallbackHelper.h"
+#include "Mirel/GUI/CLightWidget.h"
+
+namespace Mirel::DataModel::GUIWidgets
+{
+
+/// The pictures that a widget has: their indices in its catalog.
+enum EWidgetState
+{
+    StateNormal = 0,
+    StateDisabled = 1,
+    StateHover = 2,
+    StateFocus = 3,
+    StatePushed = 4,
+    StateSelected = 5, ///< a slider's thumb that is held; shown as pushed where the catalog has none
+};
+
+/// Which of them a widget shows.
+inline EWidgetState GetWidgetState(const GUI::CLightWidget& widget, bool pushed)
+{
+    if (!widget.IsEnabled())
+    {
+        return StateDisabled;
+    }
+    if (pushed)
+    {
+        return StatePushed;
+    }
+    if (widget.IsMouseOver())
+    {
+        return StateHover;
+    }
+    return widget.HasFocus() ? StateFocus : StateNormal;
+}
+
+/// Runs a command when what GetWidgetState looks at changes, but for the push. GUI thread.
+class CWidgetStateConnections
+{
+public:
+    /// Neither is owned; both must outlive this object.
+    CWidgetStateConnections(const GUI::CLightWidget& widget, Core::ICommand& command)
+        : enabled(&widget.GetEnabledChangedEvent(), &command),
+          mouseOver(&widget.GetMouseOverChangedEvent(), &command),
+          focus(&widget.GetFocusChangedEvent(), &command)
+    {
+    }
+
+private:
+    CoreUtilities::CCallbackHelper enabled;
+    CoreUtilities::CCallbackHelper mouseOver;
+    CoreUtilities::CCallbackHelper focus;
+};
+
+} // namespace Mirel::DataModel::GUIWidgets
