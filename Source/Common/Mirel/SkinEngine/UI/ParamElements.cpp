@@ -4,37 +4,11 @@
 #include "Mirel/SkinEngine/UI/ParamSettings.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
 
-#include <algorithm>
-
 namespace Mirel::SkinEngine
 {
 
 using namespace DataModel::GUIWidgets;
-using namespace DataModel::Objects;
 using Containers::CNamedAttributes;
-using Graphics::CImageCatalog;
-using Graphics::CMultiFilmStripDrawer;
-
-namespace
-{
-
-constexpr int usualImagesCount = 2;
-
-int ReadImagesCount(const CNamedAttributes& attributes)
-{
-    int count = usualImagesCount;
-    ReadNumber(attributes, "images_count", count);
-    return count;
-}
-
-CMultiFilmStripDrawer::EOrientation ReadImageOrientation(const CNamedAttributes& attributes)
-{
-    using EOrientation = CMultiFilmStripDrawer::EOrientation;
-    return std::string_view(GetText(attributes, "image_orientation")) == "horizontal" ? EOrientation::Horizontal
-                                                                                     : EOrientation::Vertical;
-}
-
-} // namespace
 
 bool BuildImageParamKnob(CUIBuild& build, const CNamedAttributes& attributes)
 {
@@ -42,7 +16,8 @@ bool BuildImageParamKnob(CUIBuild& build, const CNamedAttributes& attributes)
     const SParamName param = FindParam(element);
     auto& widget = element.Make<CGUIImageParamKnob>(
         build.GetParam(param.id), ReadStates(build, attributes, "image").release(), true,
-        ReadImagesCount(attributes), ReadImageOrientation(attributes), build.GetServices().fineEdit);
+        ReadImagesCount(attributes, usualImagesCount),
+        ReadImageOrientation(attributes), build.GetServices().fineEdit);
     widget.GetMouseControl().SetHorizontal(!ReadVertical(attributes, true));
     float pixelRange = -1.0F;
     ReadNumber(attributes, "pixel_range", pixelRange);
@@ -59,7 +34,8 @@ bool BuildImageParamMeter(CUIBuild& build, const CNamedAttributes& attributes)
     const SParamName param = FindParam(element);
     auto& widget = element.Make<CGUIImageParamMeter>(
         build.GetConstParam(param.id), ReadStates(build, attributes, "image").release(), true,
-        ReadImagesCount(attributes), ReadImageOrientation(attributes));
+        ReadImagesCount(attributes, usualImagesCount),
+        ReadImageOrientation(attributes));
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {param.prefix}, widget.GetViewer());
     return element.Place(widget, CUIElement::EInput::None) && exposed;

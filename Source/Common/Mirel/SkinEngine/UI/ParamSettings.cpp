@@ -1,6 +1,7 @@
 #include "Mirel/SkinEngine/UI/ParamSettings.h"
 
 #include <array>
+#include <string_view>
 
 namespace Mirel::SkinEngine
 {
@@ -34,6 +35,20 @@ std::unique_ptr<CImageCatalog> ReadStates(CUIBuild& build, const CNamedAttribute
                           image != nullptr || i == 0 ? std::move(image) : build.ReadImage(attributes, name));
     }
     return catalog;
+}
+
+int ReadImagesCount(const CNamedAttributes& attributes, int missing)
+{
+    int count = missing;
+    ReadNumber(attributes, "images_count", count);
+    return count;
+}
+
+Graphics::CMultiFilmStripDrawer::EOrientation ReadImageOrientation(const CNamedAttributes& attributes)
+{
+    using EOrientation = Graphics::CMultiFilmStripDrawer::EOrientation;
+    return std::string_view(GetText(attributes, "image_orientation")) == "horizontal" ? EOrientation::Horizontal
+                                                                                     : EOrientation::Vertical;
 }
 
 void ReadControl(const CNamedAttributes& attributes, DataModel::Controls::CParamControl& control)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Mirel/DataModel/Controls/CParamControl.h"
-#include "Mirel/Graphics/CImageCatalog.h"
+#include "Mirel/Graphics/CMultiFilmStripDrawer.h"
 #include "Mirel/SkinEngine/UI/CUIElement.h"
 
 #include <memory>
@@ -25,6 +25,16 @@ SParamName FindParam(const CUIElement& element);
 std::unique_ptr<Graphics::CImageCatalog> ReadStates(CUIBuild& build,
                                                     const Containers::CNamedAttributes& attributes,
                                                     const std::string& name);
+
+/// Frames of a knob or meter, unless the skin says how many.
+constexpr int usualImagesCount = 2;
+
+/// `images_count`.
+int ReadImagesCount(const Containers::CNamedAttributes& attributes, int missing);
+
+/// `image_orientation`.
+Graphics::CMultiFilmStripDrawer::EOrientation
+ReadImageOrientation(const Containers::CNamedAttributes& attributes);
 
 /// `fine_ratio`.
 void ReadControl(const Containers::CNamedAttributes& attributes, DataModel::Controls::CParamControl& control);

@@ -45,6 +45,14 @@ bool BuildCurveYScale(CUIBuild& build, const Containers::CNamedAttributes& attri
 bool BuildImageParamKnob(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildImageParamMeter(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 
+// What is pressed.
+bool BuildImageParamButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildInvisibleParamButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildImageParamToggleSwitch(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildInvisibleParamToggleSwitch(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildImageActionButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildInvisibleActionButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+
 /// For an element whose widget does not exist yet: says so. What stands in it is built around it.
 bool BuildNothing(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool Build3DObject(CUIBuild& build, const Containers::CNamedAttributes& attributes);
@@ -70,16 +78,16 @@ inline constexpr SUIElement uiElements[] = {
     {"TEXT_FIELD", BuildTextField},
     {"TEXT_EDIT_BOX", BuildNothing},
     {"IMAGE", BuildImage},
-    {"IMAGE_PARAM_BUTTON", BuildNothing},
-    {"IMAGE_PARAM_TOGGLE_SWITCH", BuildNothing},
-    {"INVISIBLE_PARAM_TOGGLE_SWITCH", BuildNothing},
+    {"IMAGE_PARAM_BUTTON", BuildImageParamButton},
+    {"IMAGE_PARAM_TOGGLE_SWITCH", BuildImageParamToggleSwitch},
+    {"INVISIBLE_PARAM_TOGGLE_SWITCH", BuildInvisibleParamToggleSwitch},
     {"IMAGE_PARAM_SLIDER", BuildNothing},
     {"IMAGE_PARAM_METER", BuildImageParamMeter},
     {"IMAGE_PARAM_LINEAR_METER", BuildNothing},
     {"IMAGE_PARAM_KNOB", BuildImageParamKnob},
     {"IMAGE_PARAM_MENU_BUTTON", BuildNothing},
     {"INVISIBLE_PARAM_MENU_BUTTON", BuildNothing},
-    {"INVISIBLE_PARAM_BUTTON", BuildNothing},
+    {"INVISIBLE_PARAM_BUTTON", BuildInvisibleParamButton},
     {"XYZ_PARAM_SCRATCH_PAD", BuildNothing},
     {"XYZ_IMAGE_PARAM_JOYSTICK", BuildNothing},
     {"XY_PARAM_PAD", BuildNothing},
@@ -102,8 +110,8 @@ inline constexpr SUIElement uiElements[] = {
     {"XY_CURVES_3D", Build3DObject},
     {"GRID_3D", Build3DObject},
     {"VIEW_3D", Build3DView},
-    {"IMAGE_ACTION_BUTTON", BuildNothing},
-    {"INVISIBLE_ACTION_BUTTON", BuildNothing},
+    {"IMAGE_ACTION_BUTTON", BuildImageActionButton},
+    {"INVISIBLE_ACTION_BUTTON", BuildInvisibleActionButton},
 };
 
 } // namespace Mirel::SkinEngine
