@@ -362,6 +362,10 @@ void CGUISkinWindow::Drop()
     {
         return;
     }
+    if (services.closePopups)
+    {
+        services.closePopups();
+    }
     load->data.Clear();
     if (services.leaveModel)
     {

@@ -43,24 +43,18 @@ private:
     const GUI::CMenu*& shown;
 };
 
-/// The scripted dialogs of the test, owned by the editor.
-class CDialogsOfTest : public GUI::IDialogs
+class CPopupsOfTest : public IEditorPopups
 {
 public:
-    explicit CDialogsOfTest(GUI::IDialogs& target_) : target(target_) {}
-    DialogId ShowMessage(const GUI::SMessage& message, GUI::NativeWindowId owner, MessageReceiver to) override
-    {
-        return target.ShowMessage(message, owner, std::move(to));
-    }
-    DialogId ChooseFile(const GUI::SFileRequest& request, GUI::NativeWindowId owner, FileReceiver to) override
-    {
-        return target.ChooseFile(request, owner, std::move(to));
-    }
-    void Cancel(DialogId id) override { target.Cancel(id); }
-    bool OpenPage(const std::string& address) override { return target.OpenPage(address); }
+    CPopupsOfTest(GUI::IDialogs& dialogs_, const GUI::CMenu*& shown) : dialogs(dialogs_), menus(shown) {}
+    GUI::IDialogs* GetDialogs() override { return &dialogs; }
+    GUI::IMenuPresenter* GetMenus() override { return &menus; }
+    DataModel::GUIWidgets::IFineEditOpener* GetFineEdit() override { return nullptr; }
+    void CloseAll() override {}
 
 private:
-    GUI::IDialogs& target;
+    GUI::IDialogs& dialogs;
+    CMenuWatch menus;
 };
 
 class CAudioPluginSkinGUITest : public testing::Test
@@ -75,9 +69,7 @@ protected:
         options.website = "https://maker.example/scope";
         options.updatesPage = "https://maker.example/updates?from=editor";
         options.skinsPage = "https://maker.example/skins";
-        options.makeDialogs = [this](GUI::INativePlatform&)
-        { return std::make_unique<CDialogsOfTest>(dialogs); };
-        options.makeMenus = [this](GUI::INativePlatform&) { return std::make_unique<CMenuWatch>(menu); };
+        options.makePopups = [this](GUI::CWindow&) { return std::make_unique<CPopupsOfTest>(dialogs, menu); };
         instance.internals.GetModel().SetFactory(&modelFactory);
         instance.internals.GetEditor().SetFactory(
             [this]
@@ -299,7 +291,7 @@ TEST_F(CAudioPluginSkinGUITest, TheGlobalSkinThatFailedIsNotTriedTwice)
 
 TEST_F(CAudioPluginSkinGUITest, WhereNobodyCanBeAskedItFallsBackAtOnce)
 {
-    options.makeDialogs = {};
+    options.makePopups = {};
     WriteSkin("default.xml", 90);
     UsePresetSkin(WriteBadSkin("own.xml"));
     ASSERT_TRUE(Open());
