@@ -161,14 +161,14 @@ void CAudioPluginSkinGUI::AddSettingsMenu(CMenu& menu)
 
 void CAudioPluginSkinGUI::OpenMenu()
 {
-    if (menus == nullptr)
+    GUI::IMenuPresenter* menus = popups == nullptr ? nullptr : popups->GetMenus();
+    if (menus != nullptr)
     {
-        return;
+        menus->Close();
+        openMenu = std::make_unique<CMenu>();
+        FillMenu(*openMenu);
+        menus->Open(*openMenu, *frame->GetNativeWindow(), platform->GetPointerPosition(), [] {});
     }
-    menus->Close();
-    openMenu = std::make_unique<CMenu>();
-    FillMenu(*openMenu);
-    menus->Open(*openMenu, *frame->GetNativeWindow(), platform->GetPointerPosition(), [] {});
 }
 
 std::string CAudioPluginSkinGUI::GetAboutText() const

@@ -26,7 +26,7 @@ namespace
 {
 
 /// What a skin without a size gets, so that there is something to be seen.
-constexpr Core::CSize smallestSize = {20, 20};
+constexpr int sizeOfNothing = 20;
 
 // Alpha in parts of 255: even a window of opacity 0 can be found again.
 constexpr float alphaRange = 220.0F;
@@ -293,9 +293,14 @@ void CGUISkinWindow::LayOut()
         load->group->SetPosition({0, 0});
         OnRootResized();
     }
-    if (GetSize().IsEmpty())
+    const Core::CSize found = GetSize();
+    if (found.IsEmpty())
     {
-        SetSize(smallestSize);
+        const Core::CSize seen = {found.width > 0 ? found.width : sizeOfNothing,
+                                  found.height > 0 ? found.height : sizeOfNothing};
+        // The layout of a window that is itself the root would take the size back.
+        SetViewSize(load != nullptr && load->lightRoot == nullptr ? seen : Core::CSize());
+        SetSize(seen);
     }
 }
 
@@ -356,6 +361,10 @@ void CGUISkinWindow::Drop()
     if (load == nullptr)
     {
         return;
+    }
+    if (services.closePopups)
+    {
+        services.closePopups();
     }
     load->data.Clear();
     if (services.leaveModel)

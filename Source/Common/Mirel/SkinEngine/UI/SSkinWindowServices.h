@@ -32,6 +32,9 @@ struct SSkinWindowServices
     /// closed; those that go before are taken out of the model by whoever added them. Empty for none.
     std::function<void(ISkinModel& model)> fillModel{};
 
+    /// Called before the widgets of a skin go: what is open over them has to close. Empty for nothing.
+    std::function<void()> closePopups{};
+
     /// Called before the model that was filled goes. Empty for nothing.
     std::function<void()> leaveModel{};
 };
