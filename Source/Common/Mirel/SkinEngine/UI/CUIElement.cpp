@@ -149,6 +149,11 @@ void CUIElement::PlaceRoot(const SSkinPlace& place, bool lightMode)
     inside.light = place.light;
     inside.native = place.native;
     inside.group = place.group;
+    if (place.group != nullptr)
+    {
+        place.group->SetInternalAlign(ReadAlign(attributes, "internal_h_align"),
+                                      ReadAlign(attributes, "internal_v_align"));
+    }
     build.Push(std::move(inside));
 }
 
