@@ -1,6 +1,6 @@
 #include "Mirel/GUI/CWindowBase.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace Mirel::GUI
 {
@@ -87,13 +87,19 @@ const Graphics::CBitmap& CWindowBase::PaintPicture()
 
 void CWindowBase::SetInputBlocked(bool blocked)
 {
-    if (blocked != inputBlocked)
+    const bool wasBlocked = IsInputBlocked();
+    inputBlocks = std::max(inputBlocks + (blocked ? 1 : -1), 0);
+    if (blocked && !wasBlocked)
     {
-        inputBlocked = blocked;
-        if (blocked)
-        {
-            mouse.OnCaptureLost();
-        }
+        mouse.OnCaptureLost();
+    }
+}
+
+void CWindowBase::OnCloseRequested()
+{
+    if (!IsInputBlocked())
+    {
+        OnWindowCloseRequested();
     }
 }
 
@@ -197,7 +203,7 @@ void CWindowBase::OnPointerEnter(const SNativeMouseEvent& event)
 
 void CWindowBase::OnPointerLeave(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnLeave(event);
     }
@@ -205,7 +211,7 @@ void CWindowBase::OnPointerLeave(const SNativeMouseEvent& event)
 
 void CWindowBase::OnPointerMove(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnMove(event);
     }
@@ -213,7 +219,7 @@ void CWindowBase::OnPointerMove(const SNativeMouseEvent& event)
 
 void CWindowBase::OnButtonDown(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnDown(event);
     }
@@ -221,7 +227,7 @@ void CWindowBase::OnButtonDown(const SNativeMouseEvent& event)
 
 void CWindowBase::OnButtonUp(const SNativeMouseEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnUp(event);
     }
@@ -229,7 +235,7 @@ void CWindowBase::OnButtonUp(const SNativeMouseEvent& event)
 
 void CWindowBase::OnWheel(const SNativeWheelEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         mouse.OnWheel(event);
     }
@@ -237,7 +243,7 @@ void CWindowBase::OnWheel(const SNativeWheelEvent& event)
 
 void CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         focus.OnKey(event, true);
     }
@@ -245,7 +251,7 @@ void CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
 
 void CWindowBase::OnKeyUp(const SNativeKeyEvent& event)
 {
-    if (!inputBlocked)
+    if (!IsInputBlocked())
     {
         focus.OnKey(event, false);
     }

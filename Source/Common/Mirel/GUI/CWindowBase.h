@@ -43,8 +43,10 @@ public:
     bool CaptureMouse(CWidget& widget) { return mouse.Capture(widget); }
     void ReleaseMouse(CWidget& widget) { mouse.Release(widget); }
 
-    /// While true no input reaches the widgets: another window has to be answered first.
+    /// While blocked no input reaches the widgets, and the window is not asked to close: another one has to be
+    /// answered first. Blocks add up; each is to be taken back once.
     void SetInputBlocked(bool blocked);
+    bool IsInputBlocked() const { return inputBlocks > 0; }
 
     /// Null for the normal one. Until the pointer moves to another widget.
     void ShowCursor(const CCursor* cursor);
@@ -80,7 +82,7 @@ private:
     void OnPaint(const Graphics::CSimple2DRegion& lost) override;
     void OnResized(CSize size) override;
     void OnMoved(CPoint position) override { OnWindowMoved(position); }
-    void OnCloseRequested() override { OnWindowCloseRequested(); }
+    void OnCloseRequested() override;
     void OnClosed() override { OnWindowLost(); }
     void OnShown() override { RequestPaint(); }
     void OnPointerEnter(const SNativeMouseEvent& event) override;
@@ -102,7 +104,7 @@ private:
     CWindowMouse mouse;
     CWindowFocus focus;
     Core::TOwnership<CWidget> content;
-    bool inputBlocked = false;
+    int inputBlocks = 0;
     Core::CLifeToken life;
 };
 

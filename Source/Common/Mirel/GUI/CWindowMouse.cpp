@@ -19,8 +19,12 @@ void CWindowMouse::OnMove(const SNativeMouseEvent& event)
 {
     last = event;
     inside = true;
-    buttons = event.buttons;
     const CWatch watch(life);
+    if (!EndStalePress(event.buttons))
+    {
+        return;
+    }
+    buttons = event.buttons;
     if (buttons != 0)
     {
         if (CWidget* const holder = GetHolder(); holder != nullptr && window.Announce(*holder, {&event}))
@@ -57,6 +61,10 @@ void CWindowMouse::OnLeave(const SNativeMouseEvent& event)
 void CWindowMouse::OnDown(const SNativeMouseEvent& event)
 {
     last = event;
+    if (!EndStalePress(event.buttons & ~ButtonFlag(event.button)))
+    {
+        return;
+    }
     buttons = event.buttons;
     if (GetHolder() == nullptr)
     {
@@ -216,6 +224,17 @@ CWidget* CWindowMouse::Find(const SNativeMouseEvent& event) const
     return content == nullptr
                ? nullptr
                : FindWidget(*content, Minus(window.ToSkin(event.position), content->GetPosition()));
+}
+
+/// A menu that was opened by a press gets the release of it. False if the window went meanwhile.
+bool CWindowMouse::EndStalePress(std::uint32_t heldBefore)
+{
+    const CWatch watch(life);
+    if (pressed != nullptr && heldBefore == 0)
+    {
+        std::exchange(pressed, nullptr)->GetNativeMouseTarget().SendCaptureLost();
+    }
+    return watch.IsAlive();
 }
 
 /// False if the window went meanwhile.

@@ -44,6 +44,7 @@ private:
     COSXMouseEvent Translate(const SNativeMouseEvent& event, const CWidget& widget) const;
     CWidget* Find(const SNativeMouseEvent& event) const;
     CWidget* GetHolder() const { return captured != nullptr ? captured : pressed; }
+    bool EndStalePress(std::uint32_t heldBefore);
     bool ChangeHover(CWidget* widget, const SNativeMouseEvent& event);
     void ShowCursor(const SNativeMouseEvent& event);
     void UpdateNativeCapture();

@@ -21,7 +21,7 @@ public:
         SetText(viewer.GetText());
     }
 
-    const Controls::CBaseStringViewer& GetViewer() const { return viewer; }
+    Controls::CBaseStringViewer& GetViewer() { return viewer; }
 
     /// Lets the widget take the size of its text, now and with every other text, along the axes that are
     /// named.

@@ -16,6 +16,9 @@ struct CLimits
 
     /// Stops of a ruler that are looked at for a label; of more than these every second, third and so on is.
     static constexpr int maxRulerStops = 1 << 12;
+
+    /// Items of a list of values: more fit on no screen, and no list opens for a parameter that has more.
+    static constexpr int maxListItems = 1 << 10;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -63,7 +63,7 @@ public:
         : param(info),
           onBegin([this] { script += "["; }),
           onEnd([this] { script += "]"; }),
-          onValue([this] { script += std::to_string(param.GetValue()).substr(0, 4) + " "; })
+          onValue([this] { script.append(std::to_string(param.GetValue()), 0, 4).append(" "); })
     {
         param.GetBeginCaptureEventProvider().Connect(&onBegin);
         param.GetEndCaptureEventProvider().Connect(&onEnd);

@@ -14,7 +14,8 @@ class CMenu;
 
 struct SMenuItem
 {
-    std::string text; ///< UTF-8; a separator has none
+    std::string text;     ///< UTF-8; a separator has none
+    std::string shortcut; ///< the keys that do the same, as they are shown beside the text; may be empty
     bool isSeparator = false;
     bool isEnabled = true;
     bool isChecked = false;

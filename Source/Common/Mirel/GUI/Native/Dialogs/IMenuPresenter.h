@@ -2,8 +2,10 @@
 
 #include "Mirel/GUI/Native/Dialogs/CMenu.h"
 #include "Mirel/GUI/Native/INativeWindow.h"
+#include "Mirel/Graphics/CColor.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace Mirel::GUI
@@ -26,6 +28,17 @@ public:
     virtual void Close() = 0;
 };
 
+/// A short text that explains something, and how it is shown.
+struct STooltip
+{
+    std::string text;     ///< UTF-8, with line breaks where wanted
+    int delayMs = 500;    ///< until it shows; 0 or less for at once
+    int showTimeMs = 8000; ///< until it hides by itself; 0 or less for never
+    bool isBalloon = false;
+    std::optional<Graphics::CColor> background; ///< none for the presenter's own
+    std::optional<Graphics::CColor> textColor;
+};
+
 /// Shows the short text that explains a widget. GUI thread only.
 class ITooltipPresenter
 {
@@ -35,6 +48,12 @@ public:
     /// Shows the text (UTF-8) near a place of the screen, in the place of another. An empty one hides it.
     virtual void Show(const std::string& text, const INativeWindow& owner, CPoint screenPosition) = 0;
     virtual void Hide() = 0;
+
+    /// The same with all that a tooltip has. Those who show texts only show the text at once.
+    virtual void ShowTip(const STooltip& tip, const INativeWindow& owner, CPoint screenPosition)
+    {
+        Show(tip.text, owner, screenPosition);
+    }
 };
 
 } // namespace Mirel::GUI

@@ -89,7 +89,7 @@ void COffscreenPlatform::PressButton(EMouseButton button)
     COffscreenWindow* const under = FindUnderPointer();
     if (menu != nullptr && (under == nullptr || under->GetKind() != ENativeWindowKind::Menu))
     {
-        menu->GetSink().OnCloseRequested();
+        DismissMenus();
         return;
     }
     COffscreenWindow* const target = FindTarget();
@@ -337,8 +337,16 @@ COffscreenWindow* COffscreenPlatform::FindUnderPointer() const
     return found == windows.rend() ? nullptr : *found;
 }
 
+/// A menu takes the pointer from what was pressed before it came, and leaves it to the windows that the
+/// pointer is over.
 COffscreenWindow* COffscreenPlatform::FindTarget() const
 {
+    COffscreenWindow* const menu = FindTopMenu();
+    if (menu != nullptr && captured == nullptr)
+    {
+        COffscreenWindow* const under = FindUnderPointer();
+        return under != nullptr ? under : menu;
+    }
     if (grabbed != nullptr || buttons != 0)
     {
         return grabbed;
@@ -353,6 +361,19 @@ COffscreenWindow* COffscreenPlatform::FindTopMenu() const
                      [](const COffscreenWindow* window)
                      { return window->IsShown() && window->GetKind() == ENativeWindowKind::Menu; });
     return found == windows.rend() ? nullptr : *found;
+}
+
+void COffscreenPlatform::DismissMenus()
+{
+    const Core::CLifeToken::CWatch watch(life);
+    const auto all = windows;
+    for (auto place = all.rbegin(); place != all.rend() && watch.IsAlive(); ++place)
+    {
+        if (Has(*place) && (*place)->IsShown() && (*place)->GetKind() == ENativeWindowKind::Menu)
+        {
+            (*place)->GetSink().OnCloseRequested();
+        }
+    }
 }
 
 SNativeMouseEvent COffscreenPlatform::MakeEvent(const COffscreenWindow& window) const
@@ -370,7 +391,7 @@ SNativeMouseEvent COffscreenPlatform::MakeEvent(const COffscreenWindow& window) 
 bool COffscreenPlatform::Track()
 {
     COffscreenWindow* const under = FindUnderPointer();
-    if (under == hover || buttons != 0)
+    if (under == hover || (buttons != 0 && FindTopMenu() == nullptr))
     {
         return false;
     }
@@ -392,17 +413,11 @@ void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)
 {
     event.modifiers = modifiers;
     event.timeMs = timeMs;
-    if (focus == nullptr)
+    COffscreenWindow* const menu = FindTopMenu();
+    COffscreenWindow* const target = menu != nullptr ? menu : focus;
+    if (target != nullptr)
     {
-        return;
-    }
-    if (down)
-    {
-        focus->GetSink().OnKeyDown(event);
-    }
-    else
-    {
-        focus->GetSink().OnKeyUp(event);
+        down ? target->GetSink().OnKeyDown(event) : target->GetSink().OnKeyUp(event);
     }
 }
 

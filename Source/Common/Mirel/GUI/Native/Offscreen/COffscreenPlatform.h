@@ -53,7 +53,7 @@ public:
     /// Moves the clock by which clicks are counted.
     void Wait(std::uint64_t milliseconds) { timeMs += milliseconds; }
 
-    /// To the window with the focus; the event's modifiers are taken over from SetModifiers.
+    /// To the latest of the menus that are shown, else to the window with the focus; the event's modifiers are taken over from SetModifiers.
     void PressKey(SNativeKeyEvent event);
     void ReleaseKey(SNativeKeyEvent event);
 
@@ -87,6 +87,7 @@ private:
     COffscreenWindow* FindUnderPointer() const;
     COffscreenWindow* FindTarget() const;
     COffscreenWindow* FindTopMenu() const;
+    void DismissMenus();
     SNativeMouseEvent MakeEvent(const COffscreenWindow& window) const;
     bool Track();
     void SendKey(SNativeKeyEvent event, bool down);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Mirel/DataModel/Controls/CBaseParamTextViewer.h"
+#include "Mirel/DataModel/GUIWidgets/CGUISysTooltip.h"
+
+namespace Mirel::DataModel::GUIWidgets
+{
+
+/// A tooltip that tells a parameter's value. GUI thread.
+class CGUISysParamTooltip : public CGUISysTooltip
+{
+public:
+    /// The parameter is not owned and must outlive the widget; the rest as of CGUISysTooltip.
+    CGUISysParamTooltip(const Objects::IConstCaptureParam& param, GUI::CHostTooltips* tips_,
+                        GUI::CLightWidget* parent_ = nullptr)
+        : CGUISysTooltip(tips_, parent_),
+          viewer(param)
+    {
+    }
+
+    std::string GetTipText() const override { return viewer.GetText(); }
+
+private:
+    Controls::CBaseParamTextViewer viewer;
+};
+
+} // namespace Mirel::DataModel::GUIWidgets

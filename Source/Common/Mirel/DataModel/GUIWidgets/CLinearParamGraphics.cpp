@@ -1,0 +1,166 @@
+#include "Mirel/DataModel/GUIWidgets/CLinearParamGraphics.h"
+
+#include "Mirel/Graphics/CDrawSurface.h"
+#include "Mirel/Graphics/CSimple2DRegion.h"
+
+namespace Mirel::DataModel::GUIWidgets
+{
+
+namespace
+{
+
+using Core::CPoint;
+using Core::CSize;
+using Graphics::CImageCatalog;
+using Graphics::CRect;
+
+/// A missing catalog is an empty one.
+CImageCatalog* Given(CImageCatalog* catalog)
+{
+    return catalog == nullptr ? new CImageCatalog() : catalog;
+}
+
+int Place(int room, int length, bool centered)
+{
+    return centered ? static_cast<int>((std::int64_t{room} - length) / 2) : 0;
+}
+
+/// Draws what of the image in its area the clip lets be seen.
+void DrawPart(CImageCatalog& catalog, int state, Graphics::CDrawSurface& surface, const CRect& area,
+              const CRect& clip)
+{
+    const CRect dst = Intersect(area, clip);
+    if (!dst.IsEmpty())
+    {
+        catalog.Draw(state, surface, {{dst.x - area.x, dst.y - area.y}, dst.GetSize()}, dst);
+    }
+}
+
+} // namespace
+
+CLinearParamGraphics::CLinearParamGraphics(const SLinearImages& images, EFill fill_,
+                                           const Controls::CBaseParamViewer& viewer_)
+    : trackImages(Given(images.track), images.track == nullptr || images.owned),
+      thumbImages(Given(images.thumb), images.thumb == nullptr || images.owned),
+      fill(fill_),
+      viewer(viewer_),
+      position(viewer_.GetPosition()),
+      connection(&viewer_.GetPositionChangedEventProvider(), &positionChanged)
+{
+    const CSize picture = trackImages->GetSize(StateNormal);
+    CBaseGraphics::SetSize(picture.IsEmpty() ? thumbImages->GetSize(StateNormal) : picture);
+}
+
+void CLinearParamGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* region)
+{
+    const CRect clip = Intersect(GetBounds(region), GetArea());
+    DrawPart(*trackImages, GetTrackState(), surface, GetTrackArea(),
+             fill == EFill::Whole ? clip : Intersect(clip, GetFilledArea()));
+    DrawPart(*thumbImages, GetThumbState(), surface, GetThumbArea(), clip);
+}
+
+bool CLinearParamGraphics::HitTest(CPoint point) const
+{
+    const CRect area = GetTrackArea();
+    return GetArea().Contains(point) &&
+           (IsOnThumb(point) ||
+            (area.Contains(point) &&
+             trackImages->HitTest(GetTrackState(), point, CImageCatalog::hitThreshold, area.GetOrigin())));
+}
+
+bool CLinearParamGraphics::IsOpaque() const
+{
+    return fill == EFill::Whole && trackImages->IsOpaque(GetTrackState()) &&
+           Intersect(GetTrackArea(), GetArea()) == GetArea();
+}
+
+void CLinearParamGraphics::SetTrack(const CLinearTrack& newTrack)
+{
+    if (newTrack != track)
+    {
+        track = newTrack;
+        RaiseChanged();
+    }
+}
+
+void CLinearParamGraphics::SetTrackAlignment(SAlignment alignment)
+{
+    if (alignment != trackAlignment)
+    {
+        trackAlignment = alignment;
+        RaiseChanged();
+    }
+}
+
+void CLinearParamGraphics::SetThumbAlignment(SAlignment alignment)
+{
+    if (alignment != thumbAlignment)
+    {
+        thumbAlignment = alignment;
+        RaiseChanged();
+    }
+}
+
+void CLinearParamGraphics::SetState(EWidgetState newState)
+{
+    if (newState != state)
+    {
+        state = newState;
+        RaiseChanged();
+    }
+}
+
+bool CLinearParamGraphics::IsOnThumb(CPoint point) const
+{
+    const CRect area = GetThumbArea();
+    return area.Contains(point) &&
+           thumbImages->HitTest(GetThumbState(), point, CImageCatalog::hitThreshold, area.GetOrigin());
+}
+
+CRect CLinearParamGraphics::GetThumbArea() const
+{
+    const CSize thumb = thumbImages->GetSize(GetThumbState());
+    const CSize area = GetSize();
+    const int pixel = track.GetPixel(area, position);
+    const auto along = [pixel](int length, bool centered) { return pixel - (centered ? length / 2 : 0); };
+    const CPoint origin = track.horizontal
+                              ? CPoint{along(thumb.width, thumbAlignment.horizontally),
+                                       Place(area.height, thumb.height, thumbAlignment.vertically)}
+                              : CPoint{Place(area.width, thumb.width, thumbAlignment.horizontally),
+                                       along(thumb.height, thumbAlignment.vertically)};
+    return {origin, thumb};
+}
+
+int CLinearParamGraphics::GetThumbState() const
+{
+    return state == StateSelected && thumbImages->GetEntry(StateSelected) == nullptr ? StatePushed : state;
+}
+
+void CLinearParamGraphics::UpdatePosition()
+{
+    const int before = track.GetPixel(GetSize(), position);
+    position = viewer.GetPosition();
+    if (track.GetPixel(GetSize(), position) != before)
+    {
+        RaiseChanged();
+    }
+}
+
+CRect CLinearParamGraphics::GetTrackArea() const
+{
+    const CSize picture = trackImages->GetSize(GetTrackState());
+    return {{Place(GetSize().width, picture.width, trackAlignment.horizontally),
+             Place(GetSize().height, picture.height, trackAlignment.vertically)},
+            picture};
+}
+
+/// From the beginning of the track, its margin included, to the position.
+CRect CLinearParamGraphics::GetFilledArea() const
+{
+    const CSize area = GetSize();
+    const int pixel = track.GetPixel(area, position);
+    return track.horizontal ? CRect(0, 0, pixel, area.height)
+                            : CRect(0, pixel, area.width, std::max(area.height - pixel, 0));
+}
+
+} // namespace Mirel::DataModel::GUIWidgets

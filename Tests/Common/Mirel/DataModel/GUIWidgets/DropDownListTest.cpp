@@ -1,0 +1,230 @@
+#include "CScriptedMenus.h"
+#include "Common/Mirel/GUI/Popups/PopupRig.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamDropDownList.h"
+#include "Mirel/DataModel/Objects/CEnumToText.h"
+#include "Mirel/GUI/Popups/CDrawnMenus.h"
+#include "PushRig.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace Mirel;
+using namespace Mirel::DataModel::GUIWidgets;
+using GUI::EMouseButton;
+using GUI::ENativeKey;
+using Tests::CControlRig;
+using Tests::CFunctionCommand;
+using Tests::CNotedParam;
+
+namespace
+{
+
+DataModel::Objects::CParamInfo Modes()
+{
+    return {1,           0.0F, 2.0F, 2.0F,
+            "View Mode", "",   "",   new DataModel::Objects::CEnumToText({"Flow", "Loop", "Trigger"})};
+}
+
+/// A list at 10, 10 of 20 by 20 pixels, in a window at 300, 200 of the screen.
+struct CList : public CControlRig
+{
+    explicit CList(const DataModel::Objects::CParamInfo& info = Modes()) : noted(info)
+    {
+        noted.param.SetValue(0.0F);
+        noted.Take();
+        widget = std::make_unique<CGUIImageParamDropDownList>(
+            noted.param, SPushImage{Tests::MakeCatalog({20, 20}), true}, &menus, root);
+        widget->Move({10, 10});
+        platform.Pump();
+    }
+
+    void Open()
+    {
+        Click(15, 15);
+        EXPECT_NE(menus.menu, nullptr);
+    }
+
+    bool IsPushed() const { return widget->GetPushGraphics().IsPushed(); }
+
+    Tests::CScriptedMenus menus;
+    CNotedParam noted;
+    std::unique_ptr<CGUIImageParamDropDownList> widget;
+};
+
+} // namespace
+
+TEST(CGUIImageParamDropDownList, OpensTheValuesBelowItAtTheReleaseOverIt)
+{
+    CList rig;
+    rig.Move(15, 15);
+    rig.Press();
+    EXPECT_EQ(rig.menus.opened, 0);
+    EXPECT_TRUE(rig.IsPushed());
+    rig.Release();
+    ASSERT_EQ(rig.menus.opened, 1);
+    EXPECT_EQ(rig.menus.GetItems(), "*Flow|Loop|Trigger");
+    EXPECT_EQ(rig.menus.owner, rig.window->GetNativeWindow());
+    const Core::CPoint origin = rig.Native().GetScreenPosition();
+    EXPECT_EQ(rig.menus.place, (Core::CPoint{origin.x + 10, origin.y + 30}));
+    EXPECT_TRUE(rig.IsPushed());
+    EXPECT_EQ(rig.noted.Take(), ""); // no gesture yet
+}
+
+TEST(CGUIImageParamDropDownList, ChoiceIsOneGesture)
+{
+    CList rig;
+    rig.Open();
+    rig.menus.Choose(2);
+    EXPECT_EQ(rig.noted.Take(), "[2.00 ]");
+    EXPECT_FALSE(rig.IsPushed());
+    rig.Rest();
+    rig.Open();
+    EXPECT_EQ(rig.menus.GetItems(), "Flow|Loop|*Trigger");
+    rig.menus.Close();
+    EXPECT_EQ(rig.noted.Take(), "");
+    EXPECT_FALSE(rig.IsPushed());
+}
+
+TEST(CGUIImageParamDropDownList, ReleaseOutsideOpensNothing)
+{
+    CList rig;
+    rig.Move(15, 15);
+    rig.Press();
+    rig.MoveAway();
+    EXPECT_FALSE(rig.IsPushed());
+    rig.Release();
+    EXPECT_EQ(rig.menus.opened, 0);
+}
+
+TEST(CGUIImageParamDropDownList, PointerThatGoesToTheListLeavesTheButtonDown)
+{
+    CList rig;
+    rig.Open();
+    rig.MoveAway();
+    EXPECT_TRUE(rig.IsPushed());
+    rig.Move(15, 15);
+    rig.menus.Close();
+    EXPECT_FALSE(rig.IsPushed());
+    rig.MoveAway();
+    rig.Move(15, 15);
+    EXPECT_FALSE(rig.IsPushed());
+}
+
+TEST(CGUIImageParamDropDownList, ListThatCannotOpenLeavesTheButtonUp)
+{
+    CList refused;
+    refused.menus.refuses = true;
+    refused.Click(15, 15);
+    EXPECT_FALSE(refused.IsPushed());
+
+    CList continuous(Tests::Real(0.0F, 1.0F));
+    continuous.Click(15, 15);
+    EXPECT_EQ(continuous.menus.opened, 0);
+    EXPECT_FALSE(continuous.IsPushed());
+
+    CList endless(Tests::Integer(0.0F, 1e6F));
+    endless.Click(15, 15);
+    EXPECT_EQ(endless.menus.opened, 0);
+
+    CControlRig rig;
+    CNotedParam noted(Modes());
+    CGUIImageParamDropDownList without(noted.param, {Tests::MakeCatalog({20, 20}), true}, nullptr, rig.root);
+    rig.Click(15, 15);
+    EXPECT_FALSE(without.GetPushGraphics().IsPushed());
+}
+
+TEST(CGUIImageParamDropDownList, RealWithStopsListsThem)
+{
+    CList rig(Tests::Real(0.0F, 1.0F));
+    rig.widget->GetControl().SetPositionsCount(3);
+    rig.noted.param.SetValue(0.6F);
+    rig.noted.Take();
+    rig.Open();
+    EXPECT_EQ(rig.menus.GetItems(), "0.00|*0.50|1.00");
+    rig.menus.Choose(1);
+    EXPECT_EQ(rig.noted.Take(), "[0.50 ]");
+}
+
+TEST(CGUIImageParamDropDownList, WheelAndKeysStep)
+{
+    CList rig;
+    rig.Move(15, 15);
+    rig.platform.TurnWheel(1.0);
+    EXPECT_EQ(rig.noted.Take(), "[1.00 ]");
+    rig.platform.TurnWheel(-1.0);
+    EXPECT_EQ(rig.noted.Take(), "[0.00 ]");
+    rig.widget->SetFocus();
+    rig.Type(ENativeKey::Up);
+    EXPECT_EQ(rig.noted.Take(), "[1.00 ]");
+    rig.Type(ENativeKey::Left);
+    EXPECT_EQ(rig.noted.Take(), "[0.00 ]");
+    rig.Type(ENativeKey::Character, U'd');
+    EXPECT_EQ(rig.noted.Take(), "[2.00 ]");
+    EXPECT_EQ(rig.menus.opened, 0);
+    rig.Type(ENativeKey::Return);
+    EXPECT_EQ(rig.menus.opened, 1);
+}
+
+TEST(CGUIImageParamDropDownList, AlternateClickSetsTheDefaultAndRightClickIsTold)
+{
+    CList rig;
+    Tests::CEventCounter notices(rig.widget->GetControl().GetRightClickEventProvider());
+    rig.Move(15, 15);
+    rig.Press(EMouseButton::Right);
+    rig.Release(EMouseButton::Right);
+    EXPECT_EQ(notices.Take(), 2);
+    rig.platform.SetModifiers(CControlRig::alternate);
+    rig.Click(15, 15);
+    EXPECT_EQ(rig.noted.Take(), "[2.00 ]");
+    EXPECT_EQ(rig.menus.opened, 0);
+}
+
+TEST(CGUIImageParamDropDownList, OpenListClosesWithTheWidget)
+{
+    CList disabled;
+    disabled.Open();
+    disabled.widget->Enable(false);
+    EXPECT_EQ(disabled.menus.menu, nullptr);
+    EXPECT_FALSE(disabled.IsPushed());
+
+    CList destroyed;
+    destroyed.Open();
+    destroyed.widget.reset();
+    EXPECT_EQ(destroyed.menus.menu, nullptr);
+}
+
+TEST(CGUIImageParamDropDownList, ChoiceMayDestroyIt)
+{
+    CList rig;
+    CFunctionCommand destroy([&rig] { rig.widget.reset(); });
+    rig.noted.param.GetValueChangedEventProvider().Connect(&destroy);
+    rig.Open();
+    const auto& items = rig.menus.menu->GetItems();
+    items[1].command->Execute();
+    EXPECT_EQ(rig.widget, nullptr);
+    EXPECT_EQ(rig.noted.Take(), "[1.00 ]");
+    rig.noted.param.GetValueChangedEventProvider().Disconnect(&destroy);
+}
+
+TEST(CGUIInvisibleParamDropDownList, OpensInADrawnMenu)
+{
+    CControlRig rig({300, 200});
+    GUI::CDrawnMenus menus(rig.platform, Tests::TestLook());
+    CNotedParam noted(Modes());
+    CGUIInvisibleParamDropDownList widget(noted.param, &menus, rig.root);
+    widget.Move({10, 10});
+    widget.SetSize({80, 20});
+    rig.Click(50, 20);
+    ASSERT_TRUE(menus.IsOpen());
+    rig.Type(ENativeKey::Down);
+    rig.Type(ENativeKey::Down);
+    rig.Type(ENativeKey::Return);
+    EXPECT_FALSE(menus.IsOpen());
+    EXPECT_FALSE(widget.GetPushGraphics().IsPushed());
+    EXPECT_EQ(noted.Take().substr(0, 1), "[");
+    rig.Rest();
+    rig.Click(50, 20);
+    EXPECT_TRUE(menus.IsOpen());
+    rig.Type(ENativeKey::Escape);
+    EXPECT_FALSE(widget.GetPushGraphics().IsPushed());
+}
