@@ -199,7 +199,7 @@ void PaintSliderThumb(cairo_t* context, const SFrame& frame)
     DrawFace(context, frame.width, frame.height, corner,
              Mix(FaceOf(frame.state), Palette::ink, frame.state == EState::Disabled ? 0.0 : 0.18),
              EdgeOf(frame.state));
-    // A line two pixels wide stands on whole pixels here, in a thumb of odd width one of three.
+    // The width is odd, so that the line stands on one column of pixels.
     cairo_rectangle(context, std::floor(frame.width / 2.0), 5.0, 1.0, frame.height - 10.0);
     SetColor(context, InkOf(frame.state));
     cairo_fill(context);
@@ -219,7 +219,5 @@ void PaintMarker(cairo_t* context, const SFrame& frame)
     SetColor(context, frame.state == EState::Focus ? Palette::focus : Palette::screen);
     cairo_stroke(context);
 }
-
-void PaintNothing(cairo_t* /*context*/, const SFrame& /*frame*/) {}
 
 } // namespace SkinImages

@@ -30,7 +30,4 @@ void PaintSliderThumb(cairo_t* context, const SFrame& frame);
 /// Points to the left, its tip at the middle of its height.
 void PaintMarker(cairo_t* context, const SFrame& frame);
 
-/// For what must have an area and no look.
-void PaintNothing(cairo_t* context, const SFrame& frame);
-
 } // namespace SkinImages

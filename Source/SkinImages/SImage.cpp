@@ -46,7 +46,6 @@ const std::vector<SImage>& GetImages()
         {"knob", 44, 44, &PaintKnob, 65, buttonStates},
         {"slider_track", 128, 18, &PaintSliderTrack},
         {"slider_thumb", 11, 18, &PaintSliderThumb, 1, thumbStates},
-        {"marker_track", 14, 211, &PaintNothing},
         {"marker", 14, 11, &PaintMarker, 1, thumbStates},
         {"clip_lamp", 10, 10, &PaintClipLamp, 2},
         {"midi_lamp", 10, 10, &PaintMidiLamp, 9},

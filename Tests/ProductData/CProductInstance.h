@@ -29,8 +29,8 @@ public:
         auto settings = std::make_unique<Mirel::Audio::Plugin::CAudioPluginDefaultSettings>(
             folder.GetPath("plugins/Scope.module"), filter->GetInputParamsInfo(),
             filter->GetOutputParamsInfo(), folder.GetPath("config"));
-        internals = std::make_unique<Mirel::Audio::Plugin::CAudioPluginInternalsBase>(
-            std::move(filter), std::move(settings), 0);
+        internals = std::make_unique<Mirel::Audio::Plugin::CAudioPluginInternalsBase>(std::move(filter),
+                                                                                      std::move(settings), 0);
         EXPECT_TRUE(internals->InitFilter(44100.0));
     }
 

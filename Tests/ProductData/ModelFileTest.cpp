@@ -97,7 +97,8 @@ TEST_F(ModelFileTest, LoopScrollsInAPlaceOfItsOwn)
 
 TEST_F(ModelFileTest, ConditionsTellTheMode)
 {
-    const auto conditions = [this] {
+    const auto conditions = [this]
+    {
         return std::array<float, 3>{ValueOf("view.is_not_loop"), ValueOf("view.is_loop"),
                                     ValueOf("view.is_trigger")};
     };

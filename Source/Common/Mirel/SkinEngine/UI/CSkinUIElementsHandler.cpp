@@ -196,12 +196,11 @@ private:
         }
         for (const SModelElement& element : modelElements)
         {
-            RegisterStart(parser, element.name,
-                          [this, markModel = element.mark](const CNamedAttributes& attributes)
-                          {
-                              return markModel({build.GetExposure(), log, parser.GetCurrentElementName()},
-                                               attributes);
-                          });
+            RegisterStart(
+                parser, element.name,
+                [this, markModel = element.mark](const CNamedAttributes& attributes) {
+                    return markModel({build.GetExposure(), log, parser.GetCurrentElementName()}, attributes);
+                });
         }
         for (const char* name : {"COLLECTION", "FOREACH"})
         {
@@ -242,8 +241,8 @@ CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtiliti
                                                CGUISkinData& data_, const SSkinUIServices& services_,
                                                const SUIScope& scope,
                                                std::shared_ptr<CSkinModelContext> context_)
-    : implementation(std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr,
-                                                       std::move(context_)))
+    : implementation(
+          std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr, std::move(context_)))
 {
     implementation->StartItem(scope);
 }
