@@ -355,6 +355,41 @@ TEST(CGUIImageParamKnob, RightButtonTellsTheControlDownAndUp)
     EXPECT_EQ(noted.Take(), "");
 }
 
+TEST(CSkinLinearParamSlider, ListenerMayDestroyIt)
+{
+    const auto expectEnded = [](const std::function<void(CSlider&)>& change)
+    {
+        CSlider rig;
+        rig.widget->SetFocus();
+        rig.Move(40, 20);
+        Tests::CFunctionCommand destroy([&rig] { rig.widget.reset(); });
+        rig.noted.param.GetValueChangedEventProvider().Connect(&destroy);
+        change(rig);
+        EXPECT_EQ(rig.widget, nullptr);
+        const std::string script = rig.noted.Take();
+        EXPECT_EQ(script.front(), '[') << script;
+        EXPECT_EQ(script.back(), ']') << script;
+        rig.noted.param.GetValueChangedEventProvider().Disconnect(&destroy);
+    };
+    expectEnded([](CSlider& rig) { rig.platform.TurnWheel(1.0); });
+    expectEnded([](CSlider& rig) { rig.Type(ENativeKey::Up); });
+    expectEnded([](CSlider& rig) { rig.Type(ENativeKey::Character, U'd'); });
+    expectEnded([](CSlider& rig) { rig.Press(); });
+    expectEnded(
+        [](CSlider& rig)
+        {
+            rig.Move(70, 20);
+            rig.Press();
+            rig.Move(80, 20);
+        });
+    expectEnded(
+        [](CSlider& rig)
+        {
+            rig.platform.SetModifiers(CControlRig::alternate);
+            rig.Press();
+        });
+}
+
 TEST(CGUIImageParamLinearMeter, ShowsItsImageUpToThePosition)
 {
     CControlRig rig({200, 200});
