@@ -65,10 +65,10 @@ CControlsSection::CControlsSection(IFineEditOpener& opener_, GUI::IMenuPresenter
 {
 }
 
-CCaptureParam& CControlsSection::MakeParam(float value, const char* unit)
+CCaptureParam& CControlsSection::MakeParam(float value)
 {
-    const CParamInfo info(2, 0.0F, 100.0F, 50.0F, "", unit, "",
-                          new DataModel::Objects::CParamValueToText("%.1f", false, "{value} {unit}"));
+    const CParamInfo info(2, 0.0F, 100.0F, 50.0F, "", "%", "",
+                          new DataModel::Objects::CParamValueToText("%.1f", false, "{value} %"));
     params.push_back(std::make_unique<CCaptureParam>(info));
     params.back()->SetValue(value);
     return *params.back();

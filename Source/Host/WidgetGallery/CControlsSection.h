@@ -26,7 +26,7 @@ public:
     void Fill(CGalleryPage& page);
 
 private:
-    DataModel::Objects::CCaptureParam& MakeParam(float value, const char* unit = "%");
+    DataModel::Objects::CCaptureParam& MakeParam(float value);
     DataModel::Objects::CCaptureParam& MakeChoice(const std::vector<std::string>& names, float value);
     void AddKnobs(CGalleryPage& page);
     void AddMeters(CGalleryPage& page);

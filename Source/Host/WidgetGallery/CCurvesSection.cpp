@@ -157,7 +157,7 @@ void CCurvesSection::AddXY(CGalleryPage& page, bool isCurve)
 {
     auto box = std::make_unique<CGround>();
     const CCurve& across = MakeCurve([](float t) { return 0.9F * std::sin(turn * 3.0F * t); });
-    const CCurve& up = MakeCurve([](float t) { return 0.9F * std::cos(turn * 2.0F * t); });
+    const CCurve& up = MakeCurve([](float t) { return 0.9F * std::cos(turn * 2.0F * t + 0.4F); });
     CXYCurvesGraphics& graphics =
         box->Put(std::make_unique<CXYCurvesViewer>(across, up), {}, graphSize).GetCurvesGraphics();
     graphics.SetColor({0xFF, 0xB0, 0x3A});

@@ -72,10 +72,14 @@ void CGalleryPage::Place(std::unique_ptr<GUI::CLightWidget> widget, Core::CSize 
     {
         EndRow();
     }
-    Put(MakeText(caption, look.text), {x, y}, {needed, captionHeight});
-    Put(std::move(widget), {x, y + captionHeight + 2}, size);
+    const int above = caption.empty() ? 0 : captionHeight + 2;
+    if (above > 0)
+    {
+        Put(MakeText(caption, look.text), {x, y}, {needed, captionHeight});
+    }
+    Put(std::move(widget), {x, y + above}, size);
     x += needed + spacing;
-    rowHeight = std::max(rowHeight, captionHeight + 2 + size.height);
+    rowHeight = std::max(rowHeight, above + size.height);
 }
 
 void CGalleryPage::Put(std::unique_ptr<GUI::CLightWidget> widget, Core::CPoint place, Core::CSize size)

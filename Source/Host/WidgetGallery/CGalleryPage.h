@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Host/WidgetGallery/GalleryNames.h"
 #include "Mirel/GUI/CLightWidget.h"
 #include "Mirel/GUI/Popups/CPopupLook.h"
 
@@ -9,12 +10,6 @@
 
 namespace WidgetGallery
 {
-
-namespace Core = Mirel::Core;
-namespace DataModel = Mirel::DataModel;
-namespace Graphics = Mirel::Graphics;
-namespace GUI = Mirel::GUI;
-namespace Layout = Mirel::Layout;
 
 /// The page of the gallery: sections with a title, and in them widgets side by side, each with a caption. GUI
 /// thread only.

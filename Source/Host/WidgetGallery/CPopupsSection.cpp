@@ -17,7 +17,7 @@ namespace
 DataModel::Objects::CParamInfo MakeInfo()
 {
     return {2,  0.0F, 1000.0F, 250.0F,
-            "", "ms", "",      new DataModel::Objects::CParamValueToText("%.1f", false, "{value} {unit}")};
+            "", "ms", "",      new DataModel::Objects::CParamValueToText("%.1f", false, "{value} ms")};
 }
 
 } // namespace

@@ -35,7 +35,7 @@ void SetColor(cairo_t* context, CColor color, double factor = 1.0)
 
 double BrightnessOf(int state)
 {
-    constexpr double factors[statesCount] = {1.0, 0.45, 1.25, 1.1, 0.8};
+    constexpr double factors[statesCount] = {1.0, 0.6, 1.25, 1.1, 0.8};
     return factors[state];
 }
 
@@ -150,7 +150,7 @@ std::unique_ptr<CImageCatalog> MakeButtonStrips(CSize frame, int framesCount)
         SetColor(context, grey, 0.7 * BrightnessOf(state));
         DrawRounded(context, 1.0, 1.0, frame.width - 2.0, frame.height - 2.0, 5.0);
         cairo_fill(context);
-        SetColor(context, amber, 0.25 + 0.75 * share);
+        SetColor(context, amber, (0.25 + 0.75 * share) * (state == 1 ? 0.5 : 1.0));
         DrawRounded(context, 8.0, frame.height / 2.0 - 3.0, frame.width - 16.0, 6.0, 3.0);
         cairo_fill(context);
     };

@@ -215,9 +215,10 @@ bool WriteSnapshot(const std::string& path, int scale, const GUI::CPopupLook& lo
     surface->DrawBitmap(*page, {}, {}, page->GetSize());
     for (const SPicture& picture : pictures)
     {
-        surface->DrawBitmap(*picture.bitmap, {},
-                            {picture.place.x * scale, (picture.place.y + captionHeight) * scale},
-                            picture.bitmap->GetSize());
+        const Graphics::CRect frame({picture.place.x * scale, (picture.place.y + captionHeight) * scale},
+                                    picture.bitmap->GetSize());
+        surface->DrawBitmap(*picture.bitmap, {}, frame.GetOrigin(), frame.GetSize());
+        GUI::DrawFrame(*surface, frame, look.border);
         surface->SaveState();
         surface->Scale(scale);
         GUI::DrawLabel(*surface, look.font, picture.caption, {picture.place, {300, captionHeight}}, look.text);

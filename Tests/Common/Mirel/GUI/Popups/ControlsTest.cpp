@@ -170,6 +170,15 @@ TEST_F(CControlsTest, FieldShowsTheCaretOfALongText)
     EXPECT_EQ(field.GetEditing().GetCaret(), 0U);
 }
 
+TEST_F(CControlsTest, FieldThatGetsItsSizeAfterItsTextShowsTheText)
+{
+    CTextField field(root, Tests::TestLook());
+    field.SetText("early");
+    Place(field, {120, 24});
+    Click(12, 20);
+    EXPECT_EQ(field.GetEditing().GetCaret(), 0U);
+}
+
 TEST_F(CControlsTest, FieldConfirmsByReturnAndLeavesEscapeAlone)
 {
     int confirmed = 0;
