@@ -20,15 +20,15 @@ class CDrawnTooltips::CTipWindow : public CPopupWindow
 {
 public:
     CTipWindow(INativePlatform& platform_, const CRect& frame_, const INativeWindow* owner,
-               const STooltip& tip, const CPopupLook& look)
+               const STooltip& tip_, const CPopupLook& look_)
         : CPopupWindow(platform_, ENativeWindowKind::Tooltip, frame_, owner),
-          graphics(std::make_unique<CTooltipGraphics>(tip, look))
+          graphics(std::make_unique<CTooltipGraphics>(tip_, look_))
     {
     }
 
-    void SetTip(const CRect& newFrame, const STooltip& tip, const CPopupLook& look)
+    void SetTip(const CRect& newFrame, const STooltip& tip_, const CPopupLook& look_)
     {
-        graphics = std::make_unique<CTooltipGraphics>(tip, look);
+        graphics = std::make_unique<CTooltipGraphics>(tip_, look_);
         SetFrame(newFrame);
         Invalidate();
     }
