@@ -48,7 +48,7 @@ struct CLimits
 
     /// What templates, repeats, definitions and variables may make of the files, in bytes: every element,
     /// attribute and text is charged as if all were kept in memory. 100,000 elements of ten attributes fit.
-    static constexpr std::size_t maxExpansionBytes = std::size_t{192} << 20U;
+    static constexpr std::size_t maxExpansionBytes = std::size_t{160} << 20U;
     static constexpr std::size_t elementCharge = 256;
     static constexpr std::size_t attributeCharge = 128;
 

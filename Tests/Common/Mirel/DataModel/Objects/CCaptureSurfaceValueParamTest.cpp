@@ -118,4 +118,8 @@ TEST(CCaptureSurfaceValueParam, AChainThatMultipliesUpdatesComesToAnEnd)
     }
     first.SetValue(1.0F);
     EXPECT_EQ(chain[2]->GetValue(), 5.0F);
+    while (!chain.empty())
+    {
+        chain.pop_back(); // Each listens to those before it.
+    }
 }

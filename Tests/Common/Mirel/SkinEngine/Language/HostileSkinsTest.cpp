@@ -1,7 +1,7 @@
 // Skins that mean harm, or are broken in ways that look like it: each ends in a clear message within a second
 // of processor time, 256 MB and a small stack.
 
-#include "Common/Mirel/Serialization/ThreadTime.h"
+#include "Support/ThreadTime.h"
 #include "Mirel/SkinEngine/Limits.h"
 #include "ParserRig.h"
 #include "SmallStack.h"
@@ -53,15 +53,20 @@ protected:
         bool result = false;
         double seconds = 0;
         const std::size_t peakBefore = PeakBytes();
-        stackBytes = RunOnSmallStack(
-            [&]
-            {
-                const double begin = ThreadSeconds();
-                result = rig.ParseExisting("skin.xml");
-                seconds = ThreadSeconds() - begin;
-            });
         // A sanitizer makes the same work several times as long and as large.
-        EXPECT_LT(seconds, isSanitized ? 20.0 : 1.0);
+        const double mostSeconds = isSanitized ? 20.0 : 1.0;
+        // Others at work on the machine can make one parse slow, but hardly each of three.
+        for (int attempt = 0; attempt == 0 || (attempt < 3 && seconds >= mostSeconds); ++attempt)
+        {
+            stackBytes = RunOnSmallStack(
+                [&]
+                {
+                    const double begin = ThreadSeconds();
+                    result = rig.ParseExisting("skin.xml");
+                    seconds = ThreadSeconds() - begin;
+                });
+        }
+        EXPECT_LT(seconds, mostSeconds);
         EXPECT_LT(PeakBytes() - peakBefore, (isSanitized ? std::size_t{2048} : std::size_t{256}) << 20U);
         if (std::getenv("HOSTILE_FIGURES") != nullptr)
         {
@@ -101,7 +106,7 @@ protected:
 };
 
 constexpr const char* tooMuch = "0 Parsing stopped, line 1: templates, repeats and variables make more than "
-                                "201326592 bytes of elements (skin.xml)";
+                                "167772160 bytes of elements (skin.xml)";
 
 TEST_F(HostileSkins, ExternalEntitiesAreNotRead)
 {
@@ -540,7 +545,7 @@ TEST_F(HostileSkins, RepeatedFormulasAreStopped)
 TEST_F(HostileSkins, RepeatedIncludesOfNothingAreStopped)
 {
     EXPECT_FALSE(Parse("<S><REPEAT count='2000000000'><INCLUDE file='none$index$.xml'/></REPEAT></S>"));
-    ExpectMessage(tooMuch);
+    ExpectMessage("make more than 167772160 bytes of elements"); // in whichever file the last one falls
 }
 
 TEST_F(HostileSkins, RepeatedTemplatesThatAreKeptAreStopped)
