@@ -213,8 +213,8 @@ CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtiliti
                                                CGUISkinData& data_, const SSkinUIServices& services_,
                                                const SUIScope& scope,
                                                std::shared_ptr<CSkinModelContext> context_)
-    : implementation(std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr,
-                                                       std::move(context_)))
+    : implementation(
+          std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr, std::move(context_)))
 {
     implementation->StartItem(scope);
 }
