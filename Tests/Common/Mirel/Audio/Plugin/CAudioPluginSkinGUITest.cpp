@@ -619,6 +619,8 @@ TEST_F(CAudioPluginSkinGUITest, TheStateOfTheModelIsSavedAndLoadedOnOtherThreads
     }
     host.join();
 
+    Pump(); // takes over what was loaded last
+
     // What another thread loads is what is saved from then on, at once.
     zoom->SetValue(0.125F);
     PumpFor(120);
