@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CGUIImageActionButton.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamButton.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamDropDownList.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamToggleSwitch.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/SkinEngine/Language/Quoted.h"
@@ -44,21 +45,22 @@ bool PlaceParamWidget(CUIElement& element, Widget& widget, const std::string& pr
     return element.Place(widget, CUIElement::EInput::Natural) && exposed;
 }
 
-template <class Widget>
-bool BuildImageParamWidget(CUIBuild& build, const CNamedAttributes& attributes)
+template <class Widget, class... Arguments>
+bool BuildImageParamWidget(CUIBuild& build, const CNamedAttributes& attributes, Arguments... arguments)
 {
     CUIElement element(build, attributes);
     const SParamName param = FindParam(element);
-    auto& widget = element.Make<Widget>(build.GetParam(param.id), ReadPushImage(build, attributes));
+    auto& widget = element.Make<Widget>(build.GetParam(param.id), ReadPushImage(build, attributes),
+                                        arguments...);
     return PlaceParamWidget(element, widget, param.prefix);
 }
 
-template <class Widget>
-bool BuildInvisibleParamWidget(CUIBuild& build, const CNamedAttributes& attributes)
+template <class Widget, class... Arguments>
+bool BuildInvisibleParamWidget(CUIBuild& build, const CNamedAttributes& attributes, Arguments... arguments)
 {
     CUIElement element(build, attributes);
     const SParamName param = FindParam(element);
-    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id)), param.prefix);
+    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id), arguments...), param.prefix);
 }
 
 /// An action of the model, or one that the program has under a name.
@@ -108,6 +110,17 @@ bool BuildImageParamToggleSwitch(CUIBuild& build, const CNamedAttributes& attrib
 bool BuildInvisibleParamToggleSwitch(CUIBuild& build, const CNamedAttributes& attributes)
 {
     return BuildInvisibleParamWidget<CGUIInvisibleParamToggleSwitch>(build, attributes);
+}
+
+bool BuildImageParamMenuButton(CUIBuild& build, const CNamedAttributes& attributes)
+{
+    return BuildImageParamWidget<CGUIImageParamDropDownList>(build, attributes, build.GetServices().menus);
+}
+
+bool BuildInvisibleParamMenuButton(CUIBuild& build, const CNamedAttributes& attributes)
+{
+    return BuildInvisibleParamWidget<CGUIInvisibleParamDropDownList>(build, attributes,
+                                                                     build.GetServices().menus);
 }
 
 bool BuildImageActionButton(CUIBuild& build, const CNamedAttributes& attributes)

@@ -36,14 +36,7 @@ void CGUISkinData::Clear()
     {
         cell->SetAutoUpdate(false);
     }
-    for (Layout::CLayoutCell* cell : std::exchange(cells, {}))
-    {
-        cell->Detach();
-    }
-    for (Layout::CTableLayoutCell::CRow* row : std::exchange(rows, {}))
-    {
-        row->GetTable().RemoveRow(row, false);
-    }
+    DetachCells();
     for (GUI::CLightWidget* widget : std::exchange(lightWidgets, {}))
     {
         widget->SetParent(nullptr);
@@ -59,6 +52,30 @@ void CGUISkinData::Clear()
     {
         const std::unique_ptr<Core::IDestroy> last = std::move(objects.back());
         objects.pop_back();
+    }
+}
+
+/// The groups around all that lay themselves out once, when all is gone.
+void CGUISkinData::DetachCells()
+{
+    std::vector<Layout::CBaseGroupLayoutCell*> around;
+    for (Layout::CLayoutCell* cell : std::exchange(cells, {}))
+    {
+        Layout::CBaseGroupLayoutCell* const group = cell->GetParent();
+        if (group != nullptr && group->GetAutoUpdate())
+        {
+            group->SetAutoUpdate(false);
+            around.push_back(group);
+        }
+        cell->Detach();
+    }
+    for (Layout::CTableLayoutCell::CRow* row : std::exchange(rows, {}))
+    {
+        row->GetTable().RemoveRow(row, false);
+    }
+    for (Layout::CBaseGroupLayoutCell* group : around)
+    {
+        group->SetAutoUpdate(true);
     }
 }
 

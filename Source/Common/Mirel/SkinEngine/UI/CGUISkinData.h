@@ -61,6 +61,7 @@ public:
 private:
     void OnAdded(const CDictionaryEntry& entry);
     void RemoveFromWhole();
+    void DetachCells();
 
     ISkinModel& whole;
     std::vector<Layout::CLayoutCell*> cells;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -35,7 +36,9 @@ public:
     {
         if (outer != nullptr)
         {
-            std::erase(outer->inner, this);
+            // The last to come is the first to go.
+            const auto place = std::find(outer->inner.rbegin(), outer->inner.rend(), this);
+            outer->inner.erase(std::prev(place.base()));
         }
     }
 

@@ -58,6 +58,7 @@ CUIElement::CUIElement(CUIBuild& build_, const CNamedAttributes& attributes_)
 {
     inside.element = build.GetElement();
     inside.table = nullptr;
+    inside.widget = nullptr;
     inside.textColor = ReadColor("text_color", inside.textColor);
     if (FindText(attributes, "background_color") != nullptr)
     {
@@ -117,6 +118,7 @@ bool CUIElement::PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds hol
         cell.SetSpacing(spacing);
     }
     inside.light = &widget;
+    inside.widget = &widget;
     auto& content = static_cast<Layout::CContentLayoutCell&>(cell);
     const bool placed = PlaceCell(cell, [&content](bool shown) { content.SetShown(shown); });
     const bool exposed = ExposeWidget(widget) && (holds == EHolds::Overlays || ExposeFlow(cell));
@@ -149,6 +151,7 @@ void CUIElement::PlaceRoot(const SSkinPlace& place, bool lightMode)
     inside.light = place.light;
     inside.native = place.native;
     inside.group = place.group;
+    inside.tips = place.light == nullptr ? nullptr : MakeTips(*place.light);
     if (place.group != nullptr)
     {
         place.group->SetInternalAlign(ReadAlign(attributes, "internal_h_align"),
@@ -167,6 +170,25 @@ void CUIElement::PlaceInRow(Layout::CTableLayoutCell& table)
 {
     inside.group = &table;
     build.Push(std::move(inside));
+}
+
+void CUIElement::PlaceInWidget(GUI::CLightWidget& widget)
+{
+    if (inside.light != nullptr)
+    {
+        inside.light->AddChild(&widget);
+    }
+    build.GetData().AddWidget(widget);
+    build.Push(std::move(inside));
+}
+
+GUI::CHostTooltips* CUIElement::MakeTips(GUI::CLightWidget& light) const
+{
+    auto* const host = dynamic_cast<GUI::CLightWidgetAdapter*>(light.GetRootWidget());
+    GUI::ITooltipPresenter* const presenter = build.GetServices().tooltips;
+    return host == nullptr || presenter == nullptr
+               ? nullptr
+               : &build.GetData().Own(std::make_unique<GUI::CHostTooltips>(*host, *presenter));
 }
 
 /// Into the light tree, or into a native host of its own.
@@ -191,6 +213,7 @@ CGroupLayoutCell& CUIElement::Attach(GUI::CLightWidget& widget)
     around.native->AddChild(&adapter, false);
     data.AddWidget(static_cast<GUI::CWidget&>(adapter));
     inside.native = &adapter;
+    inside.tips = MakeTips(widget);
     return adapter.GetCell();
 }
 

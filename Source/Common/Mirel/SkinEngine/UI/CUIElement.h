@@ -57,6 +57,9 @@ public:
     // one. False if an object could not be exposed.
     bool Place(GUI::CLightWidget& widget, EInput input);
     bool PlaceBox(GUI::CLightWidget& widget);
+
+    /// A widget without room of its own, which belongs to the one that the element stands in.
+    void PlaceInWidget(GUI::CLightWidget& widget);
     bool Place(Layout::CGroupLayoutCell& cell);
     bool Place(Layout::CTableLayoutCell& cell);
 
@@ -83,6 +86,7 @@ private:
     };
 
     bool PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds holds);
+    GUI::CHostTooltips* MakeTips(GUI::CLightWidget& light) const;
     Layout::CGroupLayoutCell& Attach(GUI::CLightWidget& widget);
     void ReadWidget(GUI::CLightWidget& widget, EInput input) const;
     void ReadCursor(GUI::CLightWidget& widget) const;

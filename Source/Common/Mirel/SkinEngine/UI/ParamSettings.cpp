@@ -1,5 +1,7 @@
 #include "Mirel/SkinEngine/UI/ParamSettings.h"
 
+#include "Mirel/DataModel/GUIWidgets/WidgetState.h"
+
 #include <array>
 #include <string_view>
 
@@ -33,6 +35,21 @@ std::unique_ptr<CImageCatalog> ReadStates(CUIBuild& build, const CNamedAttribute
         auto image = build.ReadImage(attributes, name, suffixes[i]);
         catalog->SetEntry(static_cast<int>(i),
                           image != nullptr || i == 0 ? std::move(image) : build.ReadImage(attributes, name));
+    }
+    return catalog;
+}
+
+std::unique_ptr<CImageCatalog> ReadSliderStates(CUIBuild& build, const CNamedAttributes& attributes,
+                                                const std::string& name)
+{
+    if (FindText(attributes, name) == nullptr)
+    {
+        return nullptr;
+    }
+    auto catalog = ReadStates(build, attributes, name);
+    if (auto selected = build.ReadImage(attributes, name, "_selected"))
+    {
+        catalog->SetEntry(DataModel::GUIWidgets::StateSelected, std::move(selected));
     }
     return catalog;
 }

@@ -26,6 +26,11 @@ std::unique_ptr<Graphics::CImageCatalog> ReadStates(CUIBuild& build,
                                                     const Containers::CNamedAttributes& attributes,
                                                     const std::string& name);
 
+/// The same of a slider, with 5 for one that is held if the skin has it. Null without any image.
+std::unique_ptr<Graphics::CImageCatalog> ReadSliderStates(CUIBuild& build,
+                                                          const Containers::CNamedAttributes& attributes,
+                                                          const std::string& name);
+
 /// Frames of a knob or meter, unless the skin says how many.
 constexpr int usualImagesCount = 2;
 

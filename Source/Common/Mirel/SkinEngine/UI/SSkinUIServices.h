@@ -3,6 +3,7 @@
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/DataModel/GUIWidgets/IFineEditOpener.h"
 #include "Mirel/DataModel/Objects/IConstAction.h"
+#include "Mirel/GUI/Native/Dialogs/IMenuPresenter.h"
 #include "Mirel/Graphics/CFontManager.h"
 #include "Mirel/Graphics/CGraphicResourcesManager.h"
 #include "Mirel/SkinEngine/Model/SSkinModelServices.h"
@@ -23,8 +24,10 @@ struct SSkinUIServices
     /// The action that a skin calls by name; null for an unknown one. Empty for no such actions.
     std::function<const DataModel::Objects::IConstAction*(const char* name)> findAction{};
 
-    /// Null for none.
+    // Null for none.
     DataModel::GUIWidgets::IFineEditOpener* fineEdit = nullptr;
+    GUI::IMenuPresenter* menus = nullptr;
+    GUI::ITooltipPresenter* tooltips = nullptr;
 
     /// Shows the messages of an item of a collection that was built with errors; empty for nowhere.
     std::function<void(CoreUtilities::CMemMessageLog& log)> showItemMessages{};

@@ -2,6 +2,7 @@
 
 #include "Mirel/GUI/CLightWidget.h"
 #include "Mirel/GUI/CWidget.h"
+#include "Mirel/GUI/Popups/CHostTooltips.h"
 #include "Mirel/Graphics/CColor.h"
 #include "Mirel/Graphics/CFontDescription.h"
 #include "Mirel/Layout/CTableLayoutCell.h"
@@ -20,6 +21,8 @@ struct SUIScope
     bool lightMode = true;
     GUI::CLightWidget* light = nullptr; ///< The parent of light widgets; null for none.
     GUI::CWidget* native = nullptr;     ///< The parent of native-hosted ones.
+    GUI::CHostTooltips* tips = nullptr;        ///< Of the host of the light widgets; null for none.
+    GUI::CLightWidget* widget = nullptr;       ///< That this is the inside of; null for a cell.
     Layout::CBaseGroupLayoutCell* group = nullptr;
     Layout::CTableLayoutCell* table = nullptr; ///< The same, directly inside of a table, that is in no row.
     CSkinVisibility* visibility = nullptr;

@@ -44,12 +44,19 @@ bool BuildCurveYScale(CUIBuild& build, const Containers::CNamedAttributes& attri
 // Parameters.
 bool BuildImageParamKnob(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildImageParamMeter(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildImageParamSlider(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildImageParamLinearMeter(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildParamText(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildParamTextControl(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildTooltip(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 
 // What is pressed.
 bool BuildImageParamButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildInvisibleParamButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildImageParamToggleSwitch(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildInvisibleParamToggleSwitch(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildImageParamMenuButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildInvisibleParamMenuButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildImageActionButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildInvisibleActionButton(CUIBuild& build, const Containers::CNamedAttributes& attributes);
 
@@ -81,22 +88,22 @@ inline constexpr SUIElement uiElements[] = {
     {"IMAGE_PARAM_BUTTON", BuildImageParamButton},
     {"IMAGE_PARAM_TOGGLE_SWITCH", BuildImageParamToggleSwitch},
     {"INVISIBLE_PARAM_TOGGLE_SWITCH", BuildInvisibleParamToggleSwitch},
-    {"IMAGE_PARAM_SLIDER", BuildNothing},
+    {"IMAGE_PARAM_SLIDER", BuildImageParamSlider},
     {"IMAGE_PARAM_METER", BuildImageParamMeter},
-    {"IMAGE_PARAM_LINEAR_METER", BuildNothing},
+    {"IMAGE_PARAM_LINEAR_METER", BuildImageParamLinearMeter},
     {"IMAGE_PARAM_KNOB", BuildImageParamKnob},
-    {"IMAGE_PARAM_MENU_BUTTON", BuildNothing},
-    {"INVISIBLE_PARAM_MENU_BUTTON", BuildNothing},
+    {"IMAGE_PARAM_MENU_BUTTON", BuildImageParamMenuButton},
+    {"INVISIBLE_PARAM_MENU_BUTTON", BuildInvisibleParamMenuButton},
     {"INVISIBLE_PARAM_BUTTON", BuildInvisibleParamButton},
     {"XYZ_PARAM_SCRATCH_PAD", BuildNothing},
     {"XYZ_IMAGE_PARAM_JOYSTICK", BuildNothing},
     {"XY_PARAM_PAD", BuildNothing},
     {"XY_ZOOM_SELECT_PAD", BuildNothing},
-    {"PARAM_TEXT", BuildNothing},
+    {"PARAM_TEXT", BuildParamText},
     {"PARAM_TEXT_EDIT_BOX", BuildNothing},
-    {"PARAM_TEXT_CONTROL", BuildNothing},
-    {"PARAM_TOOLTIP", BuildNothing},
-    {"TOOLTIP", BuildNothing},
+    {"PARAM_TEXT_CONTROL", BuildParamTextControl},
+    {"PARAM_TOOLTIP", BuildTooltip},
+    {"TOOLTIP", BuildTooltip},
     {"RULER", BuildRuler},
     {"COLOR_SCALE", BuildNothing},
     {"GRID", BuildGrid},

@@ -49,6 +49,7 @@ public:
     CPopupsOfTest(GUI::IDialogs& dialogs_, const GUI::CMenu*& shown) : dialogs(dialogs_), menus(shown) {}
     GUI::IDialogs* GetDialogs() override { return &dialogs; }
     GUI::IMenuPresenter* GetMenus() override { return &menus; }
+    GUI::ITooltipPresenter* GetTooltips() override { return nullptr; }
     DataModel::GUIWidgets::IFineEditOpener* GetFineEdit() override { return nullptr; }
     void CloseAll() override {}
 

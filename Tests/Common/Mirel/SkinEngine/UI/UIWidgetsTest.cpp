@@ -231,7 +231,7 @@ TEST(UIWidgets, AxesBendByANamedCurveAFormulaOrACurveOfTheModel)
     rig.AddParam("p");
     auto& curve = rig.AddCurve("bend");
     curve.SetValue(Math::SharedFunction<&Math::FunctionsLibrary::Square>());
-    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB param_id='p' response_curve='Exp2'/>"
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB param_id='p' response_curve='exp2'/>"
                           "<IMAGE_PARAM_KNOB param_id='p' response_curve='x*x'/>"
                           "<IMAGE_PARAM_KNOB param_id='p' response_curve='bend'/>"
                           "<IMAGE_PARAM_KNOB param_id='p' response_curve='later'/>"));
