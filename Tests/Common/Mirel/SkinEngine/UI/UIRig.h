@@ -6,6 +6,7 @@
 #include "Mirel/DataModel/Objects/CCaptureCurve.h"
 #include "Mirel/DataModel/Objects/CCaptureParam.h"
 #include "Mirel/DataModel/Objects/CCaptureString.h"
+#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CLightWidgetAdapter.h"
 #include "Mirel/GUI/CLightWidgetLayoutCell.h"
 #include "Mirel/GUI/CWidgetLayoutCell.h"

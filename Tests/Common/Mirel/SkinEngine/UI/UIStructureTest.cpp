@@ -482,7 +482,7 @@ TEST(UIStructure, WithoutLightModeEveryWidgetHasANativeHost)
 TEST(UIStructure, HostileSkinsEndInMessages)
 {
     CUIRig rig;
-    EXPECT_FALSE(rig.Build("<REPEAT count='40000'><ROW/></REPEAT>"));
+    EXPECT_FALSE(rig.Build("<REPEAT count='17000'><ROW/></REPEAT>"));
     EXPECT_THAT(rig.TakeMessages(), ElementsAre("0: The skin has too many elements: the rest is left out.",
                                                 "0: Fatal error: skin parsing failed"));
 }

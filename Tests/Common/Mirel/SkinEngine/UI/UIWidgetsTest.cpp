@@ -2,11 +2,17 @@
 #include "Mirel/DataModel/GUIWidgets/CGUICurveViewer.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageActionButton.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamButton.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamDropDownList.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamKnob.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamLinearMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamToggleSwitch.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIParamTextControl.h"
+#include "Mirel/DataModel/GUIWidgets/CGUISysParamTooltip.h"
+#include "Mirel/DataModel/GUIWidgets/CGUISysStringTooltip.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIXCurveRuler.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIYCurveRuler.h"
+#include "Mirel/DataModel/GUIWidgets/CSkinLinearParamSlider.h"
 #include "Mirel/DataModel/GUIWidgets/CXYCurvesViewer.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CTextLightWidget.h"
@@ -261,6 +267,125 @@ TEST(UIWidgets, AMeterShowsAReadOnlyParameter)
     EXPECT_EQ(meter->GetSize(), (GUI::CSize{20, 20}));
     param->SetValue(0.5f);
     EXPECT_EQ(meter->GetMeterGraphics().GetFrame(), 1);
+}
+
+TEST(UIWidgets, ASliderIsReadFromItsAttributes)
+{
+    CUIRig rig;
+    ICaptureParam& param = rig.AddParam("p", 0, 10);
+    rig.WriteImage("s.png", 100, 20);
+    rig.WriteImage("t.png", 10, 10);
+    rig.WriteImage("t_selected.png", 10, 10);
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_SLIDER id='s' param_id='p' image='s.png' thumb_image='t.png' "
+                          "orientation='horizontal' margin_before='10' margin_after='20' positions_count='6' "
+                          "pixel_range='77' fine_ratio='4'/>"
+                          "<IMAGE_PARAM_SLIDER param_id='p' thumb_image='t.png' width='30' height='90'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* slider = rig.Widget<CSkinLinearParamSlider>(0);
+    ASSERT_NE(slider, nullptr);
+    EXPECT_EQ(slider->GetSize(), (GUI::CSize{100, 20}));
+    EXPECT_EQ(slider->GetSliderGraphics().GetTrack(), (CLinearTrack{true, 10, 20}));
+    EXPECT_EQ(slider->GetControl().GetPositionsCount(), 6);
+    EXPECT_EQ(slider->GetControl().GetFineRatio(), 4);
+    param.SetValue(10);
+    // At the end of the track, less the margin.
+    EXPECT_EQ(slider->GetSliderGraphics().GetThumbArea().x, 75);
+    EXPECT_TRUE(rig.Has("s.zoom"));
+    EXPECT_EQ(rig.images.GetCount(), 3U);
+    auto* plain = rig.Widget<CSkinLinearParamSlider>(1);
+    EXPECT_EQ(plain->GetSize(), (GUI::CSize{30, 90}));
+    EXPECT_FALSE(plain->GetSliderGraphics().GetTrack().horizontal);
+}
+
+TEST(UIWidgets, ALinearMeterIsReadFromItsAttributes)
+{
+    CUIRig rig;
+    rig.AddParam("p");
+    rig.WriteImage("m.png", 20, 100);
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_LINEAR_METER param_id='p' image='m.png' margin_before='5' margin_after='6'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* meter = rig.Widget<CGUIImageParamLinearMeter>();
+    ASSERT_NE(meter, nullptr);
+    EXPECT_EQ(meter->GetMeterGraphics().GetTrack(), (CLinearTrack{false, 5, 6}));
+    EXPECT_EQ(meter->GetSize(), (GUI::CSize{20, 100}));
+}
+
+TEST(UIWidgets, ListsOfValuesStandOnParameters)
+{
+    CUIRig rig;
+    rig.AddParam("p");
+    rig.WriteImage("b.png", 20, 10);
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_MENU_BUTTON id='m' param_id='p' image='b.png'/>"
+                          "<INVISIBLE_PARAM_MENU_BUTTON param_id='p' width='30' height='9'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    EXPECT_NE(rig.Widget<CGUIImageParamDropDownList>(0), nullptr);
+    EXPECT_NE(rig.Widget<CGUIInvisibleParamDropDownList>(1), nullptr);
+    EXPECT_EQ(rig.Widget(1)->GetSize(), (GUI::CSize{30, 9}));
+    EXPECT_TRUE(rig.Has("m.pushed"));
+}
+
+TEST(UIWidgets, TextsOfParametersShowTheirValues)
+{
+    CUIRig rig;
+    ICaptureParam& param = rig.AddParam("p", 0, 100);
+    EXPECT_TRUE(rig.Build("<PARAM_TEXT param_id='p' text_color='red'/>"
+                          "<PARAM_TEXT_CONTROL id='c' param_id='p' text_color_hover='blue' pixel_range='40' "
+                          "orientation='horizontal' width='60' height='12'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* text = rig.Widget<CGUIParamTextWidget>(0);
+    ASSERT_NE(text, nullptr);
+    EXPECT_STREQ(text->GetText(), "0.00");
+    EXPECT_EQ(text->GetTextDrawer().GetColor(), (Graphics::CColor{255, 0, 0}));
+    const int width = text->GetSize().width;
+    param.SetValue(100);
+    EXPECT_STREQ(text->GetText(), "100.00");
+    // There is room for it from the beginning.
+    EXPECT_LE(text->GetTextDrawer().GetNaturalSize().width, width);
+    auto* control = rig.Widget<CGUIParamTextControl>(1);
+    ASSERT_NE(control, nullptr);
+    EXPECT_EQ(control->GetSize(), (GUI::CSize{60, 12}));
+    EXPECT_TRUE(control->GetMouseControl().IsHorizontal());
+    EXPECT_FLOAT_EQ(control->GetMouseControl().GetPixelRange(), 40);
+    EXPECT_FLOAT_EQ(rig.Value("c.value"), 1);
+    EXPECT_STREQ(rig.Param("c.value").GetInfo().GetName(), "c.value");
+    EXPECT_EQ(rig.Param("c.value").GetInfo().GetType(), ValueKindInteger);
+    rig.Param("c.value").SetValue(0);
+    EXPECT_FLOAT_EQ(param.GetValue(), 0);
+}
+
+TEST(UIWidgets, TooltipsExplainTheWidgetThatTheyStandIn)
+{
+    class CTips : public GUI::ITooltipPresenter
+    {
+    public:
+        void Show(const std::string&, const GUI::INativeWindow&, GUI::CPoint) override {}
+        void Hide() override {}
+    } tips;
+    CUIRig rig;
+    rig.services.tooltips = &tips;
+    rig.AddParam("p");
+    rig.AddString("s", "hint");
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB param_id='p'><PARAM_TOOLTIP param_id='p' delay_ms='7' show_time_ms='8' "
+                          "tip_style='balloon' background_color='red' text_color='blue'/></IMAGE_PARAM_KNOB>"
+                          "<TOOLTIP string_id='s' width='50' height='40' show_on_click='true'/>"
+                          "<TEXT value='a'><TOOLTIP text='plain'/></TEXT>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    const auto* inKnob = rig.Widget<CGUISysParamTooltip>(0, 0);
+    ASSERT_NE(inKnob, nullptr);
+    EXPECT_EQ(inKnob->GetTipText(), "0.00");
+    EXPECT_EQ(inKnob->GetStyle().delayMs, 7);
+    EXPECT_EQ(inKnob->GetStyle().showTimeMs, 8);
+    EXPECT_TRUE(inKnob->GetStyle().isBalloon);
+    EXPECT_EQ(inKnob->GetStyle().background, (Graphics::CColor{255, 0, 0}));
+    EXPECT_EQ(inKnob->GetStyle().textColor, (Graphics::CColor{0, 0, 255}));
+    const auto* laidOver = rig.Widget<CGUISysStringTooltip>(1);
+    ASSERT_NE(laidOver, nullptr);
+    EXPECT_EQ(laidOver->GetTipText(), "hint");
+    EXPECT_EQ(laidOver->GetSize(), (GUI::CSize{50, 40}));
+    EXPECT_FALSE(laidOver->GetStyle().background.has_value());
+    EXPECT_FALSE(laidOver->GetStyle().textColor.has_value());
+    EXPECT_EQ(rig.Widget<CGUISysStringTooltip>(2, 0)->GetTipText(), "plain");
+    rig.Close();
 }
 
 TEST(UIWidgets, ButtonsAndSwitchesStandOnParameters)
