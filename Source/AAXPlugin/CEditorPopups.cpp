@@ -23,7 +23,8 @@ CEditorPopups::CEditorPopups(CWindow& window_, const std::string& dataFolder)
       look(MakePopupLook(fonts)),
       drawnDialogs(window.GetPlatform(), look, &window),
       dialogs(window.GetPlatform().GetRunLoop(), WithFallback(drawnDialogs)),
-      menus(window.GetPlatform(), look)
+      menus(window.GetPlatform(), look),
+      tooltips(window.GetPlatform(), look)
 {
     fineEdit.emplace(window.GetPlatform(), look, &window);
 }
@@ -31,6 +32,7 @@ CEditorPopups::CEditorPopups(CWindow& window_, const std::string& dataFolder)
 void CEditorPopups::CloseAll()
 {
     menus.Close();
+    tooltips.Hide();
     // At the same place: the widgets of the next skin are given it again.
     fineEdit.emplace(window.GetPlatform(), look, &window);
 }

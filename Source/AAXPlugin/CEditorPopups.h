@@ -6,6 +6,7 @@
 #include "Mirel/GUI/DrawnDialogs/CDrawnDialogs.h"
 #include "Mirel/GUI/Native/Dialogs/CDesktopDialogs.h"
 #include "Mirel/GUI/Popups/CDrawnMenus.h"
+#include "Mirel/GUI/Popups/CDrawnTooltips.h"
 #include "Mirel/GUI/Popups/CPopupLook.h"
 #include "Mirel/Graphics/CFontManager.h"
 
@@ -27,6 +28,7 @@ public:
 
     Mirel::GUI::IDialogs* GetDialogs() override { return &dialogs; }
     Mirel::GUI::IMenuPresenter* GetMenus() override { return &menus; }
+    Mirel::GUI::ITooltipPresenter* GetTooltips() override { return &tooltips; }
     Mirel::DataModel::GUIWidgets::IFineEditOpener* GetFineEdit() override { return &*fineEdit; }
     void CloseAll() override;
 
@@ -37,6 +39,7 @@ private:
     Mirel::GUI::CDrawnDialogs drawnDialogs;
     Mirel::GUI::CDesktopDialogs dialogs;
     Mirel::GUI::CDrawnMenus menus;
+    Mirel::GUI::CDrawnTooltips tooltips;
     std::optional<Mirel::DataModel::GUIWidgets::CFineEditOpener> fineEdit;
 };
 

@@ -144,14 +144,13 @@ void CAudioPluginSkinGUI::MakeWindow()
     SkinEngine::SSkinWindowServices services;
     services.dataFolder = FindDataFolder(bindings);
     services.dialogs = dialogs;
-    services.fineEdit = popups == nullptr ? nullptr : popups->GetFineEdit();
-    services.closePopups = [this]
+    if (popups != nullptr)
     {
-        if (popups != nullptr)
-        {
-            popups->CloseAll();
-        }
-    };
+        services.fineEdit = popups->GetFineEdit();
+        services.menus = popups->GetMenus();
+        services.tooltips = popups->GetTooltips();
+        services.closePopups = [this] { popups->CloseAll(); };
+    }
     services.urlOpener = this;
     services.findAction = [this](const char* name) { return FindAction(name); };
     services.fillModel = [this](SkinEngine::ISkinModel& skinModel) { FillModel(skinModel); };

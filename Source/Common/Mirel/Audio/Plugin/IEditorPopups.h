@@ -14,6 +14,7 @@ class IEditorPopups
 public:
     virtual GUI::IDialogs* GetDialogs() = 0;
     virtual GUI::IMenuPresenter* GetMenus() = 0;
+    virtual GUI::ITooltipPresenter* GetTooltips() = 0;
     virtual DataModel::GUIWidgets::IFineEditOpener* GetFineEdit() = 0;
 
     /// Closes what belongs to widgets of a skin, which are about to go.

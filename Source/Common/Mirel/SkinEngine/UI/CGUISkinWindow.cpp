@@ -181,6 +181,8 @@ bool CGUISkinWindow::Parse()
     uiServices.model.urlOpener = services.urlOpener;
     uiServices.findAction = services.findAction;
     uiServices.fineEdit = services.fineEdit;
+    uiServices.menus = services.menus;
+    uiServices.tooltips = services.tooltips;
     uiServices.showItemMessages = [this](CoreUtilities::CMemMessageLog& messages)
     { PresentParseMessages(messages); };
 

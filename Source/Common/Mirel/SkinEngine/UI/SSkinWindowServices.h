@@ -3,6 +3,7 @@
 #include "Mirel/DataModel/GUIWidgets/IFineEditOpener.h"
 #include "Mirel/DataModel/Objects/IConstAction.h"
 #include "Mirel/GUI/Native/Dialogs/IDialogs.h"
+#include "Mirel/GUI/Native/Dialogs/IMenuPresenter.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 #include "Mirel/SkinEngine/Model/IUrlOpener.h"
 #include "Mirel/System/ITickSource.h"
@@ -22,7 +23,11 @@ struct SSkinWindowServices
     GUI::IDialogs* dialogs = nullptr;                        ///< Shows messages; null for nowhere.
     IUrlOpener* urlOpener = nullptr;                         ///< Null: pages do not open.
     const System::ITickSource* tickSource = nullptr;         ///< Null for the clock of the system.
-    DataModel::GUIWidgets::IFineEditOpener* fineEdit = nullptr; ///< Null for none.
+
+    // What widgets open; null for none.
+    DataModel::GUIWidgets::IFineEditOpener* fineEdit = nullptr;
+    GUI::IMenuPresenter* menus = nullptr;
+    GUI::ITooltipPresenter* tooltips = nullptr;
 
     /// The action that a skin calls by name; null for an unknown one. Empty for no such actions.
     std::function<const DataModel::Objects::IConstAction*(const char* name)> findAction{};

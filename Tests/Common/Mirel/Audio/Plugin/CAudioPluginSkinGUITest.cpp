@@ -49,6 +49,7 @@ public:
     CPopupsOfTest(GUI::IDialogs& dialogs_, const GUI::CMenu*& shown) : dialogs(dialogs_), menus(shown) {}
     GUI::IDialogs* GetDialogs() override { return &dialogs; }
     GUI::IMenuPresenter* GetMenus() override { return &menus; }
+    GUI::ITooltipPresenter* GetTooltips() override { return nullptr; }
     DataModel::GUIWidgets::IFineEditOpener* GetFineEdit() override { return nullptr; }
     void CloseAll() override {}
 
@@ -618,6 +619,8 @@ TEST_F(CAudioPluginSkinGUITest, TheStateOfTheModelIsSavedAndLoadedOnOtherThreads
         editor->Pump();
     }
     host.join();
+
+    Pump(); // takes over what was loaded last
 
     // What another thread loads is what is saved from then on, at once.
     zoom->SetValue(0.125F);
