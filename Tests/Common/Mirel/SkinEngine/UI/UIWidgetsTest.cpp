@@ -2,11 +2,17 @@
 #include "Mirel/DataModel/GUIWidgets/CGUICurveViewer.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageActionButton.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamButton.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamDropDownList.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamKnob.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIImageParamLinearMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamToggleSwitch.h"
+#include "Mirel/DataModel/GUIWidgets/CGUIParamTextControl.h"
+#include "Mirel/DataModel/GUIWidgets/CGUISysParamTooltip.h"
+#include "Mirel/DataModel/GUIWidgets/CGUISysStringTooltip.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIXCurveRuler.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIYCurveRuler.h"
+#include "Mirel/DataModel/GUIWidgets/CSkinLinearParamSlider.h"
 #include "Mirel/DataModel/GUIWidgets/CXYCurvesViewer.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CTextLightWidget.h"
@@ -37,10 +43,11 @@ TEST(UIWidgets, ACurveGraphIsReadFromItsAttributes)
 {
     CUIRig rig;
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<CURVE_GRAPH curve_id='c' color='red' pen_style='dot' graph_style='bargraph' "
-                          "anti_alias='false' sample_rate='0.5' orientation='vertical' width='100' height='50' "
-                          "x_zoom='2' x_offset='0.5' y_scale='log' y_zoom_positions='false' x_positions_count='7'/>"
-                          "<CURVE_GRAPH text_color='blue'/>"));
+    EXPECT_TRUE(
+        rig.Build("<CURVE_GRAPH curve_id='c' color='red' pen_style='dot' graph_style='bargraph' "
+                  "anti_alias='false' sample_rate='0.5' orientation='vertical' width='100' height='50' "
+                  "x_zoom='2' x_offset='0.5' y_scale='log' y_zoom_positions='false' x_positions_count='7'/>"
+                  "<CURVE_GRAPH text_color='blue'/>"));
     auto* widget = rig.Widget<CGUICurveViewer>(0);
     ASSERT_NE(widget, nullptr);
     const CCurveGraphics& graph = widget->GetCurveGraphics();
@@ -89,9 +96,10 @@ TEST(UIWidgets, AGraphOfTwoCurvesReadsEachWithItsPrefix)
     CUIRig rig;
     rig.AddCurve("a");
     rig.AddCurve("b");
-    EXPECT_TRUE(rig.Build("<XY_CURVES_GRAPH id='g' x_curve.curve_id='a' y_curve.curve_id='b' graph_style='curve' "
-                          "positions_count='99' x_curve.y_zoom='2' y_curve.y_offset='0.5' width='10' height='10'/>"
-                          "<XY_CURVES_GRAPH x_curve_id='a' y_curve_id='b'/>"));
+    EXPECT_TRUE(
+        rig.Build("<XY_CURVES_GRAPH id='g' x_curve.curve_id='a' y_curve.curve_id='b' graph_style='curve' "
+                  "positions_count='99' x_curve.y_zoom='2' y_curve.y_offset='0.5' width='10' height='10'/>"
+                  "<XY_CURVES_GRAPH x_curve_id='a' y_curve_id='b'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* widget = rig.Widget<CXYCurvesViewer>(0);
     ASSERT_NE(widget, nullptr);
@@ -114,10 +122,11 @@ TEST(UIWidgets, GridsStandOnDescriptionsOrACurve)
     CUIRig rig;
     rig.AddParam("p", 0, 5);
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<GRID x_param_info_id='p.info' y_param_info_id='p.info' color='red' pen_style='dash' "
-                          "subdiv_color='lime' subdiv_pen_style='dot' origin_color='blue' origin_pen_style='dash_dot' "
-                          "x_subdiv_count='3' y_subdiv_count='4' x_positions_count='6'/>"
-                          "<CURVE_GRID id='g' curve_id='c' y_positions_count='3'/><GRID x_param_info_id='p.info'/>"));
+    EXPECT_TRUE(rig.Build(
+        "<GRID x_param_info_id='p.info' y_param_info_id='p.info' color='red' pen_style='dash' "
+        "subdiv_color='lime' subdiv_pen_style='dot' origin_color='blue' origin_pen_style='dash_dot' "
+        "x_subdiv_count='3' y_subdiv_count='4' x_positions_count='6'/>"
+        "<CURVE_GRID id='g' curve_id='c' y_positions_count='3'/><GRID x_param_info_id='p.info'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* grid = rig.Widget<CGUIGrid>(0);
     ASSERT_NE(grid, nullptr);
@@ -141,9 +150,10 @@ TEST(UIWidgets, RulersStandOnADescriptionOrAnAxisOfACurve)
     CUIRig rig;
     rig.AddParam("p", 0, 5);
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<RULER param_info_id='p.info' orientation='vertical' color='red' margin='3' h_margin='4' "
-                          "text_h_align='left' text_v_align='bottom' font_size='9'/>"
-                          "<CURVE_XSCALE curve_id='c' zoom='2'/><CURVE_YSCALE curve_id='c' y_zoom='3'/>"));
+    EXPECT_TRUE(
+        rig.Build("<RULER param_info_id='p.info' orientation='vertical' color='red' margin='3' h_margin='4' "
+                  "text_h_align='left' text_v_align='bottom' font_size='9'/>"
+                  "<CURVE_XSCALE curve_id='c' zoom='2'/><CURVE_YSCALE curve_id='c' y_zoom='3'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     const CGUIRulerGraphics& ruler = rig.Widget<CGUIRuler>(0)->GetRulerGraphics();
     EXPECT_TRUE(ruler.IsVertical());
@@ -198,9 +208,10 @@ TEST(UIWidgets, AKnobIsReadFromItsAttributes)
     ICaptureParam& param = rig.AddParam("p", 0, 10);
     rig.WriteImage("k.png", 20, 60);
     rig.WriteImage("k_hover.png", 20, 60);
-    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB id='k' param_id='p' image='k.png' images_count='3' pixel_range='50' "
-                          "orientation='horizontal' fine_ratio='8' positions_count='11'/>"
-                          "<IMAGE_PARAM_KNOB x_param_id='p' image='k.png' x_zoom='2'/>"));
+    EXPECT_TRUE(
+        rig.Build("<IMAGE_PARAM_KNOB id='k' param_id='p' image='k.png' images_count='3' pixel_range='50' "
+                  "orientation='horizontal' fine_ratio='8' positions_count='11'/>"
+                  "<IMAGE_PARAM_KNOB x_param_id='p' image='k.png' x_zoom='2'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* knob = rig.Widget<CGUIImageParamKnob>(0);
     ASSERT_NE(knob, nullptr);
@@ -261,6 +272,127 @@ TEST(UIWidgets, AMeterShowsAReadOnlyParameter)
     EXPECT_EQ(meter->GetSize(), (GUI::CSize{20, 20}));
     param->SetValue(0.5f);
     EXPECT_EQ(meter->GetMeterGraphics().GetFrame(), 1);
+}
+
+TEST(UIWidgets, ASliderIsReadFromItsAttributes)
+{
+    CUIRig rig;
+    ICaptureParam& param = rig.AddParam("p", 0, 10);
+    rig.WriteImage("s.png", 100, 20);
+    rig.WriteImage("t.png", 10, 10);
+    rig.WriteImage("t_selected.png", 10, 10);
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_SLIDER id='s' param_id='p' image='s.png' thumb_image='t.png' "
+                          "orientation='horizontal' margin_before='10' margin_after='20' positions_count='6' "
+                          "pixel_range='77' fine_ratio='4'/>"
+                          "<IMAGE_PARAM_SLIDER param_id='p' thumb_image='t.png' width='30' height='90'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* slider = rig.Widget<CSkinLinearParamSlider>(0);
+    ASSERT_NE(slider, nullptr);
+    EXPECT_EQ(slider->GetSize(), (GUI::CSize{100, 20}));
+    EXPECT_EQ(slider->GetSliderGraphics().GetTrack(), (CLinearTrack{true, 10, 20}));
+    EXPECT_EQ(slider->GetControl().GetPositionsCount(), 6);
+    EXPECT_EQ(slider->GetControl().GetFineRatio(), 4);
+    param.SetValue(10);
+    // At the end of the track, less the margin.
+    EXPECT_EQ(slider->GetSliderGraphics().GetThumbArea().x, 75);
+    EXPECT_TRUE(rig.Has("s.zoom"));
+    EXPECT_EQ(rig.images.GetCount(), 3U);
+    auto* plain = rig.Widget<CSkinLinearParamSlider>(1);
+    EXPECT_EQ(plain->GetSize(), (GUI::CSize{30, 90}));
+    EXPECT_FALSE(plain->GetSliderGraphics().GetTrack().horizontal);
+}
+
+TEST(UIWidgets, ALinearMeterIsReadFromItsAttributes)
+{
+    CUIRig rig;
+    rig.AddParam("p");
+    rig.WriteImage("m.png", 20, 100);
+    EXPECT_TRUE(rig.Build(
+        "<IMAGE_PARAM_LINEAR_METER param_id='p' image='m.png' margin_before='5' margin_after='6'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* meter = rig.Widget<CGUIImageParamLinearMeter>();
+    ASSERT_NE(meter, nullptr);
+    EXPECT_EQ(meter->GetMeterGraphics().GetTrack(), (CLinearTrack{false, 5, 6}));
+    EXPECT_EQ(meter->GetSize(), (GUI::CSize{20, 100}));
+}
+
+TEST(UIWidgets, ListsOfValuesStandOnParameters)
+{
+    CUIRig rig;
+    rig.AddParam("p");
+    rig.WriteImage("b.png", 20, 10);
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_MENU_BUTTON id='m' param_id='p' image='b.png'/>"
+                          "<INVISIBLE_PARAM_MENU_BUTTON param_id='p' width='30' height='9'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    EXPECT_NE(rig.Widget<CGUIImageParamDropDownList>(0), nullptr);
+    EXPECT_NE(rig.Widget<CGUIInvisibleParamDropDownList>(1), nullptr);
+    EXPECT_EQ(rig.Widget(1)->GetSize(), (GUI::CSize{30, 9}));
+    EXPECT_TRUE(rig.Has("m.pushed"));
+}
+
+TEST(UIWidgets, TextsOfParametersShowTheirValues)
+{
+    CUIRig rig;
+    ICaptureParam& param = rig.AddParam("p", 0, 100);
+    EXPECT_TRUE(rig.Build("<PARAM_TEXT param_id='p' text_color='red'/>"
+                          "<PARAM_TEXT_CONTROL id='c' param_id='p' text_color_hover='blue' pixel_range='40' "
+                          "orientation='horizontal' width='60' height='12'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    auto* text = rig.Widget<CGUIParamTextWidget>(0);
+    ASSERT_NE(text, nullptr);
+    EXPECT_STREQ(text->GetText(), "0.00");
+    EXPECT_EQ(text->GetTextDrawer().GetColor(), (Graphics::CColor{255, 0, 0}));
+    const int width = text->GetSize().width;
+    param.SetValue(100);
+    EXPECT_STREQ(text->GetText(), "100.00");
+    // There is room for it from the beginning.
+    EXPECT_LE(text->GetTextDrawer().GetNaturalSize().width, width);
+    auto* control = rig.Widget<CGUIParamTextControl>(1);
+    ASSERT_NE(control, nullptr);
+    EXPECT_EQ(control->GetSize(), (GUI::CSize{60, 12}));
+    EXPECT_TRUE(control->GetMouseControl().IsHorizontal());
+    EXPECT_FLOAT_EQ(control->GetMouseControl().GetPixelRange(), 40);
+    EXPECT_FLOAT_EQ(rig.Value("c.value"), 1);
+    EXPECT_STREQ(rig.Param("c.value").GetInfo().GetName(), "c.value");
+    EXPECT_EQ(rig.Param("c.value").GetInfo().GetType(), ValueKindInteger);
+    rig.Param("c.value").SetValue(0);
+    EXPECT_FLOAT_EQ(param.GetValue(), 0);
+}
+
+TEST(UIWidgets, TooltipsExplainTheWidgetThatTheyStandIn)
+{
+    class CTips : public GUI::ITooltipPresenter
+    {
+    public:
+        void Show(const std::string&, const GUI::INativeWindow&, GUI::CPoint) override {}
+        void Hide() override {}
+    } tips;
+    CUIRig rig;
+    rig.services.tooltips = &tips;
+    rig.AddParam("p");
+    rig.AddString("s", "hint");
+    EXPECT_TRUE(
+        rig.Build("<IMAGE_PARAM_KNOB param_id='p'><PARAM_TOOLTIP param_id='p' delay_ms='7' show_time_ms='8' "
+                  "tip_style='balloon' background_color='red' text_color='blue'/></IMAGE_PARAM_KNOB>"
+                  "<TOOLTIP string_id='s' width='50' height='40' show_on_click='true'/>"
+                  "<TEXT value='a'><TOOLTIP text='plain'/></TEXT>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    const auto* inKnob = rig.Widget<CGUISysParamTooltip>(0, 0);
+    ASSERT_NE(inKnob, nullptr);
+    EXPECT_EQ(inKnob->GetTipText(), "0.00");
+    EXPECT_EQ(inKnob->GetStyle().delayMs, 7);
+    EXPECT_EQ(inKnob->GetStyle().showTimeMs, 8);
+    EXPECT_TRUE(inKnob->GetStyle().isBalloon);
+    EXPECT_EQ(inKnob->GetStyle().background, (Graphics::CColor{255, 0, 0}));
+    EXPECT_EQ(inKnob->GetStyle().textColor, (Graphics::CColor{0, 0, 255}));
+    const auto* laidOver = rig.Widget<CGUISysStringTooltip>(1);
+    ASSERT_NE(laidOver, nullptr);
+    EXPECT_EQ(laidOver->GetTipText(), "hint");
+    EXPECT_EQ(laidOver->GetSize(), (GUI::CSize{50, 40}));
+    EXPECT_FALSE(laidOver->GetStyle().background.has_value());
+    EXPECT_FALSE(laidOver->GetStyle().textColor.has_value());
+    EXPECT_EQ(rig.Widget<CGUISysStringTooltip>(2, 0)->GetTipText(), "plain");
+    rig.Close();
 }
 
 TEST(UIWidgets, ButtonsAndSwitchesStandOnParameters)
@@ -351,10 +483,12 @@ TEST(UIWidgets, AWidgetWithoutItsObjectStandsOnThePlaceholderUntilItComes)
 TEST(UICollections, HaveAsManyItemsAsTheirCount)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<ROW width='400' height='300' internal_h_align='left'><TEXT width='10' height='9'/>"
-                          "<COLLECTION id='c' count='3' max_count='2'><TEXT id='$item_id$.t' width='20' height='9'/></COLLECTION>"
-                          "<COLLECTION id='d' item_name='me'><TEXT id='$me$.t' width='30' height='9'/></COLLECTION>"
-                          "<TEXT width='40' height='9'/></ROW>"));
+    EXPECT_TRUE(
+        rig.Build("<ROW width='400' height='300' internal_h_align='left'><TEXT width='10' height='9'/>"
+                  "<COLLECTION id='c' count='3' max_count='2'><TEXT id='$item_id$.t' width='20' "
+                  "height='9'/></COLLECTION>"
+                  "<COLLECTION id='d' item_name='me'><TEXT id='$me$.t' width='30' height='9'/></COLLECTION>"
+                  "<TEXT width='40' height='9'/></ROW>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_FLOAT_EQ(rig.Value("c.count"), 2);
     EXPECT_TRUE(rig.Has("c[1].t.visible"));
@@ -398,7 +532,8 @@ TEST(UICollections, FollowOthersOfModelAndSkin)
 TEST(UICollections, RowsOfTablesMayBeItems)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<TABLE><COLLECTION id='c' count='2'><TABLE_ROW><TEXT width='20' height='10'/></TABLE_ROW></COLLECTION></TABLE>"));
+    EXPECT_TRUE(rig.Build("<TABLE><COLLECTION id='c' count='2'><TABLE_ROW><TEXT width='20' "
+                          "height='10'/></TABLE_ROW></COLLECTION></TABLE>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_EQ(rig.Place(1)[1] - rig.Place(0)[1], 10);
     rig.Param("c.count").SetValue(4);
@@ -410,9 +545,10 @@ TEST(UICollections, RowsOfTablesMayBeItems)
 TEST(UICollections, MayBeEmptyNamelessOrNested)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='e' count='2'/><COLLECTION id='' count='2'><TEXT id='t$item_id$'/></COLLECTION>"
-                          "<COLLECTION id='n' count='2'><COLLECTION id='$item_id$.in' count='3' item_name='inner'>"
-                          "<TEXT id='$inner$'/></COLLECTION></COLLECTION>"));
+    EXPECT_TRUE(rig.Build(
+        "<COLLECTION id='e' count='2'/><COLLECTION id='' count='2'><TEXT id='t$item_id$'/></COLLECTION>"
+        "<COLLECTION id='n' count='2'><COLLECTION id='$item_id$.in' count='3' item_name='inner'>"
+        "<TEXT id='$inner$'/></COLLECTION></COLLECTION>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_FLOAT_EQ(rig.Value("e.count"), 2);
     EXPECT_FALSE(rig.Has(".count"));
@@ -431,7 +567,8 @@ TEST(UICollections, MayBeEmptyNamelessOrNested)
 TEST(UICollections, FailuresAreReported)
 {
     CUIRig rig;
-    EXPECT_FALSE(rig.Build("<COLLECTION><TEXT/></COLLECTION><FOREACH><TEXT/></FOREACH><FOREACH id='f' collection_id='x'><TEXT/></FOREACH>"));
+    EXPECT_FALSE(rig.Build("<COLLECTION><TEXT/></COLLECTION><FOREACH><TEXT/></FOREACH><FOREACH id='f' "
+                           "collection_id='x'><TEXT/></FOREACH>"));
     EXPECT_THAT(rig.TakeMessages(),
                 ElementsAre("0: Cannot create collection, id field is empty.",
                             "0: Cannot create \"foreach\" collection, collection_id field is empty.",
@@ -454,9 +591,10 @@ TEST(UICollections, MessagesOfItemsAreShownOnlyWithErrors)
 TEST(UICollections, WhatItemsReferToIsMarkedAsAPattern)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c'><IMAGE_PARAM_KNOB param_id='$item_id$.p'/></COLLECTION>"
-                          "<FOREACH id='f' collection_id='c'><CURVE_GRAPH curve_id='$c_item_id$.q'/></FOREACH>",
-                          false));
+    EXPECT_TRUE(
+        rig.Build("<COLLECTION id='c'><IMAGE_PARAM_KNOB param_id='$item_id$.p'/></COLLECTION>"
+                  "<FOREACH id='f' collection_id='c'><CURVE_GRAPH curve_id='$c_item_id$.q'/></FOREACH>",
+                  false));
     EXPECT_TRUE(rig.model.GetExposure().IsWanted("c[7].p"));
     EXPECT_TRUE(rig.model.GetExposure().IsWanted("c[8].q"));
     EXPECT_FALSE(rig.model.GetExposure().IsWanted("c[8].r"));
@@ -466,8 +604,9 @@ TEST(UICollections, WhatItemsReferToIsMarkedAsAPattern)
 TEST(UICollections, GoWithTheSkin)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c' count='2'><IMAGE_GROUP_BOX id='$item_id$'><TEXT/></IMAGE_GROUP_BOX></COLLECTION>"
-                          "<FOREACH id='f' collection_id='c'><TEXT/></FOREACH>"));
+    EXPECT_TRUE(rig.Build(
+        "<COLLECTION id='c' count='2'><IMAGE_GROUP_BOX id='$item_id$'><TEXT/></IMAGE_GROUP_BOX></COLLECTION>"
+        "<FOREACH id='f' collection_id='c'><TEXT/></FOREACH>"));
     EXPECT_EQ(rig.light.GetChildCount(), 4);
     rig.Close();
     EXPECT_EQ(rig.light.GetChildCount(), 0);
