@@ -1,9 +1,13 @@
 #include "SkinCheck/CheckSkin.h"
 
+#include "Mirel/Audio/Plugin/PluginVariables.h"
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 #include "Mirel/SkinEngine/Model/CSkinModelFactory.h"
+#include "SkinCheck/CPluginObjects.h"
+
+#include <memory>
 
 namespace SkinCheck
 {
@@ -76,8 +80,16 @@ void BuildModel(const SCheckOptions& options, SCheckResult& result)
     CSkinParser parser(result.log);
     CElementPrinter elements;
     result.log.SetParser(&parser);
+    const auto plugin = options.plugin ? std::make_unique<CPluginObjects>() : nullptr;
     CSkinModel model(&result.log);
     CSkinModelFactory factory(parser, result.log, model);
+    if (plugin != nullptr)
+    {
+        for (const auto& [name, value] : Mirel::Audio::Plugin::DescribePlugin(plugin->GetBindings()))
+        {
+            factory.SetVariable(name.c_str(), value.c_str());
+        }
+    }
     for (const auto& [name, value] : options.variables)
     {
         factory.SetVariable(name.c_str(), value.c_str());
@@ -86,6 +98,10 @@ void BuildModel(const SCheckOptions& options, SCheckResult& result)
     // After a pre-pass of its own everything is built, as in the product.
     if (options.onlyMarked || factory.PreParse(options.path.c_str()))
     {
+        if (plugin != nullptr)
+        {
+            plugin->AddTo(model);
+        }
         factory.Parse(options.path.c_str(), true);
     }
     parser.SetElementListener(nullptr);

@@ -17,6 +17,7 @@ struct SCheckOptions
     std::string path;
     std::vector<std::pair<std::string, std::string>> variables;
     bool onlyMarked = false; ///< Build only what the file itself marks, as for a shared model.
+    bool plugin = false;     ///< Give a model the objects and variables of the plug-in.
 };
 
 struct SCheckResult

@@ -132,7 +132,8 @@ void PrintList(std::ostream& out, const char* name, const Items& items, const Pr
 
 void PrintElementAsJson(std::ostream& out, const SExpandedElement& element)
 {
-    out << "{\"depth\": " << element.depth << ", \"name\": " << JsonText(element.name) << ", \"attributes\": {";
+    out << "{\"depth\": " << element.depth << ", \"name\": " << JsonText(element.name)
+        << ", \"attributes\": {";
     const char* separator = "";
     for (const auto& [name, value] : element.attributes)
     {
@@ -165,8 +166,8 @@ void PrintJson(const SCheckResult& result, const SOptions& options, std::ostream
                   {
                       out << "{\"id\": " << JsonText(object.id) << ", \"kind\": " << JsonText(object.kind)
                           << ", \"writable\": " << (object.writable ? "true" : "false")
-                          << ", \"value\": " << JsonText(object.value) << ", \"info\": " << JsonText(object.info)
-                          << "}";
+                          << ", \"value\": " << JsonText(object.value)
+                          << ", \"info\": " << JsonText(object.info) << "}";
                   });
         std::vector<SExpandedElement> links;
         std::copy_if(result.elements.begin(), result.elements.end(), std::back_inserter(links), IsLink);
@@ -202,6 +203,8 @@ void AddOptions(CLI::App& app, SOptions& options, std::vector<std::string>& vari
     app.add_flag("--dump", options.dump, "Show the objects of a model, with kinds and values, and its links");
     app.add_flag("--state", options.state, "Show the state of a model as XML");
     app.add_flag("--only-marked", options.check.onlyMarked, "Build only what the model itself refers to");
+    app.add_flag("--plugin", options.check.plugin,
+                 "Give a model what the plug-in gives it: the objects dsp.* and midi.*, and its variables");
     app.add_option("--variable", variables, "A variable for the file, as NAME=VALUE")
         ->allow_extra_args(false);
     app.add_option("--formula", options.formula, "Evaluate a formula instead of reading a file");

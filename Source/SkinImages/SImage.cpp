@@ -44,7 +44,7 @@ const std::vector<SImage>& GetImages()
         {"direction", 44, 26, &PaintDirection, 2, buttonStates},
         {"bypass", 72, 24, &PaintBypass, 2, buttonStates},
         {"knob", 44, 44, &PaintKnob, 65, buttonStates},
-        {"slider_track", 128, 18, &PaintSliderTrack},
+        {"slider_track", 120, 18, &PaintSliderTrack},
         {"slider_thumb", 11, 18, &PaintSliderThumb, 1, thumbStates},
         {"marker", 14, 11, &PaintMarker, 1, thumbStates},
         {"clip_lamp", 10, 10, &PaintClipLamp, 2},

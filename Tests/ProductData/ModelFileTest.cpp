@@ -1,5 +1,6 @@
 #include "CProductInstance.h"
 #include "Support/CFakeTimerProvider.h"
+#include "Support/CManualTickSource.h"
 
 #include <array>
 #include <cmath>
@@ -39,7 +40,8 @@ struct ModelFileTest : testing::Test
 
     Tests::CProductInstance instance;
     Tests::CFakeTimerProvider timers;
-    CPluginSkinModel model{instance->GetBindings(), {}};
+    Tests::CManualTickSource clock;
+    CPluginSkinModel model{instance->GetBindings(), {nullptr, &clock, nullptr}};
     bool loaded = false;
 };
 
@@ -115,6 +117,29 @@ TEST_F(ModelFileTest, TheTriggersLevelIsAFlatCurve)
     const auto& level = Get<IConstCaptureCurve>("view.trigger_level").GetValue();
     EXPECT_FLOAT_EQ(level(-1.0F), 0.25F);
     EXPECT_FLOAT_EQ(level(0.0F), 0.25F);
+}
+
+TEST_F(ModelFileTest, EveryMidiMessageLightsTheLampForAWhile)
+{
+    const auto wait = [this](int ticks)
+    {
+        for (; ticks > 0; --ticks)
+        {
+            clock.AdvanceMilliseconds(30);
+            timers.Tick();
+        }
+    };
+    wait(20);
+    EXPECT_FLOAT_EQ(ValueOf("midi.lamp"), 0.0F);
+    // The same controller again: only its value differs.
+    for (const std::uint8_t value : {std::uint8_t{64}, std::uint8_t{65}})
+    {
+        instance->ProcessMIDI({0xB0, 20, value});
+        wait(4);
+        EXPECT_GT(ValueOf("midi.lamp"), 0.3F);
+        wait(20);
+        EXPECT_FLOAT_EQ(ValueOf("midi.lamp"), 0.0F);
+    }
 }
 
 TEST_F(ModelFileTest, HelpTellsNameValueAndPurpose)

@@ -52,6 +52,23 @@ protected:
     std::string errors;
 };
 
+TEST_F(SkinCheckProgram, ThePluginsObjectsAreThereIfTheyAreAskedFor)
+{
+    const char* linked = "<MODEL><PARAM id='a'/><PARAM_LINK from='dsp.input5' to='a'/></MODEL>";
+    EXPECT_EQ(Check(linked), 2);
+    EXPECT_EQ(Check(linked, {"--plugin"}), 0);
+    EXPECT_THAT(out, IsEmpty());
+}
+
+TEST_F(SkinCheckProgram, ThePluginsVariablesAreThereIfTheyAreAskedFor)
+{
+    const char* repeated =
+        "<MODEL><REPEAT count='$PLUGIN_INPUT_PARAMS_COUNT$'><PARAM id='p$index$'/></REPEAT></MODEL>";
+    EXPECT_EQ(Check(repeated, {"--plugin", "--dump"}), 0);
+    EXPECT_THAT(out, HasSubstr("p6"));
+    EXPECT_THAT(out, Not(HasSubstr("p7")));
+}
+
 TEST_F(SkinCheckProgram, ACleanFileSaysNothing)
 {
     EXPECT_EQ(Check("<MODEL><PARAM id='a'/></MODEL>"), 0);

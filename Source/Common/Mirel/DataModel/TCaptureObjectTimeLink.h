@@ -80,6 +80,7 @@ public:
         }
         stopwatch.Start();
         running = true;
+        ++glides;
         const Core::CLifeToken::CWatch watch(this->GetLife());
         if (!target->IsCaptured())
         {
@@ -131,8 +132,10 @@ private:
         const double fraction =
             TakesTime() ? std::min(1.0, stopwatch.GetElapsedMilliseconds() / durationMs) : 1.0;
         const Core::CLifeToken::CWatch watch(this->GetLife());
+        const unsigned present = glides;
         const bool arrived = Step(*this->GetTarget(), fraction);
-        if (watch.IsAlive() && running && (arrived || fraction >= 1.0))
+        // Who listens to the target may have begun another glide.
+        if (watch.IsAlive() && running && glides == present && (arrived || fraction >= 1.0))
         {
             Finish();
         }
@@ -151,6 +154,7 @@ private:
     double durationMs = 0.0;
     System::CPreciseCPUWatch stopwatch;
     bool running = false;
+    unsigned glides = 0;   ///< Begun so far.
     bool captured = false; ///< The target is captured for the sake of the glide.
     Core::TCommand<TCaptureObjectTimeLink> tick{this, &TCaptureObjectTimeLink::Tick};
     CRefreshTimer timer{tick};

@@ -278,3 +278,26 @@ TEST_F(CCaptureParamTimeLinkTest, AListenerOfTheTargetMayDestroyTheLink)
         event->Disconnect(&destroy);
     }
 }
+
+TEST_F(CCaptureParamTimeLinkTest, AGlideThatTheArrivalBeginsRuns)
+{
+    CFunctionCommand turn(
+        [this]
+        {
+            if (target.GetValue() >= 8.0f)
+            {
+                source.SetValue(0.0f);
+            }
+        });
+    target.GetValueChangedEventProvider().Connect(turn);
+    source.SetValue(8.0f);
+    Pass(100);
+    EXPECT_TRUE(link->IsRunning());
+    Pass(50);
+    EXPECT_EQ(target.GetValue(), 4.0f);
+    Pass(50);
+    EXPECT_EQ(target.GetValue(), 0.0f);
+    EXPECT_FALSE(link->IsRunning());
+    EXPECT_FALSE(target.IsCaptured());
+    target.GetValueChangedEventProvider().Disconnect(&turn);
+}
