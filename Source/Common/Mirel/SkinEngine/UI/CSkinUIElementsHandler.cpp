@@ -138,7 +138,10 @@ private:
         {
             RegisterStart(parser, element.name,
                           [this, handle = element.build](const CNamedAttributes& attributes)
-                          { return modelBuild.TakeElement() && handle(modelBuild, attributes); });
+                          {
+                              hasModelElements = true;
+                              return modelBuild.TakeElement() && handle(modelBuild, attributes);
+                          });
         }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
@@ -179,7 +182,7 @@ private:
     bool Finish()
     {
         const bool built = build.Finish();
-        return modelBuild.Finish() && built;
+        return (!std::exchange(hasModelElements, false) || modelBuild.Finish()) && built;
     }
 
     void RegisterMarks()
@@ -223,6 +226,7 @@ private:
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
     CModelBuild modelBuild; ///< Of the elements of the model dialect, for the skin's own part of the model.
+    bool hasModelElements = false;
     CUIBuild build;
     CNamedAttributes variables;
     bool preParsed = false;
