@@ -2,7 +2,9 @@
 
 #include "Mirel/SkinEngine/Language/IParsedTemplate.h"
 #include "Mirel/SkinEngine/Model/CDictionaryLogExchange.h"
+#include "Mirel/SkinEngine/Model/CModelBuild.h"
 #include "Mirel/SkinEngine/Model/CollectionMarks.h"
+#include "Mirel/SkinEngine/Model/ModelElements.h"
 #include "Mirel/SkinEngine/Model/ParserHandlers.h"
 #include "Mirel/SkinEngine/UI/CUIBuild.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
@@ -45,8 +47,11 @@ public:
         : parser(parser_),
           log(log_),
           data(data_),
+          modelBuild(parser_, log_, data_.GetModel(), nullptr, context_),
           build(parser_, log_, data_, services_, root_, std::move(context_))
     {
+        // Of its own a skin builds all that it has; the pre-pass is about the objects of others.
+        data.GetModel().GetExposure().Use("*");
     }
 
     bool PreParse(const char* path)
@@ -77,6 +82,7 @@ public:
         void* noContext = nullptr;
         const std::unique_ptr<IParsedTemplate> rest(parser.StopRecording(noContext));
         build.Drop();
+        modelBuild.Drop();
         return succeeded || Fail();
     }
 
@@ -91,7 +97,8 @@ public:
     bool EndItem()
     {
         const CDictionaryLogExchange wholeReports(data.GetWholeModel().GetObjects(), &log);
-        return build.Finish();
+        const bool succeeded = build.Finish();
+        return FinishModel() && succeeded;
     }
 
     int GetElements() const { return build.GetElements(); }
@@ -111,8 +118,34 @@ private:
         return parser.ParseFile(path);
     }
 
+    /// The links of the skin come once all widgets are there, whose objects they move.
+    bool FinishModel()
+    {
+        if (!std::exchange(hasModelElements, false))
+        {
+            return true;
+        }
+        const bool succeeded = modelBuild.Finish();
+        const auto& persistent = std::as_const(data.GetModel()).GetPersistentObjects();
+        const std::unique_ptr<ISkinDynamicObjectsConstIterator> entry(persistent.CreateIterator());
+        for (; entry->IsValid(); entry->Next())
+        {
+            data.GetWholeModel().MakePersistent(entry->GetId(), true);
+        }
+        return succeeded;
+    }
+
     void RegisterBuilders()
     {
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, handle = element.build](const CNamedAttributes& attributes)
+                          {
+                              hasModelElements = true;
+                              return modelBuild.TakeElement() && handle(modelBuild, attributes);
+                          });
+        }
         RegisterStart(parser, rootElement,
                       [this](const CNamedAttributes& attributes) { return StartRoot(attributes); });
         RegisterEnd(parser, rootElement, [this] { return EndRoot(); });
@@ -155,7 +188,8 @@ private:
     {
         preParsed = false;
         Layout::CBaseGroupLayoutCell* const group = build.GetScope().group;
-        const bool succeeded = build.Finish();
+        const bool isBuilt = build.Finish();
+        const bool succeeded = FinishModel() && isBuilt;
         if (group != nullptr)
         {
             group->SetAutoUpdate(true);
@@ -171,6 +205,13 @@ private:
             return true;
         };
         RegisterStart(parser, rootElement, mark);
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, &element](const CNamedAttributes& attributes) {
+                              return element.mark({build.GetExposure(), log, element.name}, attributes);
+                          });
+        }
         for (const SUIElement& element : uiElements)
         {
             RegisterStart(parser, element.name, mark);
@@ -195,9 +236,11 @@ private:
     CSkinParser& parser;
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
+    CModelBuild modelBuild; ///< Of the model elements that stand in the skin.
     CUIBuild build;
     CNamedAttributes variables;
     bool preParsed = false;
+    bool hasModelElements = false;
 };
 
 CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_,
@@ -213,8 +256,8 @@ CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtiliti
                                                CGUISkinData& data_, const SSkinUIServices& services_,
                                                const SUIScope& scope,
                                                std::shared_ptr<CSkinModelContext> context_)
-    : implementation(std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr,
-                                                       std::move(context_)))
+    : implementation(
+          std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr, std::move(context_)))
 {
     implementation->StartItem(scope);
 }
