@@ -1,6 +1,7 @@
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
 
 #include "Mirel/DataModel/Objects/CCaptureParam.h"
+#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/SkinEngine/Model/CModelImport.h"
 #include "SkinWindowRig.h"
@@ -362,7 +363,7 @@ TEST_F(CGUISkinWindowTest, ObjectsOfTheProgramAreThereIfTheSkinWantsThem)
 TEST_F(CGUISkinWindowTest, LinksInASkinMoveTheObjectsOfItsWidgets)
 {
     CSkinModel outside;
-    CCaptureParam level;
+    CCaptureParam level(CParamInfo(ValueKindReal, 0.0F, 1.0F, 0.0F, "Level", "", ""));
     level.SetValue(0.5F);
     outside.AddParam("dsp.level", &level, 1, false);
     std::unique_ptr<CModelImport> import;
