@@ -1,9 +1,10 @@
 #include "AAXPlugin/EditorFactory.h"
 
+#include "AAXPlugin/CEditorPopups.h"
 #include "AAXPlugin/Identity.h"
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
-#include "Mirel/GUI/Native/Dialogs/CDesktopDialogs.h"
+#include "Mirel/Audio/Plugin/PluginVariables.h"
 
 namespace MirelExt::AAXPlugin
 {
@@ -15,12 +16,12 @@ namespace
 {
 
 /// Where nobody sees a window, nobody is asked.
-std::unique_ptr<IDialogs> MakeDialogs(INativePlatform& platform)
+std::unique_ptr<IEditorPopups> MakePopups(CWindow& window, const std::string& dataFolder)
 {
-    return platform.HasDisplay() ? std::make_unique<CDesktopDialogs>(platform.GetRunLoop()) : nullptr;
+    return window.GetPlatform().HasDisplay() ? std::make_unique<CEditorPopups>(window, dataFolder) : nullptr;
 }
 
-SSkinEditorOptions MakeOptions()
+SSkinEditorOptions MakeOptions(CAudioPluginInternalsBase& internals)
 {
     SSkinEditorOptions options;
     options.productName = ProductName;
@@ -30,7 +31,8 @@ SSkinEditorOptions MakeOptions()
     options.website = WebsiteAddress;
     options.updatesPage = UpdatesAddress;
     options.skinsPage = SkinsAddress;
-    options.makeDialogs = MakeDialogs;
+    options.makePopups = [dataFolder = FindDataFolder(internals.GetBindings())](CWindow& window)
+    { return MakePopups(window, dataFolder); };
     return options;
 }
 
@@ -39,7 +41,7 @@ SSkinEditorOptions MakeOptions()
 void SetEditorFactory(CAudioPluginInternalsBase& internals)
 {
     internals.GetEditor().SetFactory(
-        [&internals] { return std::make_unique<CAudioPluginSkinGUI>(internals, MakeOptions()); });
+        [&internals] { return std::make_unique<CAudioPluginSkinGUI>(internals, MakeOptions(internals)); });
 }
 
 } // namespace MirelExt::AAXPlugin

@@ -133,8 +133,8 @@ bool CAudioPluginSkinGUI::MakeFrame(const SEditorPlace& place)
     {
         return false;
     }
-    dialogs = options.makeDialogs ? options.makeDialogs(*platform) : nullptr;
-    menus = options.makeMenus ? options.makeMenus(*platform) : nullptr;
+    popups = options.makePopups ? options.makePopups(*frame) : nullptr;
+    dialogs = popups == nullptr ? nullptr : popups->GetDialogs();
     return true;
 }
 
@@ -143,7 +143,14 @@ void CAudioPluginSkinGUI::MakeWindow()
     const CAudioPluginBindings bindings = internals.GetBindings();
     SkinEngine::SSkinWindowServices services;
     services.dataFolder = FindDataFolder(bindings);
-    services.dialogs = dialogs.get();
+    services.dialogs = dialogs;
+    if (popups != nullptr)
+    {
+        services.fineEdit = popups->GetFineEdit();
+        services.menus = popups->GetMenus();
+        services.tooltips = popups->GetTooltips();
+        services.closePopups = [this] { popups->CloseAll(); };
+    }
     services.urlOpener = this;
     services.findAction = [this](const char* name) { return FindAction(name); };
     services.fillModel = [this](SkinEngine::ISkinModel& skinModel) { FillModel(skinModel); };
@@ -233,9 +240,6 @@ void CAudioPluginSkinGUI::Close()
         internals.GetEditorState().Detach();
     }
     rateChanged.reset();
-    menus.reset();
-    openMenu.reset();
-    dialogs.reset();
     if (window != nullptr)
     {
         Core::ICommand* delivery = &deliverChanges;
@@ -243,6 +247,9 @@ void CAudioPluginSkinGUI::Close()
         window->CloseSkin();
         LeaveModel();
     }
+    dialogs = nullptr;
+    popups.reset();
+    openMenu.reset();
     import.reset();
     window.reset();
     actions.clear();

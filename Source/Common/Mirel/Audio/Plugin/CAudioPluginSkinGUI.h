@@ -2,14 +2,13 @@
 
 #include "Mirel/Audio/Plugin/CPluginSkinModel.h"
 #include "Mirel/Audio/Plugin/IAudioPluginEditor.h"
+#include "Mirel/Audio/Plugin/IEditorPopups.h"
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
 #include "Mirel/DataModel/Objects/CAction.h"
 #include "Mirel/GUI/CWindow.h"
 #include "Mirel/GUI/Native/CNativeRunLoop.h"
 #include "Mirel/GUI/Native/Dialogs/CMenu.h"
-#include "Mirel/GUI/Native/Dialogs/IDialogs.h"
-#include "Mirel/GUI/Native/Dialogs/IMenuPresenter.h"
 #include "Mirel/Serialization/DataStreams.h"
 #include "Mirel/SkinEngine/Model/CModelImport.h"
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
@@ -40,11 +39,8 @@ struct SSkinEditorOptions
     std::string updatesPage;
     std::string skinsPage;
 
-    /// Makes what shows messages and asks for files; null and empty for nothing, as where there is no user.
-    std::function<std::unique_ptr<GUI::IDialogs>(GUI::INativePlatform& platform)> makeDialogs;
-
-    /// Makes what shows menus; null and empty for nothing.
-    std::function<std::unique_ptr<GUI::IMenuPresenter>(GUI::INativePlatform& platform)> makeMenus;
+    /// Makes what opens over the window of an editor; empty for nothing.
+    std::function<std::unique_ptr<IEditorPopups>(GUI::CWindow& window)> makePopups;
 };
 
 /// The editor of an instance: shows it by a skin, decides which, and offers the plug-in's menu. It neither
@@ -167,10 +163,10 @@ private:
     // From the open to the close, in this order.
     std::unique_ptr<GUI::CNativeRunLoop> loop;
     std::unique_ptr<GUI::INativePlatform> platform;
-    std::unique_ptr<GUI::IDialogs> dialogs;
-    std::unique_ptr<GUI::IMenuPresenter> menus;
-    std::unique_ptr<GUI::CMenu> openMenu;
     std::unique_ptr<GUI::CWindow> frame; ///< The child of the host's window.
+    std::unique_ptr<GUI::CMenu> openMenu;
+    std::unique_ptr<IEditorPopups> popups;
+    GUI::IDialogs* dialogs = nullptr; ///< Of the popups; null for none.
     std::unique_ptr<SkinEngine::CGUISkinWindow> window;
     std::map<std::string, std::unique_ptr<DataModel::Objects::CAction>> actions;
     std::shared_ptr<CPluginSkinModel> model;

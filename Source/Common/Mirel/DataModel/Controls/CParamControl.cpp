@@ -23,6 +23,14 @@ void CParamControl::SetPosition(float newPosition)
     }
 }
 
+void CParamControl::SetValue(float newValue)
+{
+    if (IsEditable() && !std::isnan(newValue))
+    {
+        param.SetValue(newValue);
+    }
+}
+
 void CParamControl::SetDefault()
 {
     if (IsEditable())

@@ -32,6 +32,9 @@ public:
     /// the control is not editable.
     virtual void SetPosition(float newPosition);
 
+    /// Sets the value itself, past the axis, if editable; NaN is ignored.
+    virtual void SetValue(float newValue);
+
     /// Sets the description's default, if editable.
     virtual void SetDefault();
 

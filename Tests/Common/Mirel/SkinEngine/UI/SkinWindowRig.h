@@ -4,9 +4,9 @@
 #include "Mirel/GUI/Native/CNativeRunLoop.h"
 #include "Mirel/GUI/Native/Offscreen/COffscreenPlatform.h"
 #include "Mirel/GUI/Native/Offscreen/COffscreenWindow.h"
+#include "Mirel/Graphics/CBitmapContext.h"
 #include "Mirel/SkinEngine/Model/ObjectLookup.h"
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
-#include "Support/CManualTickSource.h"
 #include "Support/CScriptedDialogs.h"
 #include "Support/CTemporaryFolder.h"
 #include "Support/DataFolder.h"
@@ -14,10 +14,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <string>
-#include <thread>
 
 namespace Mirel::SkinEngine
 {
@@ -99,9 +99,12 @@ struct SkinWindowRig : testing::Test
     std::uint32_t PixelAt(int x, int y)
     {
         const Graphics::CBitmap& picture = frame.PaintPicture();
-        const std::unique_ptr<Graphics::IPixelAccess> pixels =
-            const_cast<Graphics::CBitmap&>(picture).CreatePixelAccess();
-        return pixels->GetPixel({x, y}).Pack() & 0xFFFFFFU;
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel,
+                    picture.GetData() + std::ptrdiff_t{y} * picture.GetContext()->GetStride() +
+                        std::ptrdiff_t{x} * 4,
+                    sizeof(pixel));
+        return pixel & 0xFFFFFFU;
     }
 
     Tests::CTemporaryFolder folder;
@@ -112,7 +115,7 @@ struct SkinWindowRig : testing::Test
     std::unique_ptr<CGUISkinWindow> window;
 };
 
-/// A widget of a size, whose refers to both objects of the window.
+/// Names both objects of the window, so that they are there.
 inline const char* const windowValues = "<PARAM_TEXT param_id=\"window.opacity\" width=\"40\" height=\"10\"/>"
                                         "<PARAM_TEXT param_id=\"window.loaded\" width=\"40\" height=\"10\"/>";
 

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Mirel/Core/TCommand.h"
+#include "Mirel/GUI/CLightWidgetAdapter.h"
+#include "Mirel/GUI/CWindow.h"
+#include "Mirel/GUI/Popups/CPopupLook.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Mirel::GUI
+{
+
+/// What a dialog stays in front of: a window of the toolkit, which gets no input meanwhile, or a window of
+/// somebody else, or nothing.
+struct SDialogOwner
+{
+    CWindowBase* window = nullptr; ///< must outlive the dialog
+    NativeWindowId id = 0;         ///< without a window
+};
+
+/// A window with light widgets that has to be answered before its owner gets input again. Tab goes round its
+/// stops. GUI thread only.
+class CDrawnDialog : public CWindow
+{
+public:
+    /// Hidden; size in skin pixels. In the middle of its owner, or of the screen, unless a place, in device
+    /// pixels of the screen, is given.
+    CDrawnDialog(INativePlatform& platform_, const CPopupLook& look_, const std::string& title, CSize size,
+                 const SDialogOwner& owner_, bool isResizable = false,
+                 std::optional<CPoint> place = std::nullopt);
+
+    /// The owner gets input again.
+    ~CDrawnDialog() override;
+
+    /// Shows it and blocks the owner. False if the platform refused the window.
+    bool Open();
+
+protected:
+    /// Escape was pressed, or the window asked to close or was lost. The dialog may be destroyed.
+    virtual void OnGiveUp() = 0;
+
+    /// A key that no widget had a use for.
+    virtual bool OnSpareKey(const COSXKeyEvent& /*event*/) { return false; }
+
+    /// The window has another size.
+    virtual void OnLayout(CSize /*size*/) {}
+
+    const CPopupLook& GetLook() const { return popupLook; }
+    CLightWidget& GetRoot() const { return *root; }
+
+    /// In the order of the tab key. The first gets the keys at first. The widget must outlive the dialog's
+    /// showing.
+    void AddStop(CLightWidget& widget) { stops.push_back(&widget); }
+
+private:
+    class CKeys;
+
+    bool OnUnusedKey(const COSXKeyEvent& event);
+    void OnWindowCloseRequested() override { OnGiveUp(); }
+    void OnWindowLost() override { OnGiveUp(); }
+    void OnSizeChanged();
+    void Block();
+    void GoToStop(bool forward);
+
+    CPopupLook popupLook;
+    SDialogOwner owner;
+    std::unique_ptr<Core::CLifeToken::CWatch> ownerWatch; ///< While it is blocked.
+    CWidget* content;
+    CLightWidgetAdapter* adapter;
+    CLightWidget* root;
+    std::vector<CLightWidget*> stops;
+    Core::TCommand<CDrawnDialog> onResized;
+};
+
+} // namespace Mirel::GUI
