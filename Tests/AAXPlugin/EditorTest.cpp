@@ -24,11 +24,12 @@ constexpr int Block = 480;
 // The skin: two graphs, one below the other, each as wide as the window.
 constexpr int GraphWidth = 500;
 constexpr int GraphHeight = 101;
-const char* const TwoGraphs =
-    "<SKIN background_color=\"#000000\"><COLUMN>"
-    "<CURVE_GRAPH curve_id=\"dsp.output_curve0\" width=\"500\" height=\"101\" color=\"#00FF00\" anti_alias=\"false\"/>"
-    "<CURVE_GRAPH curve_id=\"dsp.output_curve1\" width=\"500\" height=\"101\" color=\"#FF0000\" anti_alias=\"false\"/>"
-    "</COLUMN></SKIN>";
+const char* const TwoGraphs = "<SKIN background_color=\"#000000\"><COLUMN>"
+                              "<CURVE_GRAPH curve_id=\"dsp.output_curve0\" width=\"500\" height=\"101\" "
+                              "color=\"#00FF00\" anti_alias=\"false\"/>"
+                              "<CURVE_GRAPH curve_id=\"dsp.output_curve1\" width=\"500\" height=\"101\" "
+                              "color=\"#FF0000\" anti_alias=\"false\"/>"
+                              "</COLUMN></SKIN>";
 
 // The audio: so long at one level, then at another.
 constexpr float FirstLevel = 0.5F;
@@ -131,16 +132,17 @@ TEST_F(ModuleEditor, ShowsTheLastSecondAndItsHistogram)
         if (std::abs(x - GraphWidth / 2) > slack)
         {
             const float level = x < GraphWidth / 2 ? FirstLevel : SecondLevel;
-            EXPECT_THAT(FindRows(picture, x, 0, 0x00FF00U), testing::ElementsAre(testing::AllOf(
-                                                                testing::Ge(RowOf(level) - 1),
-                                                                testing::Le(RowOf(level) + 1))))
+            EXPECT_THAT(FindRows(picture, x, 0, 0x00FF00U),
+                        testing::ElementsAre(
+                            testing::AllOf(testing::Ge(RowOf(level) - 1), testing::Le(RowOf(level) + 1))))
                 << "column " << x;
         }
     }
 
     // Both levels are as frequent, so that both bins are full; all other values never came.
     const auto columnOf = [](float value) { return (value + 1.0F) / 2.0F * GraphWidth; };
-    const auto isNear = [&](int x, float value) { return std::abs(static_cast<float>(x) - columnOf(value)) < 15.0F; };
+    const auto isNear = [&](int x, float value)
+    { return std::abs(static_cast<float>(x) - columnOf(value)) < 15.0F; };
     int atTop = 0;
     for (int x = 2; x < GraphWidth - 2; ++x)
     {
@@ -198,8 +200,8 @@ TEST_F(ModuleEditor, SaysWhatIsWrongWithASkinAndGoesOn)
 TEST_F(ModuleEditor, FindsTheFontsOfTheProduct)
 {
     const auto editor = Open();
-    ASSERT_TRUE(editor->LoadSkin(WriteSkin(
-        "<SKIN background_color=\"#000000\"><TEXT value=\"MMMM\" text_color=\"#FFFFFF\" width=\"80\" height=\"30\"/></SKIN>")));
+    ASSERT_TRUE(editor->LoadSkin(WriteSkin("<SKIN background_color=\"#000000\"><TEXT value=\"MMMM\" "
+                                           "text_color=\"#FFFFFF\" width=\"80\" height=\"30\"/></SKIN>")));
     EXPECT_THAT(editor->GetSkinMessages(), testing::Not(testing::HasSubstr("Could not load font")));
     const CPicture picture = editor->TakePicture();
     EXPECT_THAT(picture.pixels, testing::Contains(0xFFFFFFFFU));

@@ -92,7 +92,8 @@ void CAudioPluginSkinGUI::Post(Next action)
     loop->Post(std::move(action));
 }
 
-GUI::SMenuItem& CAudioPluginSkinGUI::AddItem(CMenu& menu, const std::string& text, Next action, bool isEnabled)
+GUI::SMenuItem& CAudioPluginSkinGUI::AddItem(CMenu& menu, const std::string& text, Next action,
+                                             bool isEnabled)
 {
     auto command = std::make_unique<CFunctionCommand>([this, action = std::move(action)] { Post(action); });
     GUI::SMenuItem& item = menu.AddItem(text, command.release(), true);
@@ -104,8 +105,10 @@ void CAudioPluginSkinGUI::FillMenu(CMenu& menu)
 {
     constexpr bool comesLater = false; // the history of edits, and the dialog of the settings
     CAudioPluginDefaultSettings& settings = internals.GetDefaultSettings();
-    AddItem(menu, "Undo", [this] { Undo(); }, comesLater);
-    AddItem(menu, "Redo", [this] { Redo(); }, comesLater);
+    AddItem(
+        menu, "Undo", [this] { Undo(); }, comesLater);
+    AddItem(
+        menu, "Redo", [this] { Redo(); }, comesLater);
     menu.AddSeparator();
     AddItem(menu, "Load Preset...", [this] { LoadPreset(); });
     AddItem(menu, "Save Preset...", [this] { SavePreset(); });
@@ -113,14 +116,19 @@ void CAudioPluginSkinGUI::FillMenu(CMenu& menu)
     menu.AddSeparator();
     AddSettingsMenu(menu.AddSubMenu("Current Preset Settings"));
     AddItem(menu, "Set Preset Skin...", [this] { SetPresetSkin(); });
-    AddItem(menu, "Use Global Skin", [this] { UseGlobalSkin(); }, GetChoice().IsPresets());
-    AddItem(menu, "Get More Skins", [this] { OpenPage(options.skinsPage); }, !options.skinsPage.empty());
+    AddItem(
+        menu, "Use Global Skin", [this] { UseGlobalSkin(); }, GetChoice().IsPresets());
+    AddItem(
+        menu, "Get More Skins", [this] { OpenPage(options.skinsPage); }, !options.skinsPage.empty());
     menu.AddSeparator();
-    AddItem(menu, "Preset Settings...", [] {}, comesLater);
-    AddItem(menu, "Global Settings...", [] {}, comesLater);
+    AddItem(
+        menu, "Preset Settings...", [] {}, comesLater);
+    AddItem(
+        menu, "Global Settings...", [] {}, comesLater);
     menu.AddSeparator();
     AddItem(menu, "User Manual", [this] { OpenManual(); });
-    AddItem(menu, "Check for Updates", [this] { OpenPage(options.updatesPage); }, !options.updatesPage.empty());
+    AddItem(
+        menu, "Check for Updates", [this] { OpenPage(options.updatesPage); }, !options.updatesPage.empty());
     AddItem(menu, "Legal Information",
             [this, &settings]
             {
@@ -149,9 +157,7 @@ void CAudioPluginSkinGUI::AddPresetsMenu(CMenu& menu)
 void CAudioPluginSkinGUI::AddSettingsMenu(CMenu& menu)
 {
     const auto addSwitch = [this, &menu](const char* text, CSharedFlag& flag)
-    {
-        AddItem(menu, text, [&flag] { flag.SetValue(!flag.GetValue()); }).isChecked = flag.GetValue();
-    };
+    { AddItem(menu, text, [&flag] { flag.SetValue(!flag.GetValue()); }).isChecked = flag.GetValue(); };
     addSwitch("Use Global MIDI Input Settings", internals.GetUseDefaultInputMIDI());
     addSwitch("Use Global MIDI Output Settings", internals.GetUseDefaultOutputMIDI());
     addSwitch("Use Global Automation Settings", internals.GetUseDefaultOutputAutomation());
@@ -195,9 +201,9 @@ std::string CAudioPluginSkinGUI::GetAboutText() const
         addIfGiven("\nSkin design: ", window->GetSkinAuthor());
         addIfGiven("\nSkin comment: ", window->GetSkinComment());
     }
-    text += std::string("\nSkinning engine version: ") +
-            (window != nullptr ? window->GetEngineLanguageVersion()
-                               : SkinEngine::CGUISkinWindow::engineVersion);
+    text +=
+        std::string("\nSkinning engine version: ") +
+        (window != nullptr ? window->GetEngineLanguageVersion() : SkinEngine::CGUISkinWindow::engineVersion);
     addIfGiven("\n", options.legalLine);
     return text;
 }

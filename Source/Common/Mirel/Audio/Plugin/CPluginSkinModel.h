@@ -68,7 +68,7 @@ private:
     SkinEngine::CSkinModel shared; ///< Its objects are in the model by reference.
     SkinEngine::CSkinModel model;
     std::optional<SkinEngine::CModelImport> import; ///< Of the shared model.
-    SkinEngine::IUrlOpener* ownOpener; ///< Of the services.
+    SkinEngine::IUrlOpener* ownOpener;              ///< Of the services.
     SkinEngine::IUrlOpener* attachedOpener = nullptr;
     CThreadBoundState state{model};
 };

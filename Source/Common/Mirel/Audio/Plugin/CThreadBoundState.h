@@ -45,7 +45,8 @@ private:
     void TakeOver();
 
     SkinEngine::ISkinModel& model;
-    mutable System::CCriticalSection lock; ///< Over all that follows, and over a model that belongs to nobody.
+    mutable System::CCriticalSection
+        lock; ///< Over all that follows, and over a model that belongs to nobody.
     System::IThreadInvoker* invoker = nullptr;
     std::thread::id owner;
     SkinEngine::CSkinModelState published;

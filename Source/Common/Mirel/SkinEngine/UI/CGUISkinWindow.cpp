@@ -226,8 +226,8 @@ void CGUISkinWindow::ExposeWindow()
                                  new CParamValueToText("%.2f", false, "{value}"));
     model.AddParam("window.opacity",
                    new CCaptureParamWrapper(
-                       opacityInfo, [this] { return GetOpacity(); }, [this](float value) { SetOpacity(value); },
-                       &opacityChanged),
+                       opacityInfo, [this] { return GetOpacity(); },
+                       [this](float value) { SetOpacity(value); }, &opacityChanged),
                    wanted.GetParamFlags("window.opacity"), true);
     const CParamInfo loadedInfo(ValueKindInteger, 0.0F, 1.0F, 0.0F, "Window Loaded", "", "",
                                 new CEnumToText({"Not loaded", "Loaded"}));
@@ -247,10 +247,10 @@ SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
     SetShowWarnings(attributes.showWarnings);
     SetRefreshPriority(attributes.refreshPriority);
     SetBackgroundColor(attributes.backgroundColor.value_or(Graphics::CColor()));
-    const Core::CSize imageSize = attributes.background != nullptr && attributes.backgroundIsImage &&
-                                          !attributes.backgroundRepeats
-                                      ? attributes.background->GetSize()
-                                      : Core::CSize();
+    const Core::CSize imageSize =
+        attributes.background != nullptr && attributes.backgroundIsImage && !attributes.backgroundRepeats
+            ? attributes.background->GetSize()
+            : Core::CSize();
     // A colour alone needs no graphics: the widget fills itself with it.
     SetBackgroundGraphics(attributes.backgroundIsImage ? std::move(attributes.background) : nullptr);
 
@@ -278,8 +278,9 @@ SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
 void CGUISkinWindow::SizeRoot(const SSkinRootAttributes& attributes, Core::CSize imageSize)
 {
     constexpr int ofContent = SSkinRootAttributes::sizeOfContent;
-    const auto fixed = [](int stated, int ofImage)
-    { return stated != ofContent ? stated : ofImage > 0 ? ofImage : ofContent; };
+    const auto fixed = [](int stated, int ofImage) {
+        return stated != ofContent ? stated : ofImage > 0 ? ofImage : ofContent;
+    };
     const int width = fixed(attributes.width, imageSize.width);
     const int height = fixed(attributes.height, imageSize.height);
     load->group->SetAutoWidth(width == ofContent);
@@ -329,7 +330,7 @@ void CGUISkinWindow::Start()
     {
         state.Clear(); // of another skin
     }
-    load->data.GetModel().RestoreState(state);
+    load->model.RestoreState(state);
     load->model.GetEnable().Enable(true);
     timers.GetStandard().AddTimer(refreshPeriodMs, &onRefresh);
     timers.Run(true);
@@ -444,7 +445,7 @@ void CGUISkinWindow::KeepState()
 {
     if (loaded)
     {
-        load->data.GetModel().TakeState(state);
+        load->model.TakeState(state);
         statePath = skinPath;
     }
 }
@@ -454,7 +455,7 @@ bool CGUISkinWindow::SaveState(Serialization::IWriteDataStream& stream) const
     CSkinModelState present;
     if (loaded)
     {
-        load->data.GetModel().TakeState(present);
+        load->model.TakeState(present);
     }
     const Serialization::ISerialize& saved = loaded ? present : state;
     const bool hasVersion = stream.Write("version", stateVersion);
@@ -478,7 +479,7 @@ bool CGUISkinWindow::LoadState(const Serialization::IReadDataStream& stream)
     statePath.clear();
     if (loaded)
     {
-        load->data.GetModel().RestoreState(state);
+        load->model.RestoreState(state);
     }
     return read;
 }

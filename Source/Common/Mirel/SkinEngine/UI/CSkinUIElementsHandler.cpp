@@ -50,7 +50,7 @@ public:
           modelBuild(parser_, log_, data_.GetModel(), nullptr, context_),
           build(parser_, log_, data_, services_, root_, std::move(context_))
     {
-        // What a skin has of the model dialect it has for itself: all of it is built.
+        // Of its own a skin builds all that it has; the pre-pass is about the objects of others.
         data.GetModel().GetExposure().Use("*");
     }
 
@@ -97,7 +97,8 @@ public:
     bool EndItem()
     {
         const CDictionaryLogExchange wholeReports(data.GetWholeModel().GetObjects(), &log);
-        return Finish();
+        const bool succeeded = build.Finish();
+        return FinishModel() && succeeded;
     }
 
     int GetElements() const { return build.GetElements(); }
@@ -117,8 +118,34 @@ private:
         return parser.ParseFile(path);
     }
 
+    /// The links of the skin come once all widgets are there, whose objects they move.
+    bool FinishModel()
+    {
+        if (!std::exchange(hasModelElements, false))
+        {
+            return true;
+        }
+        const bool succeeded = modelBuild.Finish();
+        const auto& persistent = std::as_const(data.GetModel()).GetPersistentObjects();
+        const std::unique_ptr<ISkinDynamicObjectsConstIterator> entry(persistent.CreateIterator());
+        for (; entry->IsValid(); entry->Next())
+        {
+            data.GetWholeModel().MakePersistent(entry->GetId(), true);
+        }
+        return succeeded;
+    }
+
     void RegisterBuilders()
     {
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, handle = element.build](const CNamedAttributes& attributes)
+                          {
+                              hasModelElements = true;
+                              return modelBuild.TakeElement() && handle(modelBuild, attributes);
+                          });
+        }
         RegisterStart(parser, rootElement,
                       [this](const CNamedAttributes& attributes) { return StartRoot(attributes); });
         RegisterEnd(parser, rootElement, [this] { return EndRoot(); });
@@ -133,12 +160,6 @@ private:
                             build.Pop(element.name);
                             return true;
                         });
-        }
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(parser, element.name,
-                          [this, handle = element.build](const CNamedAttributes& attributes)
-                          { return modelBuild.TakeElement() && handle(modelBuild, attributes); });
         }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
@@ -167,19 +188,13 @@ private:
     {
         preParsed = false;
         Layout::CBaseGroupLayoutCell* const group = build.GetScope().group;
-        const bool succeeded = Finish();
+        const bool isBuilt = build.Finish();
+        const bool succeeded = FinishModel() && isBuilt;
         if (group != nullptr)
         {
             group->SetAutoUpdate(true);
         }
         return succeeded;
-    }
-
-    /// Links come last: they may name the properties of any widget, items of collections included.
-    bool Finish()
-    {
-        const bool built = build.Finish();
-        return modelBuild.Finish() && built;
     }
 
     void RegisterMarks()
@@ -190,17 +205,16 @@ private:
             return true;
         };
         RegisterStart(parser, rootElement, mark);
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, &element](const CNamedAttributes& attributes) {
+                              return element.mark({build.GetExposure(), log, element.name}, attributes);
+                          });
+        }
         for (const SUIElement& element : uiElements)
         {
             RegisterStart(parser, element.name, mark);
-        }
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(
-                parser, element.name,
-                [this, markModel = element.mark](const CNamedAttributes& attributes) {
-                    return markModel({build.GetExposure(), log, parser.GetCurrentElementName()}, attributes);
-                });
         }
         for (const char* name : {"COLLECTION", "FOREACH"})
         {
@@ -222,10 +236,11 @@ private:
     CSkinParser& parser;
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
-    CModelBuild modelBuild; ///< Of the elements of the model dialect, for the skin's own part of the model.
+    CModelBuild modelBuild; ///< Of the model elements that stand in the skin.
     CUIBuild build;
     CNamedAttributes variables;
     bool preParsed = false;
+    bool hasModelElements = false;
 };
 
 CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_,

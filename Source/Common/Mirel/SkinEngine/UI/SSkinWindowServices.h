@@ -20,9 +20,9 @@ struct SSkinWindowServices
     /// The product's own data: its fonts, and what skins may include from there. Empty for none.
     std::string dataFolder{};
 
-    GUI::IDialogs* dialogs = nullptr;                        ///< Shows messages; null for nowhere.
-    IUrlOpener* urlOpener = nullptr;                         ///< Null: pages do not open.
-    const System::ITickSource* tickSource = nullptr;         ///< Null for the clock of the system.
+    GUI::IDialogs* dialogs = nullptr;                ///< Shows messages; null for nowhere.
+    IUrlOpener* urlOpener = nullptr;                 ///< Null: pages do not open.
+    const System::ITickSource* tickSource = nullptr; ///< Null for the clock of the system.
 
     // What widgets open; null for none.
     DataModel::GUIWidgets::IFineEditOpener* fineEdit = nullptr;

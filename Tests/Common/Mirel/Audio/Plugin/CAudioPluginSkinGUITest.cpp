@@ -83,7 +83,8 @@ protected:
 
     std::string WriteSkin(const std::string& name, int width, const std::string& body = {}) const
     {
-        places.WriteData("Skins/" + name, "<SKIN name=\"" + name + "\" author=\"Ann\" comment=\"Calm\" width=\"" +
+        places.WriteData("Skins/" + name, "<SKIN name=\"" + name +
+                                              "\" author=\"Ann\" comment=\"Calm\" width=\"" +
                                               std::to_string(width) + "\" height=\"30\">" + body + "</SKIN>");
         return places.DataPath("Skins/" + name);
     }
@@ -159,7 +160,8 @@ protected:
         for (const char* name : {"OpenMenu", "DisplayAbout", "OpenManual", "OpenWebsite", "Undo", "Redo",
                                  "LoadPreset", "SavePreset", "ResetPresetMIDISettings"})
         {
-            body += std::string("<INVISIBLE_ACTION_BUTTON action_id=\"") + name + "\" width=\"5\" height=\"5\"/>";
+            body +=
+                std::string("<INVISIBLE_ACTION_BUTTON action_id=\"") + name + "\" width=\"5\" height=\"5\"/>";
         }
         return WriteSkin("default.xml", 60, body);
     }
@@ -212,7 +214,8 @@ TEST_F(CAudioPluginSkinGUITest, ThePresetsOwnSkinComesFirst)
 TEST_F(CAudioPluginSkinGUITest, APresetThatUsesTheGlobalSkinHasNoOwn)
 {
     WriteSkin("default.xml", 90);
-    instance.LoadKeys("<GUI><useDefault>1</useDefault><skinFile>" + WriteSkin("own.xml", 70) + "</skinFile></GUI>");
+    instance.LoadKeys("<GUI><useDefault>1</useDefault><skinFile>" + WriteSkin("own.xml", 70) +
+                      "</skinFile></GUI>");
     ASSERT_TRUE(Open());
     EXPECT_EQ(editor->GetSize().width, 90);
 }
@@ -321,7 +324,8 @@ TEST_F(CAudioPluginSkinGUITest, LoadsAnotherSkinAndTellsWhatItHadToSay)
     EXPECT_EQ(resized.Take(), 1);
     places.WriteData("Skins/bad.xml", "<SKIN>\n<CURVE_GRAPH curve_id=\"no.such\"/>\n<TABLE_ROW/>\n</SKIN>");
     EXPECT_FALSE(editor->LoadSkin(places.DataPath("Skins/bad.xml").c_str()));
-    EXPECT_NE(editor->GetSkinMessages().find("error\tbad.xml:3\tCannot TABLE_ROW"), std::string::npos) << editor->GetSkinMessages();
+    EXPECT_NE(editor->GetSkinMessages().find("error\tbad.xml:3\tCannot TABLE_ROW"), std::string::npos)
+        << editor->GetSkinMessages();
     EXPECT_NE(editor->GetSkinMessages().find("no.such"), std::string::npos);
 }
 
@@ -353,12 +357,14 @@ TEST_F(CAudioPluginSkinGUITest, ItsStateHasAPathOnlyForASkinOfThePreset)
 {
     WriteSkin("default.xml", 90);
     ASSERT_TRUE(Open());
-    EXPECT_NE(instance.SaveText().find("<GUI><useDefault>1</useDefault></GUI>"), std::string::npos) << instance.SaveText();
+    EXPECT_NE(instance.SaveText().find("<GUI><useDefault>1</useDefault></GUI>"), std::string::npos)
+        << instance.SaveText();
     UsePresetSkin(WriteSkin("own.xml", 70));
     EXPECT_NE(instance.SaveText().find("<skinFile>"), std::string::npos);
     EXPECT_NE(instance.SaveText().find("<useDefault>0</useDefault>"), std::string::npos);
     Close();
-    EXPECT_NE(instance.SaveText().find("<useDefault>0</useDefault>"), std::string::npos) << "kept while closed";
+    EXPECT_NE(instance.SaveText().find("<useDefault>0</useDefault>"), std::string::npos)
+        << "kept while closed";
 }
 
 TEST_F(CAudioPluginSkinGUITest, AStateWithAnotherSkinChangesTheSkin)
@@ -399,8 +405,9 @@ TEST_F(CAudioPluginSkinGUITest, PublishesItsActions)
     Run("Undo");
     Run("Redo");
     Run("DisplayAbout");
-    EXPECT_THAT(Texts(), ElementsAre("Tarnwell's Scope Bank (v1.7)\nby Tarnwell\nSkin: default.xml\nSkin design: "
-                                     "Ann\nSkin comment: Calm\nSkinning engine version: 1.8\nAll rights kept."));
+    EXPECT_THAT(Texts(),
+                ElementsAre("Tarnwell's Scope Bank (v1.7)\nby Tarnwell\nSkin: default.xml\nSkin design: "
+                            "Ann\nSkin comment: Calm\nSkinning engine version: 1.8\nAll rights kept."));
     EXPECT_EQ(dialogs.messages[0].title, "About Tarnwell's Scope Bank");
 }
 
@@ -441,8 +448,8 @@ TEST_F(CAudioPluginSkinGUITest, TheMenuHasItsEntries)
     }
     EXPECT_THAT(texts, ElementsAre("Undo", "Redo", "Load Preset...", "Save Preset...", "Factory Presets",
                                    "Current Preset Settings", "Set Preset Skin...", "Use Global Skin",
-                                   "Get More Skins", "Preset Settings...", "Global Settings...", "User Manual",
-                                   "Check for Updates", "Legal Information", "About"));
+                                   "Get More Skins", "Preset Settings...", "Global Settings...",
+                                   "User Manual", "Check for Updates", "Legal Information", "About"));
 }
 
 TEST_F(CAudioPluginSkinGUITest, TheMenuLoadsFactoryPresets)
@@ -574,10 +581,10 @@ TEST_F(CAudioPluginSkinGUITest, TellsWhichPresetsItCannotUse)
 
 TEST_F(CAudioPluginSkinGUITest, ShowsTheObjectsOfTheInstanceAndOfItsModel)
 {
-    places.WriteData("Model/model.model",
-                     "<MODEL><PARAM id=\"zoom\" min=\"0\" max=\"1\" default=\"0.25\" persistent=\"true\"/></MODEL>");
-    WriteSkin("default.xml", 90,
-              "<PARAM_TEXT param_id=\"dsp.input1\"/><PARAM_TEXT param_id=\"zoom\"/>");
+    places.WriteData(
+        "Model/model.model",
+        "<MODEL><PARAM id=\"zoom\" min=\"0\" max=\"1\" default=\"0.25\" persistent=\"true\"/></MODEL>");
+    WriteSkin("default.xml", 90, "<PARAM_TEXT param_id=\"dsp.input1\"/><PARAM_TEXT param_id=\"zoom\"/>");
     instance.internals.Init(instance.internals.GetInputValues(), instance.internals.GetOutputValues());
     ASSERT_TRUE(Open());
     const auto& objects = editor->GetSkinWindow()->GetObjectsDictionary();
@@ -589,8 +596,9 @@ TEST_F(CAudioPluginSkinGUITest, ShowsTheObjectsOfTheInstanceAndOfItsModel)
 
 TEST_F(CAudioPluginSkinGUITest, TheStateOfTheModelIsSavedAndLoadedOnOtherThreadsMeanwhile)
 {
-    places.WriteData("Model/model.model",
-                     "<MODEL><PARAM id=\"zoom\" min=\"0\" max=\"1\" default=\"0.25\" persistent=\"true\"/></MODEL>");
+    places.WriteData(
+        "Model/model.model",
+        "<MODEL><PARAM id=\"zoom\" min=\"0\" max=\"1\" default=\"0.25\" persistent=\"true\"/></MODEL>");
     WriteSkin("default.xml", 90, "<PARAM_TEXT param_id=\"zoom\"/>");
     instance.internals.Init(instance.internals.GetInputValues(), instance.internals.GetOutputValues());
     ASSERT_TRUE(Open());

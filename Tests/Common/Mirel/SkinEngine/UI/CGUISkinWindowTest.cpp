@@ -1,6 +1,7 @@
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
 
 #include "Mirel/DataModel/Objects/CCaptureParam.h"
+#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/SkinEngine/Model/CModelImport.h"
 #include "SkinWindowRig.h"
@@ -259,11 +260,7 @@ TEST_F(CGUISkinWindowTest, TheModelThreadTakesCalls)
 TEST_F(CGUISkinWindowTest, AFailedLoadLeavesLoadedAtZero)
 {
     float seen = -1.0F;
-    MakeWindow(
-        [&seen, this](ISkinModel&)
-        {
-            seen = window->IsLoaded() ? 1.0F : 0.0F;
-        });
+    MakeWindow([&seen, this](ISkinModel&) { seen = window->IsLoaded() ? 1.0F : 0.0F; });
     EXPECT_FALSE(Open("", windowValues + misplaced));
     EXPECT_EQ(seen, 0.0F);
     EXPECT_FALSE(window->IsLoaded());
@@ -363,6 +360,43 @@ TEST_F(CGUISkinWindowTest, ObjectsOfTheProgramAreThereIfTheSkinWantsThem)
     import.reset();
 }
 
+TEST_F(CGUISkinWindowTest, LinksInASkinMoveTheObjectsOfItsWidgets)
+{
+    CSkinModel outside;
+    CCaptureParam level(CParamInfo(ValueKindReal, 0.0F, 1.0F, 0.0F, "Level", "", ""));
+    level.SetValue(0.5F);
+    outside.AddParam("dsp.level", &level, 1, false);
+    std::unique_ptr<CModelImport> import;
+    MakeWindow([&](ISkinModel& model) { import = std::make_unique<CModelImport>(outside, model); });
+    ASSERT_TRUE(Open("", "<PARAM_LINK from=\"dsp.level\" to=\"window.opacity\" "
+                         "trigger_condition=\"always\"/>" +
+                             box))
+        << AllMessages();
+    EXPECT_TRUE(HasMessage("Linking objects...")) << AllMessages();
+    EXPECT_EQ(window->GetOpacity(), 0.5F) << AllMessages();
+    level.SetValue(0.25F);
+    EXPECT_EQ(window->GetOpacity(), 0.25F);
+    window.reset();
+    import.reset();
+}
+
+TEST_F(CGUISkinWindowTest, KeepsThePersistentValuesOfASkinOverALoad)
+{
+    const std::string skin = "<PARAM id=\"mine\" min=\"0\" max=\"1\" default=\"0.25\" persistent=\"true\"/>"
+                             "<PARAM_TEXT param_id=\"mine\"/>";
+    ASSERT_TRUE(Open("", skin)) << AllMessages();
+    EXPECT_EQ(ParamValue("mine"), 0.25F);
+    const_cast<ICaptureParam*>(Find<ICaptureParam>("mine"))->SetValue(0.75F);
+    Serialization::CMemDataObject saved;
+    EXPECT_TRUE(window->SaveState(saved));
+    ASSERT_TRUE(Open("", skin));
+    EXPECT_EQ(ParamValue("mine"), 0.75F) << "the same skin";
+    MakeWindow();
+    EXPECT_TRUE(window->LoadState(saved));
+    ASSERT_TRUE(Open("", skin));
+    EXPECT_EQ(ParamValue("mine"), 0.75F) << "another window with that state";
+}
+
 TEST_F(CGUISkinWindowTest, VariablesOfTheProgramReachTheSkin)
 {
     window->SetVariable("PLUGIN_NAME", "Scope");
@@ -372,7 +406,8 @@ TEST_F(CGUISkinWindowTest, VariablesOfTheProgramReachTheSkin)
 
 TEST_F(CGUISkinWindowTest, ASizeFromOutsideLaysTheSkinOutAnew)
 {
-    ASSERT_TRUE(Open("", "<COLUMN width=\"100%\" height=\"100%\"><COLUMN width=\"120\" height=\"50\"/></COLUMN>"));
+    ASSERT_TRUE(
+        Open("", "<COLUMN width=\"100%\" height=\"100%\"><COLUMN width=\"120\" height=\"50\"/></COLUMN>"));
     Tests::CEventCounter resized(window->GetContentResizedEvent());
     window->SetViewSize({300, 90});
     EXPECT_EQ(window->GetSize(), (CSize{300, 90}));

@@ -54,9 +54,10 @@ TEST_F(SkinModelElements, APropertyFollowsTheModelAroundTheSkin)
 
 TEST_F(SkinModelElements, AFormulaReadsProperties)
 {
-    ASSERT_TRUE(rig.Build(std::string(graph) +
-                              "<FORMULA_PARAM id='twice' min='0' max='20' formula='2 * g.x_zoom' exposed='true'/>",
-                          false));
+    ASSERT_TRUE(
+        rig.Build(std::string(graph) +
+                      "<FORMULA_PARAM id='twice' min='0' max='20' formula='2 * g.x_zoom' exposed='true'/>",
+                  false));
     rig.Param("g.x_zoom").SetValue(4.0f);
     EXPECT_FLOAT_EQ(rig.Value("twice"), 8.0f);
 }

@@ -116,8 +116,7 @@ struct SkinWindowRig : testing::Test
 };
 
 /// Names both objects of the window, so that they are there.
-inline const char* const windowValues =
-    "<PARAM_TEXT param_id=\"window.opacity\" width=\"40\" height=\"10\"/>"
-    "<PARAM_TEXT param_id=\"window.loaded\" width=\"40\" height=\"10\"/>";
+inline const char* const windowValues = "<PARAM_TEXT param_id=\"window.opacity\" width=\"40\" height=\"10\"/>"
+                                        "<PARAM_TEXT param_id=\"window.loaded\" width=\"40\" height=\"10\"/>";
 
 } // namespace Mirel::SkinEngine
