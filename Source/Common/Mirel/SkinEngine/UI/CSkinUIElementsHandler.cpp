@@ -2,7 +2,9 @@
 
 #include "Mirel/SkinEngine/Language/IParsedTemplate.h"
 #include "Mirel/SkinEngine/Model/CDictionaryLogExchange.h"
+#include "Mirel/SkinEngine/Model/CModelBuild.h"
 #include "Mirel/SkinEngine/Model/CollectionMarks.h"
+#include "Mirel/SkinEngine/Model/ModelElements.h"
 #include "Mirel/SkinEngine/Model/ParserHandlers.h"
 #include "Mirel/SkinEngine/UI/CUIBuild.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
@@ -41,11 +43,12 @@ class CSkinUIElementsHandler::CImplementation
 public:
     CImplementation(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                     const SSkinUIServices& services_, ISkinRoot* root_,
-                    std::shared_ptr<CSkinModelContext> context_)
+                    const std::shared_ptr<CSkinModelContext>& context_)
         : parser(parser_),
           log(log_),
           data(data_),
-          build(parser_, log_, data_, services_, root_, std::move(context_))
+          build(parser_, log_, data_, services_, root_, context_),
+          modelBuild(parser_, log_, data_.GetModel(), &data_.GetWholeModel(), context_)
     {
     }
 
@@ -77,6 +80,7 @@ public:
         void* noContext = nullptr;
         const std::unique_ptr<IParsedTemplate> rest(parser.StopRecording(noContext));
         build.Drop();
+        modelBuild.Drop();
         return succeeded || Fail();
     }
 
@@ -91,10 +95,10 @@ public:
     bool EndItem()
     {
         const CDictionaryLogExchange wholeReports(data.GetWholeModel().GetObjects(), &log);
-        return build.Finish();
+        return Finish();
     }
 
-    int GetElements() const { return build.GetElements(); }
+    int GetElements() const { return build.GetElements() + modelBuild.GetElements(); }
 
 private:
     bool Fail() const
@@ -128,6 +132,12 @@ private:
                             return true;
                         });
         }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, &element](const CNamedAttributes& attributes)
+                          { return StartOfModel(element, attributes); });
+        }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
                       { return BuildUICollectionStart(build, attributes); });
@@ -155,12 +165,31 @@ private:
     {
         preParsed = false;
         Layout::CBaseGroupLayoutCell* const group = build.GetScope().group;
-        const bool succeeded = build.Finish();
+        const bool succeeded = Finish();
         if (group != nullptr)
         {
             group->SetAutoUpdate(true);
         }
         return succeeded;
+    }
+
+    /// The skin's own links come when all that they can name is there.
+    bool Finish()
+    {
+        const bool built = build.Finish();
+        return (!std::exchange(hasModel, false) || modelBuild.Finish()) && built;
+    }
+
+    bool StartOfModel(const SModelElement& element, const CNamedAttributes& attributes)
+    {
+        hasModel = true;
+        return modelBuild.TakeElement() && element.build(modelBuild, attributes) && data.TakeAllAdded();
+    }
+
+    SModelMarks GetModelMarks() const
+    {
+        const char* element = parser.GetCurrentElementName();
+        return {build.GetExposure(), log, element == nullptr ? "" : element};
     }
 
     void RegisterMarks()
@@ -174,6 +203,12 @@ private:
         for (const SUIElement& element : uiElements)
         {
             RegisterStart(parser, element.name, mark);
+        }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, mark = element.mark](const CNamedAttributes& attributes)
+                          { return mark(GetModelMarks(), attributes); });
         }
         for (const char* name : {"COLLECTION", "FOREACH"})
         {
@@ -196,6 +231,8 @@ private:
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
     CUIBuild build;
+    CModelBuild modelBuild; ///< Of the elements of models that stand in the skin.
+    bool hasModel = false;
     CNamedAttributes variables;
     bool preParsed = false;
 };
