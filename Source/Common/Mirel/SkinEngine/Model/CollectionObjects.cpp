@@ -70,12 +70,11 @@ bool AddCount(ISkinModel& model, const ISkinModelExposure& exposure, CSkinCollec
                           static_cast<float>(collection.GetMaxCount()), static_cast<float>(count), "Count",
                           "", "");
     return model.AddParam(CountName(collection).c_str(),
-                                     new CCaptureParamWrapper(
-                                         info, [&collection] { return CountOf(collection); },
-                                         [&collection](float value)
-                                         { collection.SetCount(CountFrom(value)); },
-                                         &collection.GetCountChangedEventProvider()),
-                                     flags, true);
+                          new CCaptureParamWrapper(
+                              info, [&collection] { return CountOf(collection); },
+                              [&collection](float value) { collection.SetCount(CountFrom(value)); },
+                              &collection.GetCountChangedEventProvider()),
+                          flags, true);
 }
 
 bool AddCount(ISkinModel& model, const ISkinModelExposure& exposure, const CForEachSkinCollection& collection)

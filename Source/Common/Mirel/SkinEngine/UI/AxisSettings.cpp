@@ -112,15 +112,16 @@ void ReadResponse(CUIElement& element, const char* text, CParamViewerConfig& axi
         return;
     }
     CUIBuild& build = element.GetBuild();
-    auto formula = build.GetContext()->GetDictionary().Find(text) == nullptr ? CompileFunction(text, "x") : nullptr;
+    auto formula =
+        build.GetContext()->GetDictionary().Find(text) == nullptr ? CompileFunction(text, "x") : nullptr;
     if (formula == nullptr)
     {
         // A curve, which may come later.
         build.GetData().Own(std::make_unique<CAxisCurve>(axis, build.GetCurve(text)));
         return;
     }
-    auto inverse = std::make_unique<CInverseFunction>(
-        Math::TFunctionHolder<Math::IFunction>(formula->Clone(), true));
+    auto inverse =
+        std::make_unique<CInverseFunction>(Math::TFunctionHolder<Math::IFunction>(formula->Clone(), true));
     axis.SetResponseCurve(formula.release(), inverse.release(), true);
 }
 

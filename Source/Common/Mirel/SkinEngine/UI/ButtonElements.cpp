@@ -50,8 +50,8 @@ bool BuildImageParamWidget(CUIBuild& build, const CNamedAttributes& attributes, 
 {
     CUIElement element(build, attributes);
     const SParamName param = FindParam(element);
-    auto& widget = element.Make<Widget>(build.GetParam(param.id), ReadPushImage(build, attributes),
-                                        arguments...);
+    auto& widget =
+        element.Make<Widget>(build.GetParam(param.id), ReadPushImage(build, attributes), arguments...);
     return PlaceParamWidget(element, widget, param.prefix);
 }
 
@@ -60,7 +60,8 @@ bool BuildInvisibleParamWidget(CUIBuild& build, const CNamedAttributes& attribut
 {
     CUIElement element(build, attributes);
     const SParamName param = FindParam(element);
-    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id), arguments...), param.prefix);
+    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id), arguments...),
+                            param.prefix);
 }
 
 /// An action of the model, or one that the program has under a name.
@@ -126,8 +127,8 @@ bool BuildInvisibleParamMenuButton(CUIBuild& build, const CNamedAttributes& attr
 bool BuildImageActionButton(CUIBuild& build, const CNamedAttributes& attributes)
 {
     CUIElement element(build, attributes);
-    return PlaceActionWidget(element, element.Make<CGUIImageActionButton>(FindAction(element),
-                                                                          ReadPushImage(build, attributes)));
+    return PlaceActionWidget(
+        element, element.Make<CGUIImageActionButton>(FindAction(element), ReadPushImage(build, attributes)));
 }
 
 bool BuildInvisibleActionButton(CUIBuild& build, const CNamedAttributes& attributes)

@@ -87,8 +87,7 @@ R& CUIBuild::GetRelay(const char* id, const char* kind, typename R::CSource& pla
     void*& known = relays[std::string(typeid(R).name()) + ' ' + name];
     if (known == nullptr)
     {
-        CConnection& connection =
-            data.Own(std::make_unique<CConnection>(context, name.c_str(), placeholder));
+        CConnection& connection = data.Own(std::make_unique<CConnection>(context, name.c_str(), placeholder));
         known = &connection.GetRelay();
         if (id != nullptr && !connection.IsConnected())
         {
@@ -125,8 +124,7 @@ const IConstAction& CUIBuild::GetAction(const char* id)
 
 const IConstParamInfo& CUIBuild::GetParamInfo(const char* id)
 {
-    return GetRelay<CParamInfoRelay>(id, "parameter info",
-                                     data.GetWholeModel().GetParamNotFound().GetInfo());
+    return GetRelay<CParamInfoRelay>(id, "parameter info", data.GetWholeModel().GetParamNotFound().GetInfo());
 }
 
 std::string CUIBuild::FindFile(const CNamedAttributes& attributes, const std::string& name,
@@ -155,9 +153,8 @@ Graphics::CSharedImage CUIBuild::LoadImage(const std::string& path, const std::s
     return image;
 }
 
-std::unique_ptr<Graphics::CImageElement> CUIBuild::ReadImage(const CNamedAttributes& attributes,
-                                                             const std::string& name,
-                                                             const std::string& suffix)
+std::unique_ptr<Graphics::CImageElement>
+CUIBuild::ReadImage(const CNamedAttributes& attributes, const std::string& name, const std::string& suffix)
 {
     const std::string path = FindFile(attributes, name, suffix);
     if (path.empty())

@@ -109,7 +109,8 @@ bool CUIElement::PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds hol
 {
     ReadWidget(widget, input);
     CGroupLayoutCell& cell = Attach(widget);
-    cell.SetLayoutType(holds == EHolds::Cells ? Layout::ELayoutType::Column : Layout::ELayoutType::LayerStack);
+    cell.SetLayoutType(holds == EHolds::Cells ? Layout::ELayoutType::Column
+                                              : Layout::ELayoutType::LayerStack);
     if (holds == EHolds::Cells)
     {
         ReadGroup(cell);
@@ -221,9 +222,10 @@ void CUIElement::ReadWidget(GUI::CLightWidget& widget, EInput input) const
 {
     widget.SetFocusOnClick(IsNotFalse(attributes, "auto_focus"));
     widget.SetOpacity(ReadOpacity(attributes));
-    widget.SetMouseSensitive(input == EInput::Natural ? IsNotFalse(attributes, "mouse_sensitive")
-                                                      : std::string_view(GetText(
-                                                            attributes, "mouse_sensitive", "true")) == "true");
+    widget.SetMouseSensitive(input == EInput::Natural
+                                 ? IsNotFalse(attributes, "mouse_sensitive")
+                                 : std::string_view(GetText(attributes, "mouse_sensitive", "true")) ==
+                                       "true");
     ReadCursor(widget);
 }
 
@@ -284,12 +286,14 @@ void CUIElement::ReadGroup(CBaseGroupLayoutCell& cell) const
 bool CUIElement::PlaceCell(CBaseGroupLayoutCell& cell, std::function<void(bool)> show)
 {
     const SUIScope& around = build.GetScope();
-    cell.SetInternalAlign(ReadAlign(attributes, "internal_h_align"), ReadAlign(attributes, "internal_v_align"));
+    cell.SetInternalAlign(ReadAlign(attributes, "internal_h_align"),
+                          ReadAlign(attributes, "internal_v_align"));
     cell.SetDisplayed(IsNotFalse(attributes, "display"));
     Layout::CLayoutOptions asked;
     ReadLayoutOptions(attributes, asked);
-    Layout::CLayoutOptions* options =
-        around.group == nullptr || around.table != nullptr ? nullptr : around.group->AddCell(&cell, asked, false);
+    Layout::CLayoutOptions* options = around.group == nullptr || around.table != nullptr
+                                          ? nullptr
+                                          : around.group->AddCell(&cell, asked, false);
     build.GetData().AddCell(cell);
     if (options == nullptr)
     {
@@ -310,8 +314,8 @@ bool CUIElement::PlaceCell(CBaseGroupLayoutCell& cell, std::function<void(bool)>
 bool CUIElement::Expose(const char* suffix, const SExposedProperty& property, std::function<float()> get,
                         std::function<void(float)> set, Core::IEventProvider* changed)
 {
-    return id.empty() || ExposeProperty(build.GetData(), id + suffix, property, std::move(get), std::move(set),
-                                        changed);
+    return id.empty() ||
+           ExposeProperty(build.GetData(), id + suffix, property, std::move(get), std::move(set), changed);
 }
 
 bool CUIElement::ExposeSwitch(const char* suffix, const SExposedProperty& property, std::function<bool()> get,
@@ -350,14 +354,16 @@ bool CUIElement::ExposeCell(CBaseGroupLayoutCell& cell)
         ".internal_h_align", Choice("Internal V-Align", "left;center;right"),
         [&cell] { return static_cast<float>(cell.GetInternalHAlign()); },
         [&cell](float value) { cell.SetInternalHAlign(ToChoice<Layout::EAlign>(value)); }, nullptr);
-    exposed = Expose(
-                  ".internal_v_align", Choice("Internal H-Align", "top;center;bottom"),
-                  [&cell] { return static_cast<float>(cell.GetInternalVAlign()); },
-                  [&cell](float value) { cell.SetInternalVAlign(ToChoice<Layout::EAlign>(value)); }, nullptr) &&
-              exposed;
+    exposed =
+        Expose(
+            ".internal_v_align", Choice("Internal H-Align", "top;center;bottom"),
+            [&cell] { return static_cast<float>(cell.GetInternalVAlign()); },
+            [&cell](float value) { cell.SetInternalVAlign(ToChoice<Layout::EAlign>(value)); }, nullptr) &&
+        exposed;
     return ExposeSwitch(
                ".display", {"Display", 0.0F, 1.0F, ValueKindBoolean, "false;true", nullptr},
-               [&cell] { return cell.IsDisplayed(); }, [&cell](bool on) { cell.SetDisplayed(on); }, nullptr) &&
+               [&cell] { return cell.IsDisplayed(); }, [&cell](bool on) { cell.SetDisplayed(on); },
+               nullptr) &&
            exposed;
 }
 
@@ -387,11 +393,12 @@ bool CUIElement::ExposeMargins(CBaseGroupLayoutCell& cell)
 bool CUIElement::ExposeFlow(CGroupLayoutCell& cell)
 {
     bool exposed = ExposeMargins(cell);
-    exposed = Expose(
-                  ".layout_type", Choice("Layout", "horizontal;vertical;stack"),
-                  [&cell] { return static_cast<float>(cell.GetLayoutType()); },
-                  [&cell](float value) { cell.SetLayoutType(ToChoice<Layout::ELayoutType>(value)); }, nullptr) &&
-              exposed;
+    exposed =
+        Expose(
+            ".layout_type", Choice("Layout", "horizontal;vertical;stack"),
+            [&cell] { return static_cast<float>(cell.GetLayoutType()); },
+            [&cell](float value) { cell.SetLayoutType(ToChoice<Layout::ELayoutType>(value)); }, nullptr) &&
+        exposed;
     return Expose(
                ".spacing", GetRange("spacing", "Spacing"),
                [&cell] { return static_cast<float>(cell.GetSpacing()); },

@@ -131,8 +131,8 @@ const char* FindCurveId(const CNamedAttributes& attributes, const std::string& c
 
 bool ReadCurveOfTwo(CUIElement& element, const std::string& prefix, DataModel::Controls::CCurveViewer& viewer)
 {
-    viewer.SetVertical(
-        std::string_view(GetText(element.GetAttributes(), prefix + "orientation")) == "vertical");
+    viewer.SetVertical(std::string_view(GetText(element.GetAttributes(), prefix + "orientation")) ==
+                       "vertical");
     const bool exposed = ReadAxis(element, {prefix + "x_"}, viewer.GetXViewer());
     return ReadAxis(element, {prefix + "y_"}, viewer.GetYViewer()) && exposed;
 }
@@ -141,10 +141,11 @@ bool ExposeCurvesGraph(CUIElement& element, CXYCurvesGraphics& graph)
 {
     bool exposed = ExposeExtraPixels(element, graph.GetExtraPixels());
     exposed = ExposeAntiAlias(element, graph) && exposed;
-    exposed = element.Expose(
-                  ".graph_style", styleProperty, [&graph] { return static_cast<float>(graph.GetGraphStyle()); },
-                  [&graph](float value) { graph.SetGraphStyle(value >= 0.5F ? 1 : 0); }, nullptr) &&
-              exposed;
+    exposed =
+        element.Expose(
+            ".graph_style", styleProperty, [&graph] { return static_cast<float>(graph.GetGraphStyle()); },
+            [&graph](float value) { graph.SetGraphStyle(value >= 0.5F ? 1 : 0); }, nullptr) &&
+        exposed;
     return element.Expose(
                ".positions_count", pixelsProperty, [&graph] { return graph.GetPositionsCount(); },
                [&graph](float value) { graph.SetPositionsCount(value); }, nullptr) &&

@@ -15,11 +15,13 @@ namespace
 {
 
 /// In the order of CImageGroupBoxGraphics::EPart.
-constexpr std::array<const char*, 9> boxParts = {"_top_left", "_top",         "_top_right", "_left",        "_center",
-                                                 "_right",    "_bottom_left", "_bottom",    "_bottom_right"};
+constexpr std::array<const char*, 9> boxParts = {"_top_left",    "_top",    "_top_right",
+                                                 "_left",        "_center", "_right",
+                                                 "_bottom_left", "_bottom", "_bottom_right"};
 
 /// Without an image an element still has a place; nothing is drawn in it.
-std::unique_ptr<Graphics::CImageElement> ReadImageOrNothing(CUIBuild& build, const CNamedAttributes& attributes)
+std::unique_ptr<Graphics::CImageElement> ReadImageOrNothing(CUIBuild& build,
+                                                            const CNamedAttributes& attributes)
 {
     auto image = build.ReadImage(attributes, "image");
     return image != nullptr ? std::move(image) : std::make_unique<Graphics::CNormalImageElement>(nullptr);

@@ -46,8 +46,8 @@ bool BuildImageParamKnob(CUIBuild& build, const CNamedAttributes& attributes)
     const SParamName param = FindParam(element);
     auto& widget = element.Make<CGUIImageParamKnob>(
         build.GetParam(param.id), ReadStates(build, attributes, "image").release(), true,
-        ReadImagesCount(attributes, usualImagesCount),
-        ReadImageOrientation(attributes), build.GetServices().fineEdit);
+        ReadImagesCount(attributes, usualImagesCount), ReadImageOrientation(attributes),
+        build.GetServices().fineEdit);
     widget.GetMouseControl().SetHorizontal(!ReadVertical(attributes, true));
     widget.SetPixelRange(ReadPixelRange(attributes));
     ReadControl(attributes, widget.GetControl());
@@ -62,8 +62,7 @@ bool BuildImageParamMeter(CUIBuild& build, const CNamedAttributes& attributes)
     const SParamName param = FindParam(element);
     auto& widget = element.Make<CGUIImageParamMeter>(
         build.GetConstParam(param.id), ReadStates(build, attributes, "image").release(), true,
-        ReadImagesCount(attributes, usualImagesCount),
-        ReadImageOrientation(attributes));
+        ReadImagesCount(attributes, usualImagesCount), ReadImageOrientation(attributes));
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {param.prefix}, widget.GetViewer());
     return element.Place(widget, CUIElement::EInput::None) && exposed;

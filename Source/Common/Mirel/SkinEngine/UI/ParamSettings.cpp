@@ -20,8 +20,7 @@ SParamName FindParam(const CUIElement& element)
             return {id, prefix};
         }
     }
-    element.GetBuild().Warn(element.GetBuild().GetElement() +
-                            ", not connected to any parameter (x, y or z)");
+    element.GetBuild().Warn(element.GetBuild().GetElement() + ", not connected to any parameter (x, y or z)");
     return {nullptr, ""};
 }
 
@@ -64,8 +63,9 @@ int ReadImagesCount(const CNamedAttributes& attributes, int missing)
 Graphics::CMultiFilmStripDrawer::EOrientation ReadImageOrientation(const CNamedAttributes& attributes)
 {
     using EOrientation = Graphics::CMultiFilmStripDrawer::EOrientation;
-    return std::string_view(GetText(attributes, "image_orientation")) == "horizontal" ? EOrientation::Horizontal
-                                                                                     : EOrientation::Vertical;
+    return std::string_view(GetText(attributes, "image_orientation")) == "horizontal"
+               ? EOrientation::Horizontal
+               : EOrientation::Vertical;
 }
 
 void ReadControl(const CNamedAttributes& attributes, DataModel::Controls::CParamControl& control)

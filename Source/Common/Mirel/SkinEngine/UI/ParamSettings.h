@@ -22,14 +22,12 @@ SParamName FindParam(const CUIElement& element);
 
 /// The images of a widget's states, with masks: 0 plain, 1 disabled, 2 hover, 3 focus, 4 pushed. One that the
 /// skin does not have is the plain one.
-std::unique_ptr<Graphics::CImageCatalog> ReadStates(CUIBuild& build,
-                                                    const Containers::CNamedAttributes& attributes,
-                                                    const std::string& name);
+std::unique_ptr<Graphics::CImageCatalog>
+ReadStates(CUIBuild& build, const Containers::CNamedAttributes& attributes, const std::string& name);
 
 /// The same of a slider, with 5 for one that is held if the skin has it. Null without any image.
-std::unique_ptr<Graphics::CImageCatalog> ReadSliderStates(CUIBuild& build,
-                                                          const Containers::CNamedAttributes& attributes,
-                                                          const std::string& name);
+std::unique_ptr<Graphics::CImageCatalog>
+ReadSliderStates(CUIBuild& build, const Containers::CNamedAttributes& attributes, const std::string& name);
 
 /// Frames of a knob or meter, unless the skin says how many.
 constexpr int usualImagesCount = 2;

@@ -79,7 +79,8 @@ bool BuildParamTextControl(CUIBuild& build, const CNamedAttributes& attributes)
     auto& widget = element.Make<CGUIParamTextControl>(param, build.GetServices().fineEdit);
     ReadText(element, param.GetInfo(), widget);
     widget.SetColors({element.GetTextColor(), ReadStateColor(element, "text_color_disabled"),
-                      ReadStateColor(element, "text_color_hover"), ReadStateColor(element, "text_color_focus"),
+                      ReadStateColor(element, "text_color_hover"),
+                      ReadStateColor(element, "text_color_focus"),
                       ReadStateColor(element, "text_color_pushed")});
     widget.GetMouseControl().SetHorizontal(!ReadVertical(attributes, true));
     float pixelRange = -1.0F;

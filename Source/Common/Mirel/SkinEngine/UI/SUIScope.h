@@ -19,10 +19,10 @@ struct SUIScope
 {
     std::string element; ///< The name of the one that this is the inside of.
     bool lightMode = true;
-    GUI::CLightWidget* light = nullptr; ///< The parent of light widgets; null for none.
-    GUI::CWidget* native = nullptr;     ///< The parent of native-hosted ones.
-    GUI::CHostTooltips* tips = nullptr;        ///< Of the host of the light widgets; null for none.
-    GUI::CLightWidget* widget = nullptr;       ///< That this is the inside of; null for a cell.
+    GUI::CLightWidget* light = nullptr;  ///< The parent of light widgets; null for none.
+    GUI::CWidget* native = nullptr;      ///< The parent of native-hosted ones.
+    GUI::CHostTooltips* tips = nullptr;  ///< Of the host of the light widgets; null for none.
+    GUI::CLightWidget* widget = nullptr; ///< That this is the inside of; null for a cell.
     Layout::CBaseGroupLayoutCell* group = nullptr;
     Layout::CTableLayoutCell* table = nullptr; ///< The same, directly inside of a table, that is in no row.
     CSkinVisibility* visibility = nullptr;

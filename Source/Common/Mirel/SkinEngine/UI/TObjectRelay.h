@@ -70,8 +70,8 @@ private:
 
 using CConstParamRelay =
     TConstObjectRelay<float, DataModel::Objects::IConstParamInfo, DataModel::Objects::CParamInfo>;
-using CConstCurveRelay =
-    TConstObjectRelay<const Math::IFunction&, DataModel::Objects::IConstCurveInfo, DataModel::Objects::CCurveInfo>;
+using CConstCurveRelay = TConstObjectRelay<const Math::IFunction&, DataModel::Objects::IConstCurveInfo,
+                                           DataModel::Objects::CCurveInfo>;
 using CConstStringRelay =
     TConstObjectRelay<const char*, DataModel::Objects::IConstStringInfo, DataModel::Objects::CStringInfo>;
 

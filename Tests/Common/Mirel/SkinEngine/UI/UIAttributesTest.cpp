@@ -30,11 +30,21 @@ TEST(UIAttributes, ReadColours)
         std::optional<CColor> color;
     };
     const SRow rows[] = {
-        {"#102030", CColor{16, 32, 48}},  {"#fff", CColor{255, 255, 255}}, {"#1aB", CColor{17, 170, 187}},
-        {"1,2,3", CColor{1, 2, 3}},       {" 1, 20 ,255 ", CColor{1, 20, 255}}, {"Red", CColor{255, 0, 0}},
-        {"aqua", CColor{0, 255, 255}},    {"olive", CColor{128, 128, 0}},  {"", std::nullopt},
-        {"#12345", std::nullopt},         {"#ggg", std::nullopt},          {"1,2", std::nullopt},
-        {"1,2,256", std::nullopt},        {"-1,2,3", std::nullopt},        {"redd", std::nullopt},
+        {"#102030", CColor{16, 32, 48}},
+        {"#fff", CColor{255, 255, 255}},
+        {"#1aB", CColor{17, 170, 187}},
+        {"1,2,3", CColor{1, 2, 3}},
+        {" 1, 20 ,255 ", CColor{1, 20, 255}},
+        {"Red", CColor{255, 0, 0}},
+        {"aqua", CColor{0, 255, 255}},
+        {"olive", CColor{128, 128, 0}},
+        {"", std::nullopt},
+        {"#12345", std::nullopt},
+        {"#ggg", std::nullopt},
+        {"1,2", std::nullopt},
+        {"1,2,256", std::nullopt},
+        {"-1,2,3", std::nullopt},
+        {"redd", std::nullopt},
         {"1,2,3,4", std::nullopt},
     };
     for (const SRow& row : rows)
@@ -61,8 +71,8 @@ TEST(UIAttributes, ReadOpacities)
         const char* text;
         float opacity;
     };
-    const SRow rows[] = {{"50%", 0.5f}, {"2", 1.0f},  {"0.25", 0.25f}, {"-1", 0.0f},
-                         {"%", 1.0f},   {"x", 1.0f},  {"300%", 1.0f},  {"nan", 0.0f}};
+    const SRow rows[] = {{"50%", 0.5f}, {"2", 1.0f}, {"0.25", 0.25f}, {"-1", 0.0f},
+                         {"%", 1.0f},   {"x", 1.0f}, {"300%", 1.0f},  {"nan", 0.0f}};
     for (const SRow& row : rows)
     {
         EXPECT_FLOAT_EQ(ReadOpacity(With("opacity", row.text)), row.opacity) << row.text;
@@ -110,10 +120,14 @@ TEST(UIAttributes, ReadPenStyles)
 TEST(UIAttributes, ReadFonts)
 {
     CNamedAttributes attributes;
-    for (const auto& [name, value] :
-         {std::pair{"font_face", "Sans"}, {"font_size", "17"}, {"font_width", "3"}, {"font_weight", "bold"},
-          {"text_decoration", "underline"}, {"font_style", "italic"}, {"font_quality", "no_anti_alias"},
-          {"font_escapement", "90"}})
+    for (const auto& [name, value] : {std::pair{"font_face", "Sans"},
+                                      {"font_size", "17"},
+                                      {"font_width", "3"},
+                                      {"font_weight", "bold"},
+                                      {"text_decoration", "underline"},
+                                      {"font_style", "italic"},
+                                      {"font_quality", "no_anti_alias"},
+                                      {"font_escapement", "90"}})
     {
         attributes.Set(name, value);
     }
@@ -156,8 +170,12 @@ TEST(UIAttributes, ReadTextFormats)
 TEST(UIAttributes, ReadWhatACellAsks)
 {
     CNamedAttributes attributes;
-    for (const auto& [name, value] : {std::pair{"h_align", "left"}, {"v_align", "bottom"}, {"h_position", "-3"},
-                                      {"width", "50%"}, {"height", "20"}, {"flex", "1.5"}})
+    for (const auto& [name, value] : {std::pair{"h_align", "left"},
+                                      {"v_align", "bottom"},
+                                      {"h_position", "-3"},
+                                      {"width", "50%"},
+                                      {"height", "20"},
+                                      {"flex", "1.5"}})
     {
         attributes.Set(name, value);
     }

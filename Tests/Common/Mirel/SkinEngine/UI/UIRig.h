@@ -35,7 +35,8 @@ public:
 
     CUIRig() { window.Show(true); }
 
-    /// The body of a SKIN element. With wanted all properties are exposed, otherwise those that the text marks.
+    /// The body of a SKIN element. With wanted all properties are exposed, otherwise those that the text
+    /// marks.
     bool Build(const std::string& body, bool wanted = true)
     {
         return BuildFile("<SKIN>" + body + "</SKIN>", wanted);
@@ -59,8 +60,8 @@ public:
     ICaptureParam& AddParam(const std::string& id, float min = 0.0f, float max = 1.0f)
     {
         using namespace Mirel::DataModel::Objects;
-        auto param = std::make_unique<CCaptureParam>(
-            CParamInfo(ValueKindReal, min, max, min, id.c_str(), "", ""));
+        auto param =
+            std::make_unique<CCaptureParam>(CParamInfo(ValueKindReal, min, max, min, id.c_str(), "", ""));
         ICaptureParam& added = *param;
         model.AddParam(id.c_str(), param.release(), Mirel::SkinEngine::allObjectFlags, true);
         return added;

@@ -52,8 +52,8 @@ TEST(UIStructure, CellsArrangeWhatStandsInThem)
         {"<CELL layout_type='layer_stack'>" + box + box + "</CELL>", {190, 145, 20, 10}, {190, 145, 20, 10}},
         {"<CELL layout_type='other'>" + box + box + "</CELL>", {190, 140, 20, 10}, {190, 150, 20, 10}},
         {"<ROW spacing='10'>" + box + box + "</ROW>", {175, 145, 20, 10}, {205, 145, 20, 10}},
-        {"<ROW width='400' height='300' margin='7' internal_h_align='left' internal_v_align='top'>" + box + box +
-             "</ROW>",
+        {"<ROW width='400' height='300' margin='7' internal_h_align='left' internal_v_align='top'>" + box +
+             box + "</ROW>",
          {7, 145, 20, 10},
          {27, 145, 20, 10}},
         {"<ROW width='400' height='300' margin='7' h_margin='5' internal_h_align='right' "
@@ -61,13 +61,15 @@ TEST(UIStructure, CellsArrangeWhatStandsInThem)
              box + box + "</ROW>",
          {355, 145, 20, 10},
          {375, 145, 20, 10}},
-        {"<ROW width='100%' height='100%'><TEXT width='50%' height='100%'/><TEXT width='50%' height='10'/></ROW>",
+        {"<ROW width='100%' height='100%'><TEXT width='50%' height='100%'/><TEXT width='50%' "
+         "height='10'/></ROW>",
          {0, 0, 200, 300},
          {200, 145, 200, 10}},
         {"<ROW width='400' height='300'><TEXT width='20' height='10' flex='1'/>" + box + "</ROW>",
          {0, 145, 380, 10},
          {380, 145, 20, 10}},
-        {"<LAYER_STACK width='400' height='300'><TEXT width='20' height='10' h_align='left' v_align='bottom'/>"
+        {"<LAYER_STACK width='400' height='300'><TEXT width='20' height='10' h_align='left' "
+         "v_align='bottom'/>"
          "<TEXT width='20' height='10' h_position='31' v_position='32'/></LAYER_STACK>",
          {0, 290, 20, 10},
          {31, 32, 20, 10}},
@@ -89,8 +91,9 @@ TEST(UIStructure, CellsArrangeWhatStandsInThem)
 TEST(UIStructure, TablesLineUpTheirColumns)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<TABLE spacing='4' h_spacing='6'><TABLE_ROW>" + box + box + "</TABLE_ROW><TABLE_ROW height='30'>" +
-                          "<TEXT width='40' height='10'/>" + box + "</TABLE_ROW></TABLE>"));
+    EXPECT_TRUE(rig.Build("<TABLE spacing='4' h_spacing='6'><TABLE_ROW>" + box + box +
+                          "</TABLE_ROW><TABLE_ROW height='30'>" + "<TEXT width='40' height='10'/>" + box +
+                          "</TABLE_ROW></TABLE>"));
     // 66 by 44: columns of 40 and 20, 6 between them; rows of 10 and 30, 4 between them.
     EXPECT_EQ(rig.Place(2), (std::vector<int>{167, 152, 40, 10}));
     EXPECT_EQ(rig.Place(1), (std::vector<int>{213, 128, 20, 10}));
@@ -100,10 +103,11 @@ TEST(UIStructure, TablesLineUpTheirColumns)
 TEST(UIStructure, RowsOfTablesHaveSharesPixelsOrNeither)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<TABLE height='200'><TABLE_ROW height='25%'><TEXT width='20' height='100%'/></TABLE_ROW>"
-                          "<TABLE_ROW height='25'><TEXT width='20' height='100%'/></TABLE_ROW>"
-                          "<TABLE_ROW height=''>" +
-                          box + "</TABLE_ROW></TABLE>"));
+    EXPECT_TRUE(
+        rig.Build("<TABLE height='200'><TABLE_ROW height='25%'><TEXT width='20' height='100%'/></TABLE_ROW>"
+                  "<TABLE_ROW height='25'><TEXT width='20' height='100%'/></TABLE_ROW>"
+                  "<TABLE_ROW height=''>" +
+                  box + "</TABLE_ROW></TABLE>"));
     EXPECT_EQ(rig.Place(0)[3], 50);
     EXPECT_EQ(rig.Place(1)[3], 25);
     EXPECT_EQ(rig.Place(2)[3], 10);
@@ -122,9 +126,10 @@ TEST(UIStructure, TheRootIsGivenWhatItsElementSays)
 {
     CUIRig rig;
     rig.WriteImage("back.png", 30, 20);
-    EXPECT_TRUE(rig.BuildFile("<SKIN name='n' author='a' comment='c' language_version='1.8' show_info='false' "
-                              "show_warnings='false' refresh_priority='high' background_image='back.png' "
-                              "repeat='true' background_color='#010203' width='123'/>"));
+    EXPECT_TRUE(
+        rig.BuildFile("<SKIN name='n' author='a' comment='c' language_version='1.8' show_info='false' "
+                      "show_warnings='false' refresh_priority='high' background_image='back.png' "
+                      "repeat='true' background_color='#010203' width='123'/>"));
     EXPECT_EQ(rig.root.name + rig.root.author + rig.root.comment + rig.root.languageVersion, "nac1.8");
     EXPECT_FALSE(rig.root.showInfo);
     EXPECT_FALSE(rig.root.showWarnings);
@@ -183,7 +188,8 @@ TEST(UIStructure, TextsShowAValueOrAString)
 {
     CUIRig rig;
     auto& string = rig.AddString("s", "short");
-    EXPECT_TRUE(rig.Build("<TEXT value='hello'/><TEXT string_id='s'/><TEXT_FIELD string_id='s' width='80' height='9'/>"));
+    EXPECT_TRUE(rig.Build(
+        "<TEXT value='hello'/><TEXT string_id='s'/><TEXT_FIELD string_id='s' width='80' height='9'/>"));
     EXPECT_STREQ(rig.Widget<GUI::CTextLightWidget>(0)->GetText(), "hello");
     auto* text = rig.Widget<DataModel::GUIWidgets::CGUIStringViewer>(1);
     auto* field = rig.Widget<DataModel::GUIWidgets::CGUIStringViewer>(2);
@@ -204,8 +210,9 @@ TEST(UIStructure, ImagesAreShownOnceRepeatedOrStretched)
     using ETileMode = Graphics::CImageGraphics::ETileMode;
     CUIRig rig;
     rig.WriteImage("i.png", 30, 20);
-    EXPECT_TRUE(rig.Build("<IMAGE image='i.png'/><IMAGE image='i.png' repeat='true' width='90'/>"
-                          "<IMAGE image='i.png' stretch='true' width='90' height='9'/><IMAGE image='none.png'/>"));
+    EXPECT_TRUE(
+        rig.Build("<IMAGE image='i.png'/><IMAGE image='i.png' repeat='true' width='90'/>"
+                  "<IMAGE image='i.png' stretch='true' width='90' height='9'/><IMAGE image='none.png'/>"));
     EXPECT_EQ(rig.Place(0)[2], 30);
     EXPECT_EQ(rig.Place(1)[2], 90);
     EXPECT_EQ(rig.Place(1)[3], 20);
@@ -219,12 +226,14 @@ TEST(UIStructure, ImagesAreShownOnceRepeatedOrStretched)
 TEST(UIStructure, AGroupBoxHoldsElements)
 {
     CUIRig rig;
-    for (const char* part : {"top_left", "top", "top_right", "left", "center", "right", "bottom_left", "bottom"})
+    for (const char* part :
+         {"top_left", "top", "top_right", "left", "center", "right", "bottom_left", "bottom"})
     {
         rig.WriteImage(std::string("b_") + part + ".png", 4, 4);
     }
     rig.WriteImage("other.png", 4, 4);
-    EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX image='b.png' image_bottom_right='other.png' h_margin='5'>" + box + box +
+    EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX image='b.png' image_bottom_right='other.png' h_margin='5'>" +
+                          box + box +
                           "</IMAGE_GROUP_BOX><IMAGE_GROUP_BOX image='b.png' width='50' height='40'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     ASSERT_NE(rig.Widget<CGUIImageGroupBox>(0), nullptr);
@@ -261,13 +270,15 @@ TEST(UIStructure, CursorsAreStandardOnesOrImages)
     CUIRig rig;
     rig.WriteImage("c.png", 8, 8);
     std::string skin;
-    const std::vector<std::string> names = {"normal", "hand", "cross", "size", "size_h", "size_v", "size_up_left",
-                                            "size_up_right", "wait", "no", "Ibeam", "working", "up", "open_hand"};
+    const std::vector<std::string> names = {
+        "normal",        "hand", "cross", "size",  "size_h",  "size_v", "size_up_left",
+        "size_up_right", "wait", "no",    "Ibeam", "working", "up",     "open_hand"};
     for (const std::string& name : names)
     {
         skin += "<TEXT cursor='system::" + name + "'/>";
     }
-    EXPECT_TRUE(rig.Build(skin + "<TEXT cursor='c.png'/><TEXT cursor='system::fist'/><TEXT cursor='d.png'/>"));
+    EXPECT_TRUE(
+        rig.Build(skin + "<TEXT cursor='c.png'/><TEXT cursor='system::fist'/><TEXT cursor='d.png'/>"));
     for (int i = 0; i < static_cast<int>(names.size()); ++i)
     {
         EXPECT_NE(rig.Widget(i)->GetCursor(), nullptr) << names[static_cast<std::size_t>(i)];
@@ -292,8 +303,8 @@ TEST(UIStructure, FontsThatCannotBeLoadedAreReported)
 TEST(UIStructure, ElementsWithoutAWidgetSaySoAndTheirContentIsBuilt)
 {
     for (const std::string name :
-         {"TEXT_EDIT_BOX", "PARAM_TEXT_EDIT_BOX", "XYZ_PARAM_SCRATCH_PAD", "XYZ_IMAGE_PARAM_JOYSTICK", "XY_PARAM_PAD",
-          "XY_ZOOM_SELECT_PAD", "COLOR_SCALE", "SURFACE_COLORMAP_2DPLOT", "VIEW_3D"})
+         {"TEXT_EDIT_BOX", "PARAM_TEXT_EDIT_BOX", "XYZ_PARAM_SCRATCH_PAD", "XYZ_IMAGE_PARAM_JOYSTICK",
+          "XY_PARAM_PAD", "XY_ZOOM_SELECT_PAD", "COLOR_SCALE", "SURFACE_COLORMAP_2DPLOT", "VIEW_3D"})
     {
         CUIRig rig;
         EXPECT_TRUE(rig.Build("<" + name + ">" + box + "</" + name + ">"));
@@ -305,14 +316,14 @@ TEST(UIStructure, ElementsWithoutAWidgetSaySoAndTheirContentIsBuilt)
 TEST(UIStructure, ViewsOfSolidsAndTheirObjectsHaveTheirPlaces)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<GRID_3D/><COLOR_SURFACE_3D/><XY_CURVES_3D/><VIEW_3D><VIEW_3D/><GRID_3D/></VIEW_3D>"));
-    EXPECT_THAT(rig.TakeMessages(),
-                ElementsAre("0: Cannot create 3D Object outside of a 3D Viewer",
-                            "0: Cannot create 3D Object outside of a 3D Viewer",
-                            "0: Cannot create 3D Object outside of a 3D Viewer",
-                            "1: VIEW_3D: this element is not supported yet.",
-                            "0: Cannot instantiate a 3D viewer within another",
-                            "1: GRID_3D: this element is not supported yet."));
+    EXPECT_TRUE(
+        rig.Build("<GRID_3D/><COLOR_SURFACE_3D/><XY_CURVES_3D/><VIEW_3D><VIEW_3D/><GRID_3D/></VIEW_3D>"));
+    EXPECT_THAT(rig.TakeMessages(), ElementsAre("0: Cannot create 3D Object outside of a 3D Viewer",
+                                                "0: Cannot create 3D Object outside of a 3D Viewer",
+                                                "0: Cannot create 3D Object outside of a 3D Viewer",
+                                                "1: VIEW_3D: this element is not supported yet.",
+                                                "0: Cannot instantiate a 3D viewer within another",
+                                                "1: GRID_3D: this element is not supported yet."));
 }
 
 TEST(UIStructure, ElementsExposeTheirProperties)
@@ -325,13 +336,14 @@ TEST(UIStructure, ElementsExposeTheirProperties)
         float max;
         float value;
         int type;
-        float shown;      ///< A value and its text.
+        float shown; ///< A value and its text.
         std::string text;
     };
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<CELL id='c' layout_type='row' spacing='3' h_margin='4' v_margin='5' max_spacing='50' "
-                          "min_h_margin='-7' internal_h_align='left' flex='2' h_align='right'>"
-                          "<TEXT id='t' opacity='0.5'/></CELL>"));
+    EXPECT_TRUE(
+        rig.Build("<CELL id='c' layout_type='row' spacing='3' h_margin='4' v_margin='5' max_spacing='50' "
+                  "min_h_margin='-7' internal_h_align='left' flex='2' h_align='right'>"
+                  "<TEXT id='t' opacity='0.5'/></CELL>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     const SRow rows[] = {
         {"c.visible", "c.visible", 0, 1, 1, 1, 0, "Hide"},
@@ -368,7 +380,8 @@ TEST(UIStructure, ElementsExposeTheirProperties)
 TEST(UIStructure, ExposedPropertiesWorkBothWays)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<ROW id='r' width='400' height='300'><TEXT id='a' width='20' height='10'/>" + box + "</ROW>"));
+    EXPECT_TRUE(rig.Build("<ROW id='r' width='400' height='300'><TEXT id='a' width='20' height='10'/>" + box +
+                          "</ROW>"));
     rig.Param("r.spacing").SetValue(10);
     EXPECT_EQ(rig.Place(1)[0], 205);
     rig.Param("r.layout_type").SetValue(1);
@@ -433,8 +446,10 @@ TEST(UIStructure, ClosingTakesEverythingBack)
     CUIRig rig;
     rig.AddParam("p");
     const int before = rig.model.GetObjects().GetCount();
-    const std::string skin = "<ROW id='r'><IMAGE_GROUP_BOX id='b'>" + box + "</IMAGE_GROUP_BOX><TEXT id='t' system_widget='true'/>"
-                             "<TABLE><TABLE_ROW>" + box + "</TABLE_ROW></TABLE></ROW>";
+    const std::string skin = "<ROW id='r'><IMAGE_GROUP_BOX id='b'>" + box +
+                             "</IMAGE_GROUP_BOX><TEXT id='t' system_widget='true'/>"
+                             "<TABLE><TABLE_ROW>" +
+                             box + "</TABLE_ROW></TABLE></ROW>";
     for (int i = 0; i < 2; ++i)
     {
         EXPECT_TRUE(rig.Build(skin));
@@ -452,8 +467,9 @@ TEST(UIStructure, ClosingTakesEverythingBack)
 TEST(UIStructure, SystemWidgetsHaveNativeHosts)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX width='100' height='50'>"
-                          "<TEXT width='20' height='10' system_widget='true' offscreen_type='card'/></IMAGE_GROUP_BOX>"));
+    EXPECT_TRUE(rig.Build(
+        "<IMAGE_GROUP_BOX width='100' height='50'>"
+        "<TEXT width='20' height='10' system_widget='true' offscreen_type='card'/></IMAGE_GROUP_BOX>"));
     ASSERT_EQ(rig.window.GetChildCount(), 1);
     const auto* host = dynamic_cast<CSkinWidgetAdapter*>(rig.window.GetChild(0));
     ASSERT_NE(host, nullptr);

@@ -43,10 +43,11 @@ TEST(UIWidgets, ACurveGraphIsReadFromItsAttributes)
 {
     CUIRig rig;
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<CURVE_GRAPH curve_id='c' color='red' pen_style='dot' graph_style='bargraph' "
-                          "anti_alias='false' sample_rate='0.5' orientation='vertical' width='100' height='50' "
-                          "x_zoom='2' x_offset='0.5' y_scale='log' y_zoom_positions='false' x_positions_count='7'/>"
-                          "<CURVE_GRAPH text_color='blue'/>"));
+    EXPECT_TRUE(
+        rig.Build("<CURVE_GRAPH curve_id='c' color='red' pen_style='dot' graph_style='bargraph' "
+                  "anti_alias='false' sample_rate='0.5' orientation='vertical' width='100' height='50' "
+                  "x_zoom='2' x_offset='0.5' y_scale='log' y_zoom_positions='false' x_positions_count='7'/>"
+                  "<CURVE_GRAPH text_color='blue'/>"));
     auto* widget = rig.Widget<CGUICurveViewer>(0);
     ASSERT_NE(widget, nullptr);
     const CCurveGraphics& graph = widget->GetCurveGraphics();
@@ -95,9 +96,10 @@ TEST(UIWidgets, AGraphOfTwoCurvesReadsEachWithItsPrefix)
     CUIRig rig;
     rig.AddCurve("a");
     rig.AddCurve("b");
-    EXPECT_TRUE(rig.Build("<XY_CURVES_GRAPH id='g' x_curve.curve_id='a' y_curve.curve_id='b' graph_style='curve' "
-                          "positions_count='99' x_curve.y_zoom='2' y_curve.y_offset='0.5' width='10' height='10'/>"
-                          "<XY_CURVES_GRAPH x_curve_id='a' y_curve_id='b'/>"));
+    EXPECT_TRUE(
+        rig.Build("<XY_CURVES_GRAPH id='g' x_curve.curve_id='a' y_curve.curve_id='b' graph_style='curve' "
+                  "positions_count='99' x_curve.y_zoom='2' y_curve.y_offset='0.5' width='10' height='10'/>"
+                  "<XY_CURVES_GRAPH x_curve_id='a' y_curve_id='b'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* widget = rig.Widget<CXYCurvesViewer>(0);
     ASSERT_NE(widget, nullptr);
@@ -120,10 +122,11 @@ TEST(UIWidgets, GridsStandOnDescriptionsOrACurve)
     CUIRig rig;
     rig.AddParam("p", 0, 5);
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<GRID x_param_info_id='p.info' y_param_info_id='p.info' color='red' pen_style='dash' "
-                          "subdiv_color='lime' subdiv_pen_style='dot' origin_color='blue' origin_pen_style='dash_dot' "
-                          "x_subdiv_count='3' y_subdiv_count='4' x_positions_count='6'/>"
-                          "<CURVE_GRID id='g' curve_id='c' y_positions_count='3'/><GRID x_param_info_id='p.info'/>"));
+    EXPECT_TRUE(rig.Build(
+        "<GRID x_param_info_id='p.info' y_param_info_id='p.info' color='red' pen_style='dash' "
+        "subdiv_color='lime' subdiv_pen_style='dot' origin_color='blue' origin_pen_style='dash_dot' "
+        "x_subdiv_count='3' y_subdiv_count='4' x_positions_count='6'/>"
+        "<CURVE_GRID id='g' curve_id='c' y_positions_count='3'/><GRID x_param_info_id='p.info'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* grid = rig.Widget<CGUIGrid>(0);
     ASSERT_NE(grid, nullptr);
@@ -147,9 +150,10 @@ TEST(UIWidgets, RulersStandOnADescriptionOrAnAxisOfACurve)
     CUIRig rig;
     rig.AddParam("p", 0, 5);
     rig.AddCurve("c");
-    EXPECT_TRUE(rig.Build("<RULER param_info_id='p.info' orientation='vertical' color='red' margin='3' h_margin='4' "
-                          "text_h_align='left' text_v_align='bottom' font_size='9'/>"
-                          "<CURVE_XSCALE curve_id='c' zoom='2'/><CURVE_YSCALE curve_id='c' y_zoom='3'/>"));
+    EXPECT_TRUE(
+        rig.Build("<RULER param_info_id='p.info' orientation='vertical' color='red' margin='3' h_margin='4' "
+                  "text_h_align='left' text_v_align='bottom' font_size='9'/>"
+                  "<CURVE_XSCALE curve_id='c' zoom='2'/><CURVE_YSCALE curve_id='c' y_zoom='3'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     const CGUIRulerGraphics& ruler = rig.Widget<CGUIRuler>(0)->GetRulerGraphics();
     EXPECT_TRUE(ruler.IsVertical());
@@ -204,9 +208,10 @@ TEST(UIWidgets, AKnobIsReadFromItsAttributes)
     ICaptureParam& param = rig.AddParam("p", 0, 10);
     rig.WriteImage("k.png", 20, 60);
     rig.WriteImage("k_hover.png", 20, 60);
-    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB id='k' param_id='p' image='k.png' images_count='3' pixel_range='50' "
-                          "orientation='horizontal' fine_ratio='8' positions_count='11'/>"
-                          "<IMAGE_PARAM_KNOB x_param_id='p' image='k.png' x_zoom='2'/>"));
+    EXPECT_TRUE(
+        rig.Build("<IMAGE_PARAM_KNOB id='k' param_id='p' image='k.png' images_count='3' pixel_range='50' "
+                  "orientation='horizontal' fine_ratio='8' positions_count='11'/>"
+                  "<IMAGE_PARAM_KNOB x_param_id='p' image='k.png' x_zoom='2'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* knob = rig.Widget<CGUIImageParamKnob>(0);
     ASSERT_NE(knob, nullptr);
@@ -302,7 +307,8 @@ TEST(UIWidgets, ALinearMeterIsReadFromItsAttributes)
     CUIRig rig;
     rig.AddParam("p");
     rig.WriteImage("m.png", 20, 100);
-    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_LINEAR_METER param_id='p' image='m.png' margin_before='5' margin_after='6'/>"));
+    EXPECT_TRUE(rig.Build(
+        "<IMAGE_PARAM_LINEAR_METER param_id='p' image='m.png' margin_before='5' margin_after='6'/>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     auto* meter = rig.Widget<CGUIImageParamLinearMeter>();
     ASSERT_NE(meter, nullptr);
@@ -365,10 +371,11 @@ TEST(UIWidgets, TooltipsExplainTheWidgetThatTheyStandIn)
     rig.services.tooltips = &tips;
     rig.AddParam("p");
     rig.AddString("s", "hint");
-    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB param_id='p'><PARAM_TOOLTIP param_id='p' delay_ms='7' show_time_ms='8' "
-                          "tip_style='balloon' background_color='red' text_color='blue'/></IMAGE_PARAM_KNOB>"
-                          "<TOOLTIP string_id='s' width='50' height='40' show_on_click='true'/>"
-                          "<TEXT value='a'><TOOLTIP text='plain'/></TEXT>"));
+    EXPECT_TRUE(
+        rig.Build("<IMAGE_PARAM_KNOB param_id='p'><PARAM_TOOLTIP param_id='p' delay_ms='7' show_time_ms='8' "
+                  "tip_style='balloon' background_color='red' text_color='blue'/></IMAGE_PARAM_KNOB>"
+                  "<TOOLTIP string_id='s' width='50' height='40' show_on_click='true'/>"
+                  "<TEXT value='a'><TOOLTIP text='plain'/></TEXT>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     const auto* inKnob = rig.Widget<CGUISysParamTooltip>(0, 0);
     ASSERT_NE(inKnob, nullptr);
@@ -473,13 +480,41 @@ TEST(UIWidgets, AWidgetWithoutItsObjectStandsOnThePlaceholderUntilItComes)
     control.EndEdit();
 }
 
+TEST(UIWidgets, ElementsOfModelsMayStandInASkin)
+{
+    CUIRig rig;
+    ICaptureParam& outside = rig.AddParam("p");
+    const int before = rig.model.GetObjects().GetCount();
+    EXPECT_TRUE(
+        rig.Build("<PARAM_LINK from='p' to='t.opacity' trigger_condition='always'/>"
+                  "<PARAM id='own' min='0' max='1' default='0.5'/>"
+                  "<ROW><TEXT id='t'/><IMAGE_PARAM_KNOB param_id='own'/></ROW>"
+                  "<COLLECTION id='c' count='2'><TEXT id='$item_id$.t'/>"
+                  "<PARAM_LINK from='p' to='$item_id$.t.opacity' trigger_condition='always'/></COLLECTION>",
+                  false));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    EXPECT_FLOAT_EQ(rig.Widget<CGUIImageParamKnob>(1)->GetControl().GetPosition(), 0.5f);
+    EXPECT_FLOAT_EQ(rig.Widget(0)->GetOpacity(), 0.0f);
+    outside.SetValue(0.75f);
+    EXPECT_FLOAT_EQ(rig.Widget(0)->GetOpacity(), 0.75f);
+    EXPECT_FLOAT_EQ(rig.Widget(3)->GetOpacity(), 0.75f);
+    rig.Close();
+    EXPECT_EQ(rig.model.GetObjects().GetCount(), before);
+    outside.SetValue(0.25f);
+    EXPECT_FALSE(rig.Build("<PARAM_LINK from='p' to='nowhere'/>"));
+    EXPECT_THAT(rig.TakeMessages(), ElementsAre("0: nowhere: Unknown identifier (object does not exist).",
+                                                "0: Fatal error: skin parsing failed"));
+}
+
 TEST(UICollections, HaveAsManyItemsAsTheirCount)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<ROW width='400' height='300' internal_h_align='left'><TEXT width='10' height='9'/>"
-                          "<COLLECTION id='c' count='3' max_count='2'><TEXT id='$item_id$.t' width='20' height='9'/></COLLECTION>"
-                          "<COLLECTION id='d' item_name='me'><TEXT id='$me$.t' width='30' height='9'/></COLLECTION>"
-                          "<TEXT width='40' height='9'/></ROW>"));
+    EXPECT_TRUE(
+        rig.Build("<ROW width='400' height='300' internal_h_align='left'><TEXT width='10' height='9'/>"
+                  "<COLLECTION id='c' count='3' max_count='2'><TEXT id='$item_id$.t' width='20' "
+                  "height='9'/></COLLECTION>"
+                  "<COLLECTION id='d' item_name='me'><TEXT id='$me$.t' width='30' height='9'/></COLLECTION>"
+                  "<TEXT width='40' height='9'/></ROW>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_FLOAT_EQ(rig.Value("c.count"), 2);
     EXPECT_TRUE(rig.Has("c[1].t.visible"));
@@ -523,7 +558,8 @@ TEST(UICollections, FollowOthersOfModelAndSkin)
 TEST(UICollections, RowsOfTablesMayBeItems)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<TABLE><COLLECTION id='c' count='2'><TABLE_ROW><TEXT width='20' height='10'/></TABLE_ROW></COLLECTION></TABLE>"));
+    EXPECT_TRUE(rig.Build("<TABLE><COLLECTION id='c' count='2'><TABLE_ROW><TEXT width='20' "
+                          "height='10'/></TABLE_ROW></COLLECTION></TABLE>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_EQ(rig.Place(1)[1] - rig.Place(0)[1], 10);
     rig.Param("c.count").SetValue(4);
@@ -535,9 +571,10 @@ TEST(UICollections, RowsOfTablesMayBeItems)
 TEST(UICollections, MayBeEmptyNamelessOrNested)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='e' count='2'/><COLLECTION id='' count='2'><TEXT id='t$item_id$'/></COLLECTION>"
-                          "<COLLECTION id='n' count='2'><COLLECTION id='$item_id$.in' count='3' item_name='inner'>"
-                          "<TEXT id='$inner$'/></COLLECTION></COLLECTION>"));
+    EXPECT_TRUE(rig.Build(
+        "<COLLECTION id='e' count='2'/><COLLECTION id='' count='2'><TEXT id='t$item_id$'/></COLLECTION>"
+        "<COLLECTION id='n' count='2'><COLLECTION id='$item_id$.in' count='3' item_name='inner'>"
+        "<TEXT id='$inner$'/></COLLECTION></COLLECTION>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_FLOAT_EQ(rig.Value("e.count"), 2);
     EXPECT_FALSE(rig.Has(".count"));
@@ -556,7 +593,8 @@ TEST(UICollections, MayBeEmptyNamelessOrNested)
 TEST(UICollections, FailuresAreReported)
 {
     CUIRig rig;
-    EXPECT_FALSE(rig.Build("<COLLECTION><TEXT/></COLLECTION><FOREACH><TEXT/></FOREACH><FOREACH id='f' collection_id='x'><TEXT/></FOREACH>"));
+    EXPECT_FALSE(rig.Build("<COLLECTION><TEXT/></COLLECTION><FOREACH><TEXT/></FOREACH><FOREACH id='f' "
+                           "collection_id='x'><TEXT/></FOREACH>"));
     EXPECT_THAT(rig.TakeMessages(),
                 ElementsAre("0: Cannot create collection, id field is empty.",
                             "0: Cannot create \"foreach\" collection, collection_id field is empty.",
@@ -579,9 +617,10 @@ TEST(UICollections, MessagesOfItemsAreShownOnlyWithErrors)
 TEST(UICollections, WhatItemsReferToIsMarkedAsAPattern)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c'><IMAGE_PARAM_KNOB param_id='$item_id$.p'/></COLLECTION>"
-                          "<FOREACH id='f' collection_id='c'><CURVE_GRAPH curve_id='$c_item_id$.q'/></FOREACH>",
-                          false));
+    EXPECT_TRUE(
+        rig.Build("<COLLECTION id='c'><IMAGE_PARAM_KNOB param_id='$item_id$.p'/></COLLECTION>"
+                  "<FOREACH id='f' collection_id='c'><CURVE_GRAPH curve_id='$c_item_id$.q'/></FOREACH>",
+                  false));
     EXPECT_TRUE(rig.model.GetExposure().IsWanted("c[7].p"));
     EXPECT_TRUE(rig.model.GetExposure().IsWanted("c[8].q"));
     EXPECT_FALSE(rig.model.GetExposure().IsWanted("c[8].r"));
@@ -591,8 +630,9 @@ TEST(UICollections, WhatItemsReferToIsMarkedAsAPattern)
 TEST(UICollections, GoWithTheSkin)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c' count='2'><IMAGE_GROUP_BOX id='$item_id$'><TEXT/></IMAGE_GROUP_BOX></COLLECTION>"
-                          "<FOREACH id='f' collection_id='c'><TEXT/></FOREACH>"));
+    EXPECT_TRUE(rig.Build(
+        "<COLLECTION id='c' count='2'><IMAGE_GROUP_BOX id='$item_id$'><TEXT/></IMAGE_GROUP_BOX></COLLECTION>"
+        "<FOREACH id='f' collection_id='c'><TEXT/></FOREACH>"));
     EXPECT_EQ(rig.light.GetChildCount(), 4);
     rig.Close();
     EXPECT_EQ(rig.light.GetChildCount(), 0);
