@@ -248,6 +248,7 @@ void CAudioPluginSkinGUI::Close()
         LeaveModel();
     }
     dialogs = nullptr;
+    question = 0;
     popups.reset();
     openMenu.reset();
     import.reset();
@@ -324,7 +325,7 @@ void CAudioPluginSkinGUI::Pump()
 
 bool CAudioPluginSkinGUI::LoadSkin(const char* path)
 {
-    ++loadRun;
+    BeginLoadRun();
     return window != nullptr && path != nullptr && Load(path);
 }
 

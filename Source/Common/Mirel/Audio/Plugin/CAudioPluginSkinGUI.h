@@ -121,6 +121,7 @@ private:
     void FitFrame();
 
     // Loading.
+    int BeginLoadRun();
     bool Load(const std::string& path);
     void LoadInPlaceOf(bool wasPresets);
     void LoadFactorySkin();
@@ -173,7 +174,8 @@ private:
     std::optional<SkinEngine::CModelImport> import;
     std::optional<CoreUtilities::CCallbackHelper> modelLoaded;
     std::optional<CoreUtilities::CCallbackHelper> rateChanged;
-    int loadRun = 0; ///< Answers to questions of an earlier load count no more.
+    GUI::IDialogs::DialogId question = 0; ///< About a load, while the user has not answered it.
+    int loadRun = 0;                      ///< Answers to questions of an earlier load count no more.
 
     Command onModelLoaded{this, &CAudioPluginSkinGUI::OnModelLoaded};
     Command onContentResized{this, &CAudioPluginSkinGUI::OnContentResized};

@@ -1,6 +1,9 @@
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
 
+#include <memory>
+#include <utility>
+
 namespace Mirel::Audio::Plugin
 {
 
@@ -17,7 +20,7 @@ constexpr const char* couldNotLoadSkin = "Could not load skin. Please choose a v
 
 void CAudioPluginSkinGUI::LoadSkinThatApplies()
 {
-    const int run = ++loadRun;
+    const int run = BeginLoadRun();
     const SChoice present = GetChoice();
     const bool isPresets = present.IsPresets();
     if (Load(isPresets ? present.skinFile : internals.GetDefaultSettings().GetSkinFile()))
@@ -39,6 +42,16 @@ void CAudioPluginSkinGUI::LoadSkinThatApplies()
                  ChooseSkin(isPresets, fallBack);
              }
          });
+}
+
+/// What the user is still asked about an earlier load is of no interest any more.
+int CAudioPluginSkinGUI::BeginLoadRun()
+{
+    if (dialogs != nullptr && question != 0)
+    {
+        dialogs->Cancel(std::exchange(question, 0));
+    }
+    return ++loadRun;
 }
 
 bool CAudioPluginSkinGUI::Load(const std::string& path)
@@ -84,7 +97,7 @@ void CAudioPluginSkinGUI::LoadFactorySkin()
     if (!Load(internals.GetDefaultSettings().GetDefaultSkinFile()))
     {
         Tell(errorTitle, "Could not load factory default skin. Please reinstall the software.",
-             EMessageKind::Error);
+             EMessageKind::Error, [] {});
     }
 }
 
@@ -94,11 +107,22 @@ void CAudioPluginSkinGUI::ChooseSkin(bool forPreset, const Chosen& chosen)
     request.title = forPreset ? "Choose skin for current preset" : "Choose global skin";
     request.defaultExtension = "xml";
     request.filters.push_back({"Skin Files (*.xml)", {"*.xml"}});
-    const auto take = [this, forPreset, chosen](const std::string& path)
-    { TakeChosen(forPreset, path, chosen); };
-    if (dialogs == nullptr || dialogs->ChooseFile(request, GetOwner(), take) == 0)
+    const auto isAnswered = std::make_shared<bool>(false);
+    const auto take = [this, forPreset, chosen, isAnswered](const std::string& path)
+    {
+        *isAnswered = true;
+        question = 0;
+        TakeChosen(forPreset, path, chosen);
+    };
+    const GUI::IDialogs::DialogId id =
+        dialogs == nullptr ? 0 : dialogs->ChooseFile(request, GetOwner(), take);
+    if (id == 0)
     {
         chosen(false, false);
+    }
+    else if (!*isAnswered)
+    {
+        question = id;
     }
 }
 
@@ -131,17 +155,26 @@ void CAudioPluginSkinGUI::TakeChosen(bool forPreset, const std::string& path, co
 void CAudioPluginSkinGUI::Tell(const std::string& title, const std::string& text, EMessageKind kind,
                                const Next& next)
 {
-    const auto goOn = [next](GUI::EMessageAnswer)
+    const auto isAnswered = std::make_shared<bool>(false);
+    const auto goOn = [this, next, isAnswered](GUI::EMessageAnswer)
     {
+        *isAnswered = true;
         if (next)
         {
+            question = 0;
             next();
         }
     };
     const GUI::SMessage message{title, text, kind, GUI::EMessageButtons::Ok};
-    if (dialogs == nullptr || dialogs->ShowMessage(message, GetOwner(), goOn) == 0)
+    const GUI::IDialogs::DialogId id =
+        dialogs == nullptr ? 0 : dialogs->ShowMessage(message, GetOwner(), goOn);
+    if (id == 0)
     {
         goOn(GUI::EMessageAnswer::Yes);
+    }
+    else if (next && !*isAnswered)
+    {
+        question = id;
     }
 }
 

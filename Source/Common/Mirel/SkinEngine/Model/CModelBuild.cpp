@@ -194,7 +194,9 @@ bool CModelBuild::AddToParent() const
         const std::unique_ptr<ISkinDynamicObjectsIterator> entry(model.GetObjects().CreateIterator());
         for (; entry->IsValid(); entry->Next())
         {
-            added = parent->GetObjects().Add(entry->GetId(), &entry->GetObject(), false) && added;
+            // A skin's own objects stand there from their beginning.
+            const bool known = parent->GetObjects().Find(entry->GetId()) == &entry->GetObject();
+            added = (known || parent->GetObjects().Add(entry->GetId(), &entry->GetObject(), false)) && added;
         }
     }
     return added;

@@ -452,14 +452,14 @@ void CGUISkinWindow::KeepState()
 
 bool CGUISkinWindow::SaveState(Serialization::IWriteDataStream& stream) const
 {
-    CSkinModelState present;
-    if (loaded)
-    {
-        load->model.TakeState(present);
-    }
-    const Serialization::ISerialize& saved = loaded ? present : state;
     const bool hasVersion = stream.Write("version", stateVersion);
-    return stream.Write("state", saved) && hasVersion;
+    if (!loaded)
+    {
+        return stream.Write("state", static_cast<const Serialization::ISerialize&>(state)) && hasVersion;
+    }
+    CSkinModelState present;
+    load->model.TakeState(present);
+    return stream.Write("state", static_cast<const Serialization::ISerialize&>(present)) && hasVersion;
 }
 
 bool CGUISkinWindow::LoadState(const Serialization::IReadDataStream& stream)

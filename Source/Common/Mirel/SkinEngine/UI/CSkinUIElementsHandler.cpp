@@ -43,15 +43,13 @@ class CSkinUIElementsHandler::CImplementation
 public:
     CImplementation(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                     const SSkinUIServices& services_, ISkinRoot* root_,
-                    std::shared_ptr<CSkinModelContext> context_)
+                    const std::shared_ptr<CSkinModelContext>& context_)
         : parser(parser_),
           log(log_),
           data(data_),
-          modelBuild(parser_, log_, data_.GetModel(), nullptr, context_),
-          build(parser_, log_, data_, services_, root_, std::move(context_))
+          build(parser_, log_, data_, services_, root_, context_),
+          modelBuild(parser_, log_, data_.GetModel(), &data_.GetWholeModel(), context_)
     {
-        // Of its own a skin builds all that it has; the pre-pass is about the objects of others.
-        data.GetModel().GetExposure().Use("*");
     }
 
     bool PreParse(const char* path)
@@ -97,11 +95,10 @@ public:
     bool EndItem()
     {
         const CDictionaryLogExchange wholeReports(data.GetWholeModel().GetObjects(), &log);
-        const bool succeeded = build.Finish();
-        return FinishModel() && succeeded;
+        return Finish();
     }
 
-    int GetElements() const { return build.GetElements(); }
+    int GetElements() const { return build.GetElements() + modelBuild.GetElements(); }
 
 private:
     bool Fail() const
@@ -118,34 +115,8 @@ private:
         return parser.ParseFile(path);
     }
 
-    /// The links of the skin come once all widgets are there, whose objects they move.
-    bool FinishModel()
-    {
-        if (!std::exchange(hasModelElements, false))
-        {
-            return true;
-        }
-        const bool succeeded = modelBuild.Finish();
-        const auto& persistent = std::as_const(data.GetModel()).GetPersistentObjects();
-        const std::unique_ptr<ISkinDynamicObjectsConstIterator> entry(persistent.CreateIterator());
-        for (; entry->IsValid(); entry->Next())
-        {
-            data.GetWholeModel().MakePersistent(entry->GetId(), true);
-        }
-        return succeeded;
-    }
-
     void RegisterBuilders()
     {
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(parser, element.name,
-                          [this, handle = element.build](const CNamedAttributes& attributes)
-                          {
-                              hasModelElements = true;
-                              return modelBuild.TakeElement() && handle(modelBuild, attributes);
-                          });
-        }
         RegisterStart(parser, rootElement,
                       [this](const CNamedAttributes& attributes) { return StartRoot(attributes); });
         RegisterEnd(parser, rootElement, [this] { return EndRoot(); });
@@ -160,6 +131,12 @@ private:
                             build.Pop(element.name);
                             return true;
                         });
+        }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, &element](const CNamedAttributes& attributes)
+                          { return StartOfModel(element, attributes); });
         }
         RegisterStart(parser, "COLLECTION",
                       [this](const CNamedAttributes& attributes)
@@ -188,13 +165,31 @@ private:
     {
         preParsed = false;
         Layout::CBaseGroupLayoutCell* const group = build.GetScope().group;
-        const bool isBuilt = build.Finish();
-        const bool succeeded = FinishModel() && isBuilt;
+        const bool succeeded = Finish();
         if (group != nullptr)
         {
             group->SetAutoUpdate(true);
         }
         return succeeded;
+    }
+
+    /// The skin's own links come when all that they can name is there.
+    bool Finish()
+    {
+        const bool built = build.Finish();
+        return (!std::exchange(hasModel, false) || modelBuild.Finish()) && built;
+    }
+
+    bool StartOfModel(const SModelElement& element, const CNamedAttributes& attributes)
+    {
+        hasModel = true;
+        return modelBuild.TakeElement() && element.build(modelBuild, attributes) && data.TakeAllAdded();
+    }
+
+    SModelMarks GetModelMarks() const
+    {
+        const char* element = parser.GetCurrentElementName();
+        return {build.GetExposure(), log, element == nullptr ? "" : element};
     }
 
     void RegisterMarks()
@@ -205,16 +200,15 @@ private:
             return true;
         };
         RegisterStart(parser, rootElement, mark);
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(parser, element.name,
-                          [this, &element](const CNamedAttributes& attributes) {
-                              return element.mark({build.GetExposure(), log, element.name}, attributes);
-                          });
-        }
         for (const SUIElement& element : uiElements)
         {
             RegisterStart(parser, element.name, mark);
+        }
+        for (const SModelElement& element : modelElements)
+        {
+            RegisterStart(parser, element.name,
+                          [this, mark = element.mark](const CNamedAttributes& attributes)
+                          { return mark(GetModelMarks(), attributes); });
         }
         for (const char* name : {"COLLECTION", "FOREACH"})
         {
@@ -236,11 +230,11 @@ private:
     CSkinParser& parser;
     CoreUtilities::IMessageLog& log;
     CGUISkinData& data;
-    CModelBuild modelBuild; ///< Of the model elements that stand in the skin.
     CUIBuild build;
+    CModelBuild modelBuild; ///< Of the elements of models that stand in the skin.
+    bool hasModel = false;
     CNamedAttributes variables;
     bool preParsed = false;
-    bool hasModelElements = false;
 };
 
 CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_,

@@ -309,6 +309,7 @@ TEST_F(CAudioPluginSkinGUITest, DoesNotWaitForTheUser)
     ASSERT_TRUE(Open());
     EXPECT_THAT(Texts(), ElementsAre(noSkin));
     ASSERT_TRUE(editor->LoadSkin(WriteSkin("tool.xml", 44).c_str()));
+    EXPECT_EQ(dialogs.cancelled.size(), 1U);
     dialogs.Answer(GUI::EMessageAnswer::Yes);
     EXPECT_TRUE(dialogs.requests.empty()) << "the question is of no interest any more";
     EXPECT_EQ(editor->GetSize().width, 44);

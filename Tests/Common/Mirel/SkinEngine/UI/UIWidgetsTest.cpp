@@ -480,6 +480,32 @@ TEST(UIWidgets, AWidgetWithoutItsObjectStandsOnThePlaceholderUntilItComes)
     control.EndEdit();
 }
 
+TEST(UIWidgets, ElementsOfModelsMayStandInASkin)
+{
+    CUIRig rig;
+    ICaptureParam& outside = rig.AddParam("p");
+    const int before = rig.model.GetObjects().GetCount();
+    EXPECT_TRUE(
+        rig.Build("<PARAM_LINK from='p' to='t.opacity' trigger_condition='always'/>"
+                  "<PARAM id='own' min='0' max='1' default='0.5'/>"
+                  "<ROW><TEXT id='t'/><IMAGE_PARAM_KNOB param_id='own'/></ROW>"
+                  "<COLLECTION id='c' count='2'><TEXT id='$item_id$.t'/>"
+                  "<PARAM_LINK from='p' to='$item_id$.t.opacity' trigger_condition='always'/></COLLECTION>",
+                  false));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    EXPECT_FLOAT_EQ(rig.Widget<CGUIImageParamKnob>(1)->GetControl().GetPosition(), 0.5f);
+    EXPECT_FLOAT_EQ(rig.Widget(0)->GetOpacity(), 0.0f);
+    outside.SetValue(0.75f);
+    EXPECT_FLOAT_EQ(rig.Widget(0)->GetOpacity(), 0.75f);
+    EXPECT_FLOAT_EQ(rig.Widget(3)->GetOpacity(), 0.75f);
+    rig.Close();
+    EXPECT_EQ(rig.model.GetObjects().GetCount(), before);
+    outside.SetValue(0.25f);
+    EXPECT_FALSE(rig.Build("<PARAM_LINK from='p' to='nowhere'/>"));
+    EXPECT_THAT(rig.TakeMessages(), ElementsAre("0: nowhere: Unknown identifier (object does not exist).",
+                                                "0: Fatal error: skin parsing failed"));
+}
+
 TEST(UICollections, HaveAsManyItemsAsTheirCount)
 {
     CUIRig rig;
