@@ -105,8 +105,8 @@ void CControlsSection::AddKnobs(CGalleryPage& page)
     };
     for (const float value : {75.0F, 0.0F, 50.0F, 100.0F})
     {
-        auto& knob = page.Add(make(value), {knobSide, knobSide},
-                              "Knob " + std::to_string(static_cast<int>(value)));
+        auto& knob =
+            page.Add(make(value), {knobSide, knobSide}, "Knob " + std::to_string(static_cast<int>(value)));
         knob.SetPixelRange(150.0F);
         auto tip = std::make_unique<CGUISysParamTooltip>(*params.back(), &tips, &page);
         tip->Explain(&knob);
@@ -120,30 +120,28 @@ void CControlsSection::AddMeters(CGalleryPage& page)
     constexpr Core::CSize meterSize = {20, 100};
     constexpr int lamps = 12;
     const CCaptureParam& param = *params.front();
-    page.Add(std::make_unique<CGUIImageParamMeter>(param, MakeMeterStrips(meterSize, lamps + 1).release(), true,
-                                                   lamps + 1, EOrientation::Vertical),
+    page.Add(std::make_unique<CGUIImageParamMeter>(param, MakeMeterStrips(meterSize, lamps + 1).release(),
+                                                   true, lamps + 1, EOrientation::Vertical),
              meterSize, "Meter");
-    auto& linear = page.Add(std::make_unique<CGUIImageParamLinearMeter>(
-                                param, MakeLinearImages({10, 100}, {20, 6}, true)),
-                            meterSize, "Linear meter");
+    auto& linear = page.Add(
+        std::make_unique<CGUIImageParamLinearMeter>(param, MakeLinearImages({10, 100}, {20, 6}, true)),
+        meterSize, "Linear meter");
     linear.SetTrack(MakeTrackOf(false, 4));
 }
 
 void CControlsSection::AddSliders(CGalleryPage& page)
 {
-    auto& across =
-        page.Add(std::make_unique<CSkinLinearParamSlider>(
-                     MakeParam(30.0F), MakeLinearImages({180, 6}, {24, 16}, false), &opener),
-                 {180, 24}, "Slider");
+    auto& across = page.Add(std::make_unique<CSkinLinearParamSlider>(
+                                MakeParam(30.0F), MakeLinearImages({180, 6}, {24, 16}, false), &opener),
+                            {180, 24}, "Slider");
     across.SetTrack(MakeTrackOf(true, 12));
     auto& up = page.Add(std::make_unique<CSkinLinearParamSlider>(
                             MakeParam(70.0F), MakeLinearImages({6, 100}, {16, 24}, false), &opener),
                         {24, 100}, "Vertical slider");
     up.SetTrack(MakeTrackOf(false, 12));
-    auto& disabled =
-        page.Add(std::make_unique<CSkinLinearParamSlider>(
-                     MakeParam(50.0F), MakeLinearImages({120, 6}, {24, 16}, false), &opener),
-                 {120, 24}, "Disabled");
+    auto& disabled = page.Add(std::make_unique<CSkinLinearParamSlider>(
+                                  MakeParam(50.0F), MakeLinearImages({120, 6}, {24, 16}, false), &opener),
+                              {120, 24}, "Disabled");
     disabled.SetTrack(MakeTrackOf(true, 12));
     disabled.Enable(false);
 }
@@ -157,8 +155,9 @@ void CControlsSection::AddButtons(CGalleryPage& page)
     page.Add(std::make_unique<CGUIImageParamButton>(MakeChoice({"Off", "On"}, 1.0F), MakeButtonImage(2)),
              buttonSize, "Disabled")
         .Enable(false);
-    page.Add(std::make_unique<CGUIImageParamToggleSwitch>(MakeChoice({"Off", "On"}, 0.0F), MakeButtonImage(2)),
-             buttonSize, "While pressed");
+    page.Add(
+        std::make_unique<CGUIImageParamToggleSwitch>(MakeChoice({"Off", "On"}, 0.0F), MakeButtonImage(2)),
+        buttonSize, "While pressed");
     CCaptureParam& mode = MakeChoice({"Scrolling", "Trigger", "Freeze"}, 1.0F);
     page.Add(std::make_unique<CGUIImageParamDropDownList>(mode, MakeButtonImage(1), &menus), buttonSize,
              "Drop-down list");

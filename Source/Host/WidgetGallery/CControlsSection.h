@@ -14,8 +14,8 @@
 namespace WidgetGallery
 {
 
-/// Knobs, meters, sliders, buttons, lists and value texts, each with a parameter of its own; the meters follow
-/// the first knob. What the tools open is shown by the window.
+/// Knobs, meters, sliders, buttons, lists and value texts, each with a parameter of its own; the meters
+/// follow the first knob. What the tools open is shown by the window.
 class CControlsSection : public IGallerySection
 {
 public:

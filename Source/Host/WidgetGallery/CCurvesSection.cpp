@@ -51,10 +51,7 @@ float Dense(float x)
 class CGround : public GUI::CLightWidget
 {
 public:
-    CGround()
-    {
-        SetGraphics(new Graphics::CColorDrawer(ground), true);
-    }
+    CGround() { SetGraphics(new Graphics::CColorDrawer(ground), true); }
 
     template <class Widget>
     Widget& Put(std::unique_ptr<Widget> widget, Core::CPoint place, Core::CSize size)
@@ -90,8 +87,8 @@ CCurvesSection::CCurvesSection() = default;
 
 CCurvesSection::CCurve& CCurvesSection::MakeCurve(std::function<float(float)> code)
 {
-    const DataModel::Objects::CCurveInfo info(Axis(0.0F, 1.0F, "s", "%.1f"), Axis(-1.0F, 1.0F, "", "%.1f"), "",
-                                              "");
+    const DataModel::Objects::CCurveInfo info(Axis(0.0F, 1.0F, "s", "%.1f"), Axis(-1.0F, 1.0F, "", "%.1f"),
+                                              "", "");
     curves.push_back(std::make_unique<CCurve>(info));
     curves.back()->SetValue(CDemoFunction(std::move(code)));
     return *curves.back();
@@ -184,14 +181,15 @@ void CCurvesSection::AddScope(CGalleryPage& page)
     box->Put(std::make_unique<CGUICurveViewer>(curve), {left, margin}, inner)
         .GetCurveGraphics()
         .SetColor(green);
-    auto& xRuler = box->Put(std::make_unique<CGUIXCurveRuler>(curve), {left - margin, margin + inner.height + 3},
-                            {inner.width + 2 * margin, below - 3});
+    auto& xRuler =
+        box->Put(std::make_unique<CGUIXCurveRuler>(curve), {left - margin, margin + inner.height + 3},
+                 {inner.width + 2 * margin, below - 3});
     SetRuler(xRuler.GetRulerGraphics(), page.GetLook());
     xRuler.GetRulerGraphics().SetVAlign(Graphics::ETextVAlign::Top);
     xRuler.GetRulerGraphics().SetHMargin(margin);
     xRuler.GetViewer().SetPositionsCount(11);
-    auto& yRuler = box->Put(std::make_unique<CGUIYCurveRuler>(curve), {0, 0},
-                            {left - 6, inner.height + 2 * margin});
+    auto& yRuler =
+        box->Put(std::make_unique<CGUIYCurveRuler>(curve), {0, 0}, {left - 6, inner.height + 2 * margin});
     SetRuler(yRuler.GetRulerGraphics(), page.GetLook());
     yRuler.GetRulerGraphics().SetHAlign(Graphics::ETextHAlign::Right);
     yRuler.GetRulerGraphics().SetVMargin(margin);

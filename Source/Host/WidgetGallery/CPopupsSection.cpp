@@ -61,8 +61,7 @@ void CPopupsSection::Fill(CGalleryPage& page)
               [this] { ShowAlert(GUI::EMessageKind::Information, GUI::EMessageButtons::Ok); });
     AddOpener(page, "Warning",
               [this] { ShowAlert(GUI::EMessageKind::Warning, GUI::EMessageButtons::YesNoCancel); });
-    AddOpener(page, "Error",
-              [this] { ShowAlert(GUI::EMessageKind::Error, GUI::EMessageButtons::OkCancel); });
+    AddOpener(page, "Error", [this] { ShowAlert(GUI::EMessageKind::Error, GUI::EMessageButtons::OkCancel); });
     AddOpener(page, "Open file", [this] { ChooseFile("", false); });
     AddOpener(page, "Save file", [this] { ChooseFile("", true); });
     AddOpener(page, "Fine edit", [this, pointer] { OpenFineEdit(pointer()); });
@@ -76,14 +75,16 @@ void CPopupsSection::AddControls(CGalleryPage& page)
     page.Add(std::move(button), size, "Push button");
     page.Add(std::make_unique<GUI::CPushButton>(nullptr, look, "Open", nullptr), size, "Default")
         .SetDefault(true);
-    page.Add(std::make_unique<GUI::CPushButton>(nullptr, look, "Push", nullptr), size, "Disabled").Enable(false);
+    page.Add(std::make_unique<GUI::CPushButton>(nullptr, look, "Push", nullptr), size, "Disabled")
+        .Enable(false);
     page.Add(std::make_unique<GUI::CPushButton>(nullptr, look, "All Files", nullptr), {110, size.height},
              "With a menu")
         .SetHasMenu(true);
-    auto& field = page.Add(std::make_unique<GUI::CTextField>(nullptr, look), {180, size.height}, "Text field");
+    auto& field =
+        page.Add(std::make_unique<GUI::CTextField>(nullptr, look), {180, size.height}, "Text field");
     field.SetText("Drum Transients.preset");
-    auto& wrong = page.Add(std::make_unique<GUI::CTextField>(nullptr, look), {120, size.height},
-                           "Not understood");
+    auto& wrong =
+        page.Add(std::make_unique<GUI::CTextField>(nullptr, look), {120, size.height}, "Not understood");
     wrong.SetText("loud");
     wrong.SetWrong(true);
     auto& list = page.Add(std::make_unique<GUI::CListBox>(nullptr, look), {200, 110}, "List box");
@@ -114,7 +115,8 @@ void CPopupsSection::OpenMenu(Core::CPoint place)
 void CPopupsSection::ShowTooltip(Core::CPoint place, bool isBalloon)
 {
     GUI::STooltip tip;
-    tip.text = isBalloon ? "Trigger Value\nThe level at which the trace begins." : "Time per division: 125.5 ms";
+    tip.text =
+        isBalloon ? "Trigger Value\nThe level at which the trace begins." : "Time per division: 125.5 ms";
     tip.delayMs = 0;
     tip.isBalloon = isBalloon;
     if (isBalloon)

@@ -30,7 +30,8 @@ using CDrawFrame = std::function<void(cairo_t* context, int state, double share)
 
 void SetColor(cairo_t* context, CColor color, double factor = 1.0)
 {
-    cairo_set_source_rgb(context, ToUnit(color.r) * factor, ToUnit(color.g) * factor, ToUnit(color.b) * factor);
+    cairo_set_source_rgb(context, ToUnit(color.r) * factor, ToUnit(color.g) * factor,
+                         ToUnit(color.b) * factor);
 }
 
 double BrightnessOf(int state)
@@ -136,7 +137,8 @@ std::unique_ptr<CImageCatalog> MakeMeterStrips(CSize frame, int framesCount)
             const bool isLit = share * lamps > i + 0.5;
             SetColor(context, i + 2 >= lamps ? CColor{0xE0, 0x5A, 0x4E} : CColor{0x5B, 0xC0, 0x6A},
                      isLit ? 1.0 : 0.25);
-            cairo_rectangle(context, 1.0, frame.height - (i + 1) * pitch + 1.0, frame.width - 2.0, pitch - 2.0);
+            cairo_rectangle(context, 1.0, frame.height - (i + 1) * pitch + 1.0, frame.width - 2.0,
+                            pitch - 2.0);
             cairo_fill(context);
         }
     };
@@ -177,8 +179,9 @@ std::unique_ptr<CImageCatalog> MakeThumb(CSize size)
         cairo_fill(context);
         SetColor(context, {0x1B, 0x1F, 0x23});
         const bool isWide = size.width > size.height;
-        cairo_rectangle(context, isWide ? size.width / 2.0 - 1.0 : 3.0, isWide ? 3.0 : size.height / 2.0 - 1.0,
-                        isWide ? 2.0 : size.width - 6.0, isWide ? size.height - 6.0 : 2.0);
+        cairo_rectangle(context, isWide ? size.width / 2.0 - 1.0 : 3.0,
+                        isWide ? 3.0 : size.height / 2.0 - 1.0, isWide ? 2.0 : size.width - 6.0,
+                        isWide ? size.height - 6.0 : 2.0);
         cairo_fill(context);
     };
     return MakeStrips(size, 1, draw);

@@ -15,10 +15,12 @@ Mirel::Graphics::CSharedImage MakeBadge();
 std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeKnobStrips(int side, int framesCount);
 
 /// The same of a column of lamps.
-std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeMeterStrips(Mirel::Graphics::CSize frame, int framesCount);
+std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeMeterStrips(Mirel::Graphics::CSize frame,
+                                                                int framesCount);
 
 /// The same of a button whose lamp is off in the first frame and on in the last.
-std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeButtonStrips(Mirel::Graphics::CSize frame, int framesCount);
+std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeButtonStrips(Mirel::Graphics::CSize frame,
+                                                                 int framesCount);
 
 /// The track of a slider, and its thumb.
 std::unique_ptr<Mirel::Graphics::CImageCatalog> MakeTrack(Mirel::Graphics::CSize size, bool isLit);

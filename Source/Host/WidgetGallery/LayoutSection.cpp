@@ -153,8 +153,8 @@ void AddShares(CGalleryPage& page)
     {
         CLayoutOptions options;
         options.SetFlex(weight);
-        flex.GetBox().AddBox({30, 50}, weight > 0.0F ? "flex " + std::to_string(static_cast<int>(weight)) : "30",
-                             options);
+        flex.GetBox().AddBox(
+            {30, 50}, weight > 0.0F ? "flex " + std::to_string(static_cast<int>(weight)) : "30", options);
     }
     flex.Finish("Flex weights 1 and 2, fixed");
     CLayoutDemo ratios(page, ELayoutType::Row);

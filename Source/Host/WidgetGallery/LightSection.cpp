@@ -20,10 +20,7 @@ namespace
 class CBox : public GUI::CLightWidget
 {
 public:
-    explicit CBox(Graphics::CColor color)
-    {
-        SetGraphics(new Graphics::CColorDrawer(color), true);
-    }
+    explicit CBox(Graphics::CColor color) { SetGraphics(new Graphics::CColorDrawer(color), true); }
 
     GUI::CLightWidget& Fill(Graphics::CRect frame, Graphics::CColor color)
     {
@@ -47,7 +44,8 @@ void AddImages(CGalleryPage& page)
     for (const auto& [mode, name] : modes)
     {
         auto element = std::make_unique<Graphics::CNormalImageElement>(MakeBadge());
-        page.Add(std::make_unique<GUI::CBitmapLightWidget>(nullptr, std::move(element), mode), {100, 80}, name);
+        page.Add(std::make_unique<GUI::CBitmapLightWidget>(nullptr, std::move(element), mode), {100, 80},
+                 name);
     }
 }
 

@@ -170,7 +170,8 @@ int PlacePictures(std::vector<SPicture>& pictures, int top, int scale)
         }
         picture.place = {x, y};
         const bool isFollowed = &picture != &pictures.back() && (&picture + 1)->caption.empty();
-        x += std::max(size.width, picture.caption.empty() || isFollowed ? 0 : 90) + (isFollowed ? 2 : spacing);
+        x +=
+            std::max(size.width, picture.caption.empty() || isFollowed ? 0 : 90) + (isFollowed ? 2 : spacing);
         rowHeight = std::max(rowHeight, captionHeight + size.height);
     }
     return y + rowHeight + margin - top;
@@ -221,7 +222,8 @@ bool WriteSnapshot(const std::string& path, int scale, const GUI::CPopupLook& lo
         GUI::DrawFrame(*surface, frame, look.border);
         surface->SaveState();
         surface->Scale(scale);
-        GUI::DrawLabel(*surface, look.font, picture.caption, {picture.place, {300, captionHeight}}, look.text);
+        GUI::DrawLabel(*surface, look.font, picture.caption, {picture.place, {300, captionHeight}},
+                       look.text);
         surface->RestoreState();
     }
     return WritePng(whole, path);

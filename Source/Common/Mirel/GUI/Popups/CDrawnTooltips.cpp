@@ -17,8 +17,8 @@ constexpr int leavePeriodMs = 150;
 class CTipWindow : public CPopupWindow
 {
 public:
-    CTipWindow(INativePlatform& platform_, const CRect& frame_, const INativeWindow* owner, const STooltip& tip,
-               const CPopupLook& look)
+    CTipWindow(INativePlatform& platform_, const CRect& frame_, const INativeWindow* owner,
+               const STooltip& tip, const CPopupLook& look)
         : CPopupWindow(platform_, ENativeWindowKind::Tooltip, frame_, owner),
           graphics(tip, look)
     {
@@ -100,8 +100,7 @@ void CDrawnTooltips::OpenAt(CPoint screenPosition)
     const int scale = platform.GetScale();
     const CRect area = FindPopupArea(platform, screenPosition);
     const CSize size = CTooltipGraphics(tip, look).GetSize();
-    const CRect frame =
-        PlaceTooltip(screenPosition, {size.width * scale, size.height * scale}, area, scale);
+    const CRect frame = PlaceTooltip(screenPosition, {size.width * scale, size.height * scale}, area, scale);
     window = std::make_unique<CTipWindow>(platform, frame, owner, tip, look);
     if (!window->Show())
     {
