@@ -83,7 +83,7 @@ public:
     void ChangeOne()
     {
         lastBox->SetSize({lastBox->GetSize().width ^ 1, 10});
-        lastBox->Update();
+        lastBox->GetParent()->Update();
     }
 
     static void Walk(CPlainCell& cell, CPoint point)

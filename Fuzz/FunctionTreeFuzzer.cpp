@@ -1,7 +1,7 @@
 // A tree of functions read from an XML document, or from a stream that makes up its answers from the input's
 // bytes and so builds trees that no document of the corpus has.
 
-#include "Mirel/Core/NewText.h"
+#include "CByteStream.h"
 #include "Mirel/Math/CBinaryFunctionComposition.h"
 #include "Mirel/Math/CBinaryFunctionProxy.h"
 #include "Mirel/Math/CBinaryFunctionsCombination.h"
@@ -23,12 +23,9 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <iterator>
 #include <limits>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace
 {
@@ -58,80 +55,6 @@ const char* const classKeys[] = {
     TBinaryFunction<&FunctionsLibrary::Division>::classKey,
     TBinaryFunction<&FunctionsLibrary::Sum>::classKey,
     "{never registered}",
-};
-
-/// Answers every read with the next bytes of the input, until they are used up. Texts are class keys.
-class CByteStream : public IReadDataStream
-{
-public:
-    explicit CByteStream(std::string_view bytes_) : bytes(bytes_) {}
-
-    bool Read(const char*, bool& value) const override
-    {
-        value = Next() % 8 == 0;
-        return !bytes.empty();
-    }
-
-    bool Read(const char* key, int& value) const override
-    {
-        const int byte = Next();
-        value = byte % 9 - 1;
-        const bool isCount = std::strstr(key, "Count") != nullptr && std::strcmp(key, "pointsCount") != 0;
-        if (isCount && byte > 250)
-        {
-            value = 1 << (byte % 32); // beyond the limits, too
-        }
-        return !bytes.empty();
-    }
-
-    bool Read(const char*, float& value) const override
-    {
-        const float limit = std::numeric_limits<float>::infinity();
-        const float odd[] = {std::numeric_limits<float>::quiet_NaN(), limit, -limit, 1e-45f, 3e38f, -0.0f};
-        const auto byte = static_cast<std::size_t>(Next());
-        value = byte < std::size(odd) ? odd[byte] : static_cast<float>(byte) - 100.0f;
-        return !bytes.empty();
-    }
-
-    bool Read(const char*, double&) const override { return false; }
-
-    bool Read(const char*, char*& value) const override
-    {
-        value = NewText(classKeys[static_cast<std::size_t>(Next()) % std::size(classKeys)]);
-        return true;
-    }
-
-    bool Read(const char*, void*&, unsigned&) const override { return false; }
-
-    bool Read(const char*, IDeSerialize& object) const override
-    {
-        constexpr int maxDepth = 128;
-        if (bytes.empty() || depth == maxDepth)
-        {
-            return false;
-        }
-        ++depth;
-        const bool read = object.Deserialize(*this);
-        --depth;
-        return read;
-    }
-
-    bool Exists(const char*) const override { return Next() % 8 != 0; }
-
-private:
-    int Next() const
-    {
-        if (bytes.empty())
-        {
-            return 0;
-        }
-        const auto byte = static_cast<unsigned char>(bytes.front());
-        bytes.remove_prefix(1);
-        return byte;
-    }
-
-    mutable std::string_view bytes;
-    mutable int depth = 0;
 };
 
 template <class I>
@@ -212,9 +135,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int choice = data[0] % (modes + 1);
     if (choice == modes)
     {
-        Use<IFunction>(CByteStream(input));
-        Use<IBinaryFunction>(CByteStream(input));
-        Use<IConstant>(CByteStream(input));
+        Use<IFunction>(Fuzz::CByteStream(input, classKeys));
+        Use<IBinaryFunction>(Fuzz::CByteStream(input, classKeys));
+        Use<IConstant>(Fuzz::CByteStream(input, classKeys));
     }
     else
     {

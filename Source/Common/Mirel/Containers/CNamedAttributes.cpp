@@ -1,5 +1,7 @@
 #include "Mirel/Containers/CNamedAttributes.h"
 
+#include <utility>
+
 namespace Mirel::Containers
 {
 
@@ -62,8 +64,19 @@ void CNamedAttributes::Set(const char* name, const char* value)
     {
         return;
     }
-    const std::string text = value == nullptr ? "" : value;
-    values.insert_or_assign(name, text);
+    // A copy first: the value may be a part of what it replaces.
+    Assign(name, value == nullptr ? "" : value);
+}
+
+void CNamedAttributes::Assign(std::string_view name, std::string value)
+{
+    const auto entry = values.find(name);
+    if (entry != values.end())
+    {
+        entry->second = std::move(value);
+        return;
+    }
+    values.emplace(name, std::move(value));
 }
 
 void CNamedAttributes::Remove(const char* name)

@@ -3,6 +3,7 @@
 #include "Mirel/Containers/TStringMap.h"
 
 #include <string>
+#include <string_view>
 
 namespace Mirel::Containers
 {
@@ -63,6 +64,29 @@ public:
     virtual void Clear();
 
     int GetCount() const { return static_cast<int>(values.size()); }
+
+    /// Set for texts that are at hand with their lengths.
+    void Assign(std::string_view name, std::string value);
+
+    /// Calls visit(name, value) for every entry, both as strings; the value may be changed where the table
+    /// may. No entry may come or go meanwhile.
+    template <class Visitor>
+    void Visit(Visitor visit) const
+    {
+        for (const auto& [name, value] : values)
+        {
+            visit(name, value);
+        }
+    }
+
+    template <class Visitor>
+    void Visit(Visitor visit)
+    {
+        for (auto& [name, value] : values)
+        {
+            visit(name, value);
+        }
+    }
 
 private:
     TStringMap<std::string> values;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Mirel/Core/CEventProvider.h"
+#include "Mirel/Core/CLateDestruction.h"
 #include "Mirel/Core/ICapture.h"
 
 namespace Mirel::Core
@@ -33,7 +34,11 @@ public:
     }
 
     /// Reports that what is held has changed. A derived class decides what else that means for it.
-    virtual void NotifyChanged() const { changed.Notify(); }
+    virtual void NotifyChanged() const
+    {
+        const CLateDestruction stayAlive;
+        changed.Notify();
+    }
 
     /// Fires on NotifyChanged and on nothing else.
     IEventProvider& GetChangedEventProvider() const { return changed; }

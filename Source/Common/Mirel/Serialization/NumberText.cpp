@@ -67,28 +67,30 @@ bool FormatNumber(double value, std::string& text)
     return Format(value, doublePrecision, text);
 }
 
-void ParseNumber(const char* text, bool& value)
+bool ParseNumber(const char* text, bool& value)
 {
     int number = 0;
-    if (Parse(text, boolPrecision, number))
+    const bool parsed = Parse(text, boolPrecision, number);
+    if (parsed)
     {
         value = number != 0;
     }
+    return parsed;
 }
 
-void ParseNumber(const char* text, int& value)
+bool ParseNumber(const char* text, int& value)
 {
-    Parse(text, intPrecision, value);
+    return Parse(text, intPrecision, value);
 }
 
-void ParseNumber(const char* text, float& value)
+bool ParseNumber(const char* text, float& value)
 {
-    Parse(text, floatPrecision, value);
+    return Parse(text, floatPrecision, value);
 }
 
-void ParseNumber(const char* text, double& value)
+bool ParseNumber(const char* text, double& value)
 {
-    Parse(text, doublePrecision, value);
+    return Parse(text, doublePrecision, value);
 }
 
 } // namespace Mirel::Serialization

@@ -15,10 +15,10 @@ bool FormatNumber(float value, std::string& text);
 bool FormatNumber(double value, std::string& text);
 
 /// Reads the number at the start of the text, after blanks. A text that holds none, or one that the type does
-/// not, leaves the value as it is. What follows the number is not looked at.
-void ParseNumber(const char* text, bool& value);
-void ParseNumber(const char* text, int& value);
-void ParseNumber(const char* text, float& value);
-void ParseNumber(const char* text, double& value);
+/// not, leaves the value as it is and gives false. What follows the number is not looked at.
+bool ParseNumber(const char* text, bool& value);
+bool ParseNumber(const char* text, int& value);
+bool ParseNumber(const char* text, float& value);
+bool ParseNumber(const char* text, double& value);
 
 } // namespace Mirel::Serialization

@@ -164,4 +164,27 @@ RC_GTEST_PROP(CNamedAttributes, BehavesLikeAStandardMap,
 }
 
 } // namespace
+TEST(CNamedAttributes, AssignAddsAndReplaces)
+{
+    CNamedAttributes attributes;
+    attributes.Assign("a", "1");
+    attributes.Assign("a", "2");
+    attributes.Assign("", "empty");
+    EXPECT_EQ(attributes.GetCount(), 2);
+    EXPECT_STREQ(attributes.Get("a"), "2");
+    EXPECT_STREQ(attributes.Get(""), "empty");
+}
+
+TEST(CNamedAttributes, VisitReachesEveryEntryAndMayChangeIt)
+{
+    CNamedAttributes attributes;
+    attributes.Assign("a", "1");
+    attributes.Assign("b", "2");
+    attributes.Visit([](const std::string& name, std::string& value) { value += name; });
+    std::string seen;
+    const CNamedAttributes& read = attributes;
+    read.Visit([&seen](const std::string&, const std::string& value) { seen += value; });
+    EXPECT_TRUE(seen == "1a2b" || seen == "2b1a") << seen;
+}
+
 } // namespace Mirel::Containers

@@ -2,7 +2,7 @@
 
 #include "Mirel/Serialization/IndexedKey.h"
 #include "Mirel/Serialization/Limits.h"
-#include "ThreadTime.h"
+#include "Support/ThreadTime.h"
 #include "Values.h"
 
 #include <gtest/gtest.h>

@@ -3,49 +3,24 @@
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/Serialization/IndexedKey.h"
 #include "Mirel/Serialization/Limits.h"
-#include "ThreadTime.h"
+#include "Support/SmallStack.h"
+#include "Support/Texts.h"
+#include "Support/ThreadTime.h"
 #include "Values.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
-
-#include <pthread.h>
 
 namespace Mirel::Serialization
 {
 namespace
 {
 
-/// Runs the work on a thread with the stack of a host's small thread.
-void RunOnSmallStack(std::function<void()> work)
-{
-    constexpr std::size_t stackBytes = std::size_t{512} * 1024;
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, stackBytes), 0);
-    pthread_t thread{};
-    const auto start = [](void* argument) -> void*
-    {
-        (*static_cast<std::function<void()>*>(argument))();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, start, &work), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-}
+using Tests::Repeated;
 
-std::string Repeated(const std::string& text, int count)
-{
-    std::string result;
-    result.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-    {
-        result += text;
-    }
-    return result;
-}
+/// The stack of a host's small thread.
+constexpr std::size_t stackBytes = std::size_t{512} * 1024;
 
 // The sanitizers' own work is no part of the promise.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -59,14 +34,14 @@ bool LoadsInTime(const std::string& text)
 {
     bool loaded = false;
     double seconds = 0.0;
-    RunOnSmallStack(
-        [&]
-        {
-            const double begin = Tests::ThreadSeconds();
-            CXmlDataObject object("Root");
-            loaded = object.LoadFromMemory(text.data(), text.size());
-            seconds = Tests::ThreadSeconds() - begin;
-        });
+    Tests::RunOnStack(stackBytes,
+                      [&]
+                      {
+                          const double begin = Tests::ThreadSeconds();
+                          CXmlDataObject object("Root");
+                          loaded = object.LoadFromMemory(text.data(), text.size());
+                          seconds = Tests::ThreadSeconds() - begin;
+                      });
     EXPECT_LT(seconds, secondsAllowed);
     return loaded;
 }

@@ -2,9 +2,9 @@
 
 #include "Mirel/Audio/Plugin/BypassInfo.h"
 #include "Mirel/Audio/Plugin/Limits.h"
-#include "Mirel/Audio/Plugin/ReadText.h"
 #include "Mirel/Core/CAutoLock.h"
 #include "Mirel/Serialization/CXmlDataObject.h"
+#include "Mirel/Serialization/ReadText.h"
 
 #include <cmath>
 #include <filesystem>

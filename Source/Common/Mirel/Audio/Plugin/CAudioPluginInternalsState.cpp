@@ -4,7 +4,7 @@
 #include "Mirel/Audio/Plugin/CInputParamsSerializer.h"
 #include "Mirel/Audio/Plugin/Limits.h"
 #include "Mirel/Audio/Plugin/PresetFiles.h"
-#include "Mirel/Audio/Plugin/ReadText.h"
+#include "Mirel/Serialization/ReadText.h"
 
 namespace Mirel::Audio::Plugin
 {

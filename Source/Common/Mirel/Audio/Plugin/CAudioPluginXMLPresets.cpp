@@ -1,9 +1,9 @@
 #include "Mirel/Audio/Plugin/CAudioPluginXMLPresets.h"
 
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
-#include "Mirel/Audio/Plugin/ReadText.h"
 #include "Mirel/Serialization/CItemsBudget.h"
 #include "Mirel/Serialization/IndexedKey.h"
+#include "Mirel/Serialization/ReadText.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,19 +4,27 @@ namespace Mirel::Audio::Plugin
 {
 
 CConstMIDICCMessageTimerProxy::CConstMIDICCMessageTimerProxy(const CMIDICCMessage& source_,
-                                                             System::ITimerProvider& timer_, int periodMs)
+                                                             System::ITimerProvider& timerProvider,
+                                                             int periodMs)
     : source(source_),
-      timer(timer_),
-      copy(source_.Get()),
-      refresh(this, &CConstMIDICCMessageTimerProxy::Refresh)
+      copy(source_.Get())
 {
-    timer.AddTimer(periodMs, &refresh);
+    timer.SetPeriod(periodMs);
+    timer.SetProvider(&timerProvider);
+    timer.Start();
 }
 
-CConstMIDICCMessageTimerProxy::~CConstMIDICCMessageTimerProxy()
+void CConstMIDICCMessageTimerProxy::Enable(bool enable)
 {
-    Core::ICommand* command = &refresh;
-    timer.RemoveTimer(command, false);
+    if (enable)
+    {
+        timer.Start();
+    }
+    else
+    {
+        timer.Stop();
+    }
+    enabled.Enable(enable);
 }
 
 void CConstMIDICCMessageTimerProxy::Refresh()

@@ -1,6 +1,6 @@
 #include "Mirel/Audio/Plugin/CMIDICCSetting.h"
 
-#include "Mirel/Audio/Plugin/ReadText.h"
+#include "Mirel/Serialization/ReadText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CButtonUserControl.h"
 
+#include "Mirel/DataModel/GUIWidgets/CSingleEdit.h"
 #include "Mirel/DataModel/GUIWidgets/ParamStops.h"
 
 namespace Mirel::DataModel::GUIWidgets
@@ -71,17 +72,12 @@ bool CButtonUserControl::OnKeyDown(const GUI::COSXKeyEvent& event)
     {
         return CPushUserControl::OnKeyDown(event);
     }
-    // A press with the mouse has a gesture of its own, which must not end here.
+    // A press in hand steps at its end.
     if (!IsPushed())
     {
-        const CWatch watch(GetLifeToken());
-        control.BeginEdit();
+        const CSingleEdit edit(control, GetLifeToken());
         Step(event.key == ENativeKey::Right || event.key == ENativeKey::Up ||
              event.key == ENativeKey::PageUp);
-        if (watch.IsAlive())
-        {
-            control.EndEdit();
-        }
     }
     return true;
 }
@@ -122,14 +118,9 @@ void CButtonUserControl::Step(bool upward)
 
 void CButtonUserControl::SetDefault()
 {
-    const CWatch watch(GetLifeToken());
     Cancel();
-    control.BeginEdit();
+    const CSingleEdit edit(control, GetLifeToken());
     control.SetDefault();
-    if (watch.IsAlive())
-    {
-        control.EndEdit();
-    }
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

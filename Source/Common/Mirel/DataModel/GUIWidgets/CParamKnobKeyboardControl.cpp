@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CParamKnobKeyboardControl.h"
 
+#include "Mirel/DataModel/GUIWidgets/CSingleEdit.h"
 #include "Mirel/GUI/InputEvents.h"
 
 #include <utility>
@@ -49,7 +50,7 @@ bool CParamKnobKeyboardControl::OnKeyDown(const GUI::COSXKeyEvent& event)
     {
         return false;
     }
-    control.BeginEdit();
+    const CSingleEdit edit(control, life);
     if (toDefault)
     {
         control.SetDefault();
@@ -59,7 +60,6 @@ bool CParamKnobKeyboardControl::OnKeyDown(const GUI::COSXKeyEvent& event)
         control.SetPosition(control.GetPosition() + GetSteps(control, GUIWidgets::GetPixelRange(pixelRange),
                                                              static_cast<float>(steps)));
     }
-    control.EndEdit();
     return true;
 }
 

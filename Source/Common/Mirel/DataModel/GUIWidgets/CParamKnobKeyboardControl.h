@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Core/CLifeToken.h"
 #include "Mirel/DataModel/Controls/CParamControl.h"
 #include "Mirel/DataModel/GUIWidgets/IFineEditOpener.h"
 #include "Mirel/DataModel/GUIWidgets/KnobSteps.h"
@@ -42,6 +43,7 @@ private:
     std::function<Core::CPoint()> getPlace;
     float pixelRange = -1.0F;
     int pageSize = defaultPageSize;
+    Core::CLifeToken life; ///< A change of the value may destroy the widget.
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CParamKnobMouseControl.h"
 
+#include "Mirel/DataModel/GUIWidgets/CSingleEdit.h"
 #include "Mirel/GUI/InputEvents.h"
 
 namespace Mirel::DataModel::GUIWidgets
@@ -14,9 +15,8 @@ bool CParamKnobMouseControl::OnLeftDown(const GUI::COSXMouseEvent& event)
     }
     if (event.IsModifierDown(GUI::EModifierKey::Alternate))
     {
-        control.BeginEdit();
+        const CSingleEdit edit(control, life);
         control.SetDefault();
-        control.EndEdit();
         return true;
     }
     MeasureFrom(event.position, control.GetPosition());
@@ -65,8 +65,12 @@ void CParamKnobMouseControl::OnCaptureLost()
 {
     if (dragging)
     {
-        control.EndEdit();
+        const Core::CLifeToken::CWatch watch(life);
         SetDragging(false);
+        if (watch.IsAlive())
+        {
+            control.EndEdit();
+        }
     }
 }
 
@@ -84,17 +88,12 @@ bool CParamKnobMouseControl::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
 {
     ReadFineMode(event);
     const float amount = GetSteps(control, GUIWidgets::GetPixelRange(pixelRange), event.deltaY);
-    // The gesture of a drag goes on.
-    if (!dragging)
-    {
-        control.BeginEdit();
-    }
+    const CSingleEdit edit(control, life);
     control.SetPosition(amount + control.GetPosition());
-    if (!dragging)
+    if (edit.IsAlive())
     {
-        control.EndEdit();
+        control.SetFineMode(false);
     }
-    control.SetFineMode(false);
     return true;
 }
 

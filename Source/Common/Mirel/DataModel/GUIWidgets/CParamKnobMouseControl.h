@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Mirel/Core/CEventProvider.h"
+#include "Mirel/Core/CLifeToken.h"
 #include "Mirel/DataModel/Controls/CParamControl.h"
 #include "Mirel/DataModel/GUIWidgets/IFineEditOpener.h"
 #include "Mirel/DataModel/GUIWidgets/KnobSteps.h"
@@ -62,6 +63,7 @@ private:
     Core::CPoint lastPoint;
     float startPosition = 0.0F; ///< The control's at the anchor.
     mutable Core::CEventProvider draggingChanged;
+    Core::CLifeToken life; ///< A change of the value may destroy the widget.
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -1,5 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CSkinParamDropDownUserControl.h"
 
+#include "Mirel/DataModel/GUIWidgets/CSingleEdit.h"
 #include "Mirel/DataModel/GUIWidgets/Limits.h"
 #include "Mirel/DataModel/GUIWidgets/ParamStops.h"
 #include "Mirel/DataModel/GUIWidgets/WidgetOnScreen.h"
@@ -10,11 +11,11 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-using CWatch = Core::CLifeToken::CWatch;
-
 /// Lives until the presenter has let go of the menu, which may be after the widget's end.
 struct CSkinParamDropDownUserControl::SList
 {
+    explicit SList(CSkinParamDropDownUserControl* owner_) : owner(owner_) {}
+
     GUI::CMenu menu;
     CSkinParamDropDownUserControl* owner; ///< Null once that is gone.
 };
@@ -88,14 +89,9 @@ bool CSkinParamDropDownUserControl::OnMouseLeave(const GUI::COSXMouseEvent& even
 bool CSkinParamDropDownUserControl::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
 {
     ReadModifiers(event);
-    const CWatch watch(GetLifeToken());
-    control.BeginEdit();
+    const CSingleEdit edit(control, GetLifeToken());
     control.SetPosition(control.GetPosition() + GetSteps(control, 0.0F, event.deltaY));
-    if (watch.IsAlive())
-    {
-        control.EndEdit();
-    }
-    if (watch.IsAlive())
+    if (edit.IsAlive())
     {
         control.SetFineMode(false);
     }
@@ -143,13 +139,8 @@ bool CSkinParamDropDownUserControl::TakesPress(const GUI::COSXMouseEvent& event)
     {
         return false;
     }
-    const CWatch watch(GetLifeToken());
-    control.BeginEdit();
+    const CSingleEdit edit(control, GetLifeToken());
     control.SetDefault();
-    if (watch.IsAlive())
-    {
-        control.EndEdit();
-    }
     return true;
 }
 
@@ -163,7 +154,7 @@ bool CSkinParamDropDownUserControl::OpenList()
     {
         return false;
     }
-    const auto opening = std::make_shared<SList>(GUI::CMenu(), this);
+    const auto opening = std::make_shared<SList>(this);
     const int current = GetStopOf(control.GetPosition(), last);
     for (int stop = 0; stop <= last; ++stop)
     {
@@ -191,13 +182,8 @@ bool CSkinParamDropDownUserControl::OpenList()
 
 void CSkinParamDropDownUserControl::Choose(int stop, int lastStop)
 {
-    const CWatch watch(GetLifeToken());
-    control.BeginEdit();
+    const CSingleEdit edit(control, GetLifeToken());
     control.SetPosition(GetPositionOfStop(stop, lastStop));
-    if (watch.IsAlive())
-    {
-        control.EndEdit();
-    }
 }
 
 void CSkinParamDropDownUserControl::OnClosed()

@@ -1,10 +1,13 @@
 #include "Mirel/DataModel/Objects/CCaptureParam.h"
 
+#include "Mirel/Core/CLateDestruction.h"
+
 namespace Mirel::DataModel::Objects
 {
 
 void CCaptureParam::SetValue(float newValue)
 {
+    const Core::CLateDestruction stayAlive;
     if (info.GetMin() > newValue)
     {
         newValue = info.GetMin();

@@ -1,5 +1,7 @@
 #include "Mirel/DataModel/Objects/CConstantToCaptureParamAdapter.h"
 
+#include "Mirel/Core/CLateDestruction.h"
+
 namespace Mirel::DataModel::Objects
 {
 
@@ -19,6 +21,7 @@ void CConstantToCaptureParamAdapter::SetConstant(const Math::IConstant* newConst
 
 void CConstantToCaptureParamAdapter::Update()
 {
+    const Core::CLateDestruction stayAlive;
     const float newValue = Evaluate();
     if (newValue < value || newValue > value)
     {

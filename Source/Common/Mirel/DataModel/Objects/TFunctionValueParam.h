@@ -2,6 +2,7 @@
 
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
+#include "Mirel/DataModel/CCascadeShare.h"
 #include "Mirel/DataModel/Objects/CCaptureParam.h"
 #include "Mirel/DataModel/Objects/CaptureObjects.h"
 
@@ -117,7 +118,8 @@ private:
     void OnInputChanged()
     {
         const bool complete = std::find(arguments.begin(), arguments.end(), nullptr) == arguments.end();
-        if (function != nullptr && complete)
+        const CCascadeShare::CUpdate update(cascadeShare);
+        if (function != nullptr && complete && update.IsAllowed())
         {
             result.SetValue(Evaluate(std::make_index_sequence<count>()));
         }
@@ -134,6 +136,7 @@ private:
     const Function* function = nullptr;
     std::array<const IConstCaptureParam*, count> arguments{};
     CCaptureParam result;
+    CCascadeShare cascadeShare;
     Core::TCommand<TFunctionValueParam> inputChanged{this, &TFunctionValueParam::OnInputChanged};
     Core::TCommand<TFunctionValueParam> infoChanged{this, &TFunctionValueParam::OnInfoChanged};
     CConnection functionConnection;

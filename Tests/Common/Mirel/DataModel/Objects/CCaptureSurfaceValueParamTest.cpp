@@ -8,6 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 using namespace Mirel::DataModel::Objects;
 using Mirel::Math::CConstantBinaryFunction;
 using Tests::CEventCounter;
@@ -92,4 +96,30 @@ TEST_F(CCaptureSurfaceValueParamTest, OneParameterMayStandForBothArguments)
     EXPECT_EQ(value.GetValue(), 4.0F);
     x.SetValue(2.0F);
     EXPECT_EQ(value.GetValue(), 5.0F);
+}
+
+// Each stands on the two before it: without a limit the updates of the last grow as the numbers of Fibonacci.
+TEST(CCaptureSurfaceValueParam, AChainThatMultipliesUpdatesComesToAnEnd)
+{
+    CCaptureSurface sum{
+        CSurfaceInfo(CParamInfo(), CParamInfo(), CParamInfo(2, -1e9F, 1e9F, 0.0F, "", "", ""), "", "")};
+    sum.SetValue(Mirel::Math::TBinaryFunction<Mirel::Math::FunctionsLibrary::Sum>());
+    CCaptureParam first{CParamInfo(2, 0.0F, 10.0F, 0.0F, "", "", "")};
+    std::vector<std::unique_ptr<CCaptureSurfaceValueParam>> chain;
+    const IConstCaptureParam* last = &first;
+    const IConstCaptureParam* beforeLast = &first;
+    for (int i = 0; i < 60; ++i)
+    {
+        chain.push_back(std::make_unique<CCaptureSurfaceValueParam>());
+        chain.back()->SetSurface(&sum);
+        chain.back()->SetX(last);
+        chain.back()->SetY(beforeLast);
+        beforeLast = std::exchange(last, chain.back().get());
+    }
+    first.SetValue(1.0F);
+    EXPECT_EQ(chain[2]->GetValue(), 5.0F);
+    while (!chain.empty())
+    {
+        chain.pop_back(); // Each listens to those before it.
+    }
 }

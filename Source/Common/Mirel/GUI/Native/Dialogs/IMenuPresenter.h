@@ -54,6 +54,10 @@ public:
     {
         Show(tip.text, owner, screenPosition);
     }
+
+    /// Another text for the tooltip that waits or shows, which stays where it is; an empty one hides it.
+    /// Nothing without one.
+    virtual void SetTipText(const std::string& /*text*/) {}
 };
 
 } // namespace Mirel::GUI

@@ -1,11 +1,11 @@
-#include "Mirel/Audio/Plugin/ReadText.h"
+#include "Mirel/Serialization/ReadText.h"
 
 #include <memory>
 
-namespace Mirel::Audio::Plugin
+namespace Mirel::Serialization
 {
 
-bool ReadText(const Serialization::IReadDataStream& stream, const char* key, std::string& text)
+bool ReadText(const IReadDataStream& stream, const char* key, std::string& text)
 {
     char* read = nullptr;
     if (!stream.Read(key, read))
@@ -17,4 +17,4 @@ bool ReadText(const Serialization::IReadDataStream& stream, const char* key, std
     return true;
 }
 
-} // namespace Mirel::Audio::Plugin
+} // namespace Mirel::Serialization

@@ -4,10 +4,10 @@
 
 #include <string>
 
-namespace Mirel::Audio::Plugin
+namespace Mirel::Serialization
 {
 
 /// Reads a text; a stored null becomes the empty one. False, with the text left alone, if there is none.
-bool ReadText(const Serialization::IReadDataStream& stream, const char* key, std::string& text);
+bool ReadText(const IReadDataStream& stream, const char* key, std::string& text);
 
-} // namespace Mirel::Audio::Plugin
+} // namespace Mirel::Serialization

@@ -1,0 +1,118 @@
+#include "Mirel/SkinEngine/Model/CSkinCollectionContext.h"
+
+#include "Mirel/SkinEngine/Model/CSkinCollectionBase.h"
+#include "Mirel/SkinEngine/Model/CollectionLimits.h"
+
+#include <algorithm>
+
+namespace Mirel::SkinEngine
+{
+
+CSkinCollectionContext::CChange::CChange(CSkinCollectionContext& context_) : context(context_)
+{
+    if (context.changes++ == 0)
+    {
+        context.itemsInChange = 0;
+        context.elementsInChange = 0;
+    }
+}
+
+CSkinCollectionContext::CChange::~CChange()
+{
+    if (context.changes == 1)
+    {
+        context.RunRequests();
+        context.Report();
+    }
+    --context.changes;
+}
+
+void CSkinCollectionContext::Request(CSkinCollectionBase& collection, int count)
+{
+    const auto known = std::find_if(requests.begin(), requests.end(),
+                                    [&](const CRequest& each) { return each.collection == &collection; });
+    if (known == requests.end())
+    {
+        requests.push_back({&collection, count});
+    }
+    else
+    {
+        known->count = count;
+    }
+}
+
+void CSkinCollectionContext::Forget(const CSkinCollectionBase& collection)
+{
+    for (CRequest& request : requests)
+    {
+        if (request.collection == &collection)
+        {
+            request.collection = nullptr;
+        }
+    }
+}
+
+/// Requests that the changes here bring about are carried out as well. The items that may be made in one
+/// change bound them: a count cannot go to and fro without making any.
+void CSkinCollectionContext::RunRequests()
+{
+    for (std::size_t i = 0; i < requests.size(); ++i)
+    {
+        const CRequest request = requests[i];
+        requests[i].collection = nullptr;
+        if (request.collection != nullptr)
+        {
+            request.collection->ApplyCount(request.count);
+        }
+    }
+    requests.clear();
+}
+
+bool CSkinCollectionContext::TakeItem()
+{
+    if (IsExhausted())
+    {
+        refused = true;
+        return false;
+    }
+    ++items;
+    ++itemsInChange;
+    return true;
+}
+
+bool CSkinCollectionContext::TakeElements(int count)
+{
+    if (count > maxCollectionElements - elements)
+    {
+        refused = true;
+        return false;
+    }
+    AddElements(count);
+    return true;
+}
+
+void CSkinCollectionContext::AddElements(int count)
+{
+    elements += count;
+    elementsInChange += count;
+}
+
+bool CSkinCollectionContext::IsExhausted() const
+{
+    return items >= maxCollectionItems || elements >= maxCollectionElements ||
+           changes > maxNestedCollections || itemsInChange >= maxItemsPerChange ||
+           elementsInChange >= maxElementsPerChange;
+}
+
+void CSkinCollectionContext::Report()
+{
+    CoreUtilities::IMessageLog* log = refused && !reported ? findLog() : nullptr;
+    if (log != nullptr)
+    {
+        reported = true;
+        log->Post(CoreUtilities::CMessageKind::Error,
+                  "The collections have too many items in all: some are left out or incomplete.", 0);
+    }
+}
+
+} // namespace Mirel::SkinEngine
