@@ -22,7 +22,7 @@ namespace
 using namespace DataModel::GUIWidgets;
 using DataModel::Objects::CParamInfo;
 
-constexpr Core::CSize graphSize = {180, 90};
+constexpr Core::CSize graphSize = {175, 90};
 constexpr Graphics::CColor ground = {0x0B, 0x0E, 0x11};
 constexpr Graphics::CColor green = {0x5A, 0xDC, 0x78};
 constexpr Graphics::CColor major = {0x38, 0x42, 0x4C};

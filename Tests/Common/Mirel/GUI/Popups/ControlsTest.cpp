@@ -23,10 +23,7 @@ public:
     }
 
     /// In skin pixels of the window.
-    void Click(int x, int y)
-    {
-        rig.ClickAt({1000 + x, 1000 + y});
-    }
+    void Click(int x, int y) { rig.ClickAt({1000 + x, 1000 + y}); }
 
     void DoubleClick(int x, int y)
     {
