@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdint>
 #include <sstream>
 #include <string>
@@ -43,13 +43,12 @@ CPixels ReadPng(const std::string& path)
     return picture;
 }
 
-/// The amber of the first channel's trace.
-bool IsAmber(std::uint32_t pixel)
+/// How much amber, the first channel's colour, a pixel has: the trace's line may share two rows.
+int AmberOf(std::uint32_t pixel)
 {
-    const unsigned red = (pixel >> 16U) & 0xFFU;
-    const unsigned green = (pixel >> 8U) & 0xFFU;
-    const unsigned blue = pixel & 0xFFU;
-    return red > 200U && green > 120U && green < 210U && blue < 130U;
+    constexpr int leastOfAll = 30;
+    const int amber = static_cast<int>((pixel >> 16U) & 0xFFU) - static_cast<int>(pixel & 0xFFU);
+    return std::max(0, amber - leastOfAll);
 }
 
 class CSnapshotRun : public testing::Test
@@ -86,29 +85,27 @@ protected:
         ASSERT_TRUE(writer.Finish(failure)) << failure;
     }
 
-    /// The row on which the first trace of a constant lies in the factory skin.
-    int FindTraceRow(float value)
+    /// The row on which the first trace of a constant lies in the factory skin, with fractions.
+    double FindTraceRow(float value)
     {
         WriteConstant(value);
         EXPECT_EQ(Run({Path("in.wav"), "--snapshot", Path("p.png")}), 0) << error;
         const CPixels picture = ReadPng(Path("p.png"));
-        int best = -1;
-        int most = 0;
+        const int right = picture.width * 4 / 5; // left of the histogram
+        std::vector<int> rows;
         for (int y = 0; y < picture.height; ++y)
         {
-            int count = 0;
-            for (int x = 0; x < picture.width; ++x)
+            int amber = 0;
+            for (int x = 0; x < right; ++x)
             {
-                count += IsAmber(picture.At(x, y)) ? 1 : 0;
+                amber += AmberOf(picture.At(x, y));
             }
-            if (count > most)
-            {
-                most = count;
-                best = y;
-            }
+            rows.push_back(amber);
         }
-        EXPECT_GT(most, picture.width / 2) << "no trace for " << value;
-        return best;
+        const auto strongest = std::max_element(rows.begin() + 1, rows.end() - 1);
+        EXPECT_GT(*strongest, picture.width * 10) << "no trace for " << value;
+        const double sum = strongest[-1] + strongest[0] + strongest[1];
+        return static_cast<double>(strongest - rows.begin()) + (strongest[1] - strongest[-1]) / sum;
     }
 
     Tests::CTemporaryFolder folder;
@@ -118,14 +115,14 @@ protected:
 
 TEST_F(CSnapshotRun, TheFactorySkinShowsValuesWhereItsAmplitudeAxisHasThem)
 {
-    const int top = FindTraceRow(0.98F);
-    const int bottom = FindTraceRow(-0.98F);
-    ASSERT_GT(bottom, top + 100);
+    const double top = FindTraceRow(0.98F);
+    const double bottom = FindTraceRow(-0.98F);
+    ASSERT_GT(bottom, top + 100.0);
     const double pixelsPerUnit = (bottom - top) / (2.0 * 0.98);
     for (const float value : {0.5F, 0.25F, 0.0F, -0.75F})
     {
         const double expected = top + (0.98 - static_cast<double>(value)) * pixelsPerUnit;
-        EXPECT_NEAR(FindTraceRow(value), expected, 1.0) << value;
+        EXPECT_NEAR(FindTraceRow(value), expected, 0.5) << value;
     }
 }
 

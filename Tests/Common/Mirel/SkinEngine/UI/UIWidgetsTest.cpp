@@ -293,8 +293,8 @@ TEST(UIWidgets, ASliderIsReadFromItsAttributes)
     EXPECT_EQ(slider->GetControl().GetPositionsCount(), 6);
     EXPECT_EQ(slider->GetControl().GetFineRatio(), 4);
     param.SetValue(10);
-    // At the end of the track, less the margin.
-    EXPECT_EQ(slider->GetSliderGraphics().GetThumbArea().x, 75);
+    // The thumb of 10 pixels ends where the margin begins.
+    EXPECT_EQ(slider->GetSliderGraphics().GetThumbArea().x, 100 - 20 - 10);
     EXPECT_TRUE(rig.Has("s.zoom"));
     EXPECT_EQ(rig.images.GetCount(), 3U);
     auto* plain = rig.Widget<CSkinLinearParamSlider>(1);
