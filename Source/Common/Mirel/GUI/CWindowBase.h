@@ -43,8 +43,8 @@ public:
     bool CaptureMouse(CWidget& widget) { return mouse.Capture(widget); }
     void ReleaseMouse(CWidget& widget) { mouse.Release(widget); }
 
-    /// While blocked no input reaches the widgets, and the window is not asked to close: another one has to be
-    /// answered first. Blocks add up; each is to be taken back once.
+    /// While blocked no input reaches the widgets, and the window is not asked to close: another one has to
+    /// be answered first. Blocks add up; each is to be taken back once.
     void SetInputBlocked(bool blocked);
     bool IsInputBlocked() const { return inputBlocks > 0; }
 

@@ -16,8 +16,8 @@ namespace Mirel::DataModel::GUIWidgets
 class CGUISysParamFineEditDialog : public GUI::CDrawnDialog
 {
 public:
-    /// The control must outlive the dialog. position: device pixels of the screen. closed is called once, when
-    /// the user is done; it may destroy the dialog.
+    /// The control must outlive the dialog. position: device pixels of the screen. closed is called once,
+    /// when the user is done; it may destroy the dialog.
     CGUISysParamFineEditDialog(GUI::INativePlatform& platform_, const GUI::CPopupLook& look_,
                                Controls::CParamControl& control_, Core::CPoint position,
                                const GUI::SDialogOwner& owner_, std::function<void()> closed_);

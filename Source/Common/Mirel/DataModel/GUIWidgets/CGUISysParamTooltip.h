@@ -14,7 +14,8 @@ public:
     CGUISysParamTooltip(const Objects::IConstCaptureParam& param, GUI::CHostTooltips* tips_,
                         GUI::CLightWidget* parent_ = nullptr)
         : CGUISysTooltip(tips_, parent_),
-          viewer(param)
+          viewer(param),
+          textConnection(&viewer.GetTextChangedEventProvider(), &textChanged)
     {
     }
 
@@ -22,6 +23,8 @@ public:
 
 private:
     Controls::CBaseParamTextViewer viewer;
+    Core::TCommand<CGUISysParamTooltip> textChanged{this, &CGUISysParamTooltip::OnTextChanged};
+    CoreUtilities::CCallbackHelper textConnection;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -15,15 +15,17 @@ public:
     /// The string is not owned and must outlive the widget; the rest as of CGUISysTooltip.
     CGUISysStringTooltip(const Objects::IConstCaptureString& string, GUI::CHostTooltips* tips_,
                          GUI::CLightWidget* parent_ = nullptr)
-        : CGUISysTooltip(tips_, parent_)
+        : CGUISysTooltip(tips_, parent_),
+          viewer(std::in_place, string),
+          textConnection(&viewer->GetTextChangedEventProvider(), &textChanged)
     {
-        viewer.emplace(string);
     }
 
     /// Null is the empty text.
     CGUISysStringTooltip(const char* text_, GUI::CHostTooltips* tips_, GUI::CLightWidget* parent_ = nullptr)
         : CGUISysTooltip(tips_, parent_),
-          text(text_ == nullptr ? "" : text_)
+          text(text_ == nullptr ? "" : text_),
+          textConnection(nullptr, nullptr)
     {
     }
 
@@ -32,6 +34,8 @@ public:
 private:
     std::optional<Controls::CBaseStringViewer> viewer;
     std::string text;
+    Core::TCommand<CGUISysStringTooltip> textChanged{this, &CGUISysStringTooltip::OnTextChanged};
+    CoreUtilities::CCallbackHelper textConnection;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

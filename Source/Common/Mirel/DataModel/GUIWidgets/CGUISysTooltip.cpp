@@ -40,6 +40,14 @@ void CGUISysTooltip::SetShowOnClick(bool newShowOnClick)
     }
 }
 
+void CGUISysTooltip::OnTextChanged()
+{
+    if (tips != nullptr)
+    {
+        tips->Refresh(GetSubject());
+    }
+}
+
 void CGUISysTooltip::Announce()
 {
     const auto makeTip = [this]

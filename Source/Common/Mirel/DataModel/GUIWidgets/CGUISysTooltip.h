@@ -35,6 +35,9 @@ protected:
     /// Without them nothing shows.
     CGUISysTooltip(GUI::CHostTooltips* tips_, GUI::CLightWidget* parent_);
 
+    /// For when the text has changed: one that shows says it at once.
+    void OnTextChanged();
+
 private:
     void Announce();
     GUI::CLightWidget& GetSubject() { return subject == nullptr ? *this : *subject; }

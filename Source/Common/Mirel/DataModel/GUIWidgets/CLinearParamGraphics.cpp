@@ -120,14 +120,10 @@ bool CLinearParamGraphics::IsOnThumb(CPoint point) const
 CRect CLinearParamGraphics::GetThumbArea() const
 {
     const CSize thumb = thumbImages->GetSize(GetThumbState());
-    const CSize area = GetSize();
-    const int pixel = track.GetPixel(area, position);
-    const auto along = [pixel](int length, bool centered) { return pixel - (centered ? length / 2 : 0); };
-    const CPoint origin = track.horizontal
-                              ? CPoint{along(thumb.width, thumbAlignment.horizontally),
-                                       Place(area.height, thumb.height, thumbAlignment.vertically)}
-                              : CPoint{Place(area.width, thumb.width, thumbAlignment.horizontally),
-                                       along(thumb.height, thumbAlignment.vertically)};
+    const CPoint origin =
+        track.horizontal
+            ? CPoint{GetPixel(), Place(GetSize().height, thumb.height, thumbAlignment.vertically)}
+            : CPoint{Place(GetSize().width, thumb.width, thumbAlignment.horizontally), GetPixel()};
     return {origin, thumb};
 }
 
@@ -138,9 +134,9 @@ int CLinearParamGraphics::GetThumbState() const
 
 void CLinearParamGraphics::UpdatePosition()
 {
-    const int before = track.GetPixel(GetSize(), position);
+    const int before = GetPixel();
     position = viewer.GetPosition();
-    if (track.GetPixel(GetSize(), position) != before)
+    if (GetPixel() != before)
     {
         RaiseChanged();
     }
@@ -154,13 +150,20 @@ CRect CLinearParamGraphics::GetTrackArea() const
             picture};
 }
 
-/// From the beginning of the track, its margin included, to the position.
+/// From the beginning of the track, its margin included, to the middle of the thumb.
 CRect CLinearParamGraphics::GetFilledArea() const
 {
     const CSize area = GetSize();
-    const int pixel = track.GetPixel(area, position);
+    const int pixel = GetPixel() + GetThumbLength() / 2;
     return track.horizontal ? CRect(0, 0, pixel, area.height)
                             : CRect(0, pixel, area.width, std::max(area.height - pixel, 0));
+}
+
+/// The same in all states, or the thumb would move with them.
+int CLinearParamGraphics::GetThumbLength() const
+{
+    const CSize thumb = thumbImages->GetSize(StateNormal);
+    return track.horizontal ? thumb.width : thumb.height;
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -55,12 +55,21 @@ public:
     /// Of the track's image in the area.
     void SetTrackAlignment(SAlignment alignment);
 
-    /// Along the track, of the thumb about the position; across, in the area.
+    /// Of the thumb in the area, across the track; along it the position decides.
     void SetThumbAlignment(SAlignment alignment);
 
     /// The picture of both catalogs.
     int GetState() const { return state; }
     void SetState(EWidgetState newState);
+
+    /// Pixels that the thumb moves from one end to the other.
+    int GetTrackLength() const { return track.GetLength(GetSize(), GetThumbLength()); }
+
+    /// The position that brings the thumb to a point.
+    float GetPositionAt(Core::CPoint point) const
+    {
+        return track.GetPosition(GetSize(), GetThumbLength(), point);
+    }
 
     bool IsOnThumb(Core::CPoint point) const;
     Graphics::CRect GetThumbArea() const;
@@ -70,6 +79,8 @@ public:
 
 private:
     void UpdatePosition();
+    int GetPixel() const { return track.GetPixel(GetSize(), GetThumbLength(), position); }
+    int GetThumbLength() const;
     int GetTrackState() const { return state == StateSelected ? StatePushed : state; }
     Graphics::CRect GetTrackArea() const;
     Graphics::CRect GetFilledArea() const;

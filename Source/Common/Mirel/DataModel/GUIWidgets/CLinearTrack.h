@@ -7,8 +7,8 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// Where on a slider or linear meter a position stands: the way of a thumb's middle, straight from the left
-/// to the right, or from the bottom to the top.
+/// Where on a slider or linear meter a thumb stands: it goes straight from the left to the right, or from the
+/// bottom to the top, and stays between the margins with all of its length.
 struct CLinearTrack
 {
     bool horizontal = false;
@@ -16,31 +16,34 @@ struct CLinearTrack
     int marginAfter = 0;  ///< at the right, or at the bottom
     bool operator==(const CLinearTrack&) const = default;
 
-    /// Pixels from position 0 to position 1 in an area of that size; at least 0.
-    int GetLength(Core::CSize size) const
+    /// Pixels that a thumb of that length moves, from position 0 to position 1, in an area of that size; at
+    /// least 0.
+    int GetLength(Core::CSize size, int thumbLength) const
     {
         const std::int64_t along = horizontal ? size.width : size.height;
-        return Core::SaturateToInt32(std::max<std::int64_t>(along - marginBefore - marginAfter, 0));
+        return Core::SaturateToInt32(
+            std::max<std::int64_t>(along - marginBefore - marginAfter - thumbLength, 0));
     }
 
-    /// The pixel along the track of a position from 0 to 1.
-    int GetPixel(Core::CSize size, float position) const
+    /// The pixel along the track where the thumb begins, at a position from 0 to 1.
+    int GetPixel(Core::CSize size, int thumbLength, float position) const
     {
-        const auto given = static_cast<double>(position);
-        const double share = horizontal ? given : 1.0 - given;
-        return Core::SaturateToInt32(std::int64_t{marginBefore} +
-                                     Graphics::RoundToPixel(share * GetLength(size)));
+        const std::int64_t length = GetLength(size, thumbLength);
+        const int moved = Graphics::RoundToPixel(static_cast<double>(position) * static_cast<double>(length));
+        return Core::SaturateToInt32(marginBefore + (horizontal ? moved : length - moved));
     }
 
-    /// The position of a point of the area, within 0 to 1; 0 on a track without length.
-    float GetPosition(Core::CSize size, Core::CPoint point) const
+    /// The position that brings the middle of the thumb to a point of the area, within 0 to 1; 0 on a track
+    /// without length.
+    float GetPosition(Core::CSize size, int thumbLength, Core::CPoint point) const
     {
-        const int length = GetLength(size);
+        const int length = GetLength(size, thumbLength);
         if (length == 0)
         {
             return 0.0F;
         }
-        const double share = (static_cast<double>(horizontal ? point.x : point.y) - marginBefore) / length;
+        const double begin = static_cast<double>(horizontal ? point.x : point.y) - thumbLength / 2;
+        const double share = (begin - marginBefore) / length;
         return static_cast<float>(std::clamp(horizontal ? share : 1.0 - share, 0.0, 1.0));
     }
 };

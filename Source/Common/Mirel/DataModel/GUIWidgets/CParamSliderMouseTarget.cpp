@@ -5,13 +5,14 @@ namespace Mirel::DataModel::GUIWidgets
 
 bool CParamSliderMouseTarget::OnLeftDown(const GUI::COSXMouseEvent& event)
 {
-    const bool wasDragging = IsDragging();
-    const bool onThumb = graphics.IsOnThumb(event.position);
-    CParamKnobMouseControl::OnLeftDown(event);
     // A slider that the pointer does not move is not moved by a press either.
-    if (!wasDragging && IsDragging() && !onThumb && GUIWidgets::GetPixelRange(GetPixelRange()) > 0.0F)
+    const bool goesThere = !IsDragging() && !event.IsModifierDown(GUI::EModifierKey::Alternate) &&
+                           !graphics.IsOnThumb(event.position) &&
+                           GUIWidgets::GetPixelRange(GetPixelRange()) > 0.0F;
+    CParamKnobMouseControl::OnLeftDown(event);
+    if (goesThere)
     {
-        const float position = graphics.GetTrack().GetPosition(graphics.GetSize(), event.position);
+        const float position = graphics.GetPositionAt(event.position);
         MeasureFrom(event.position, position);
         GetControl().SetPosition(position);
     }

@@ -55,9 +55,7 @@ void CSkinLinearParamSlider::UpdateState()
 
 void CSkinLinearParamSlider::UpdateRange()
 {
-    const float range = pixelRange < 0.0F
-                            ? static_cast<float>(graphics.GetTrack().GetLength(graphics.GetSize()))
-                            : pixelRange;
+    const float range = pixelRange < 0.0F ? static_cast<float>(graphics.GetTrackLength()) : pixelRange;
     mouseTarget.SetPixelRange(range);
     keyboardControl.SetPixelRange(range);
 }

@@ -25,7 +25,8 @@ public:
 
     void SetTrack(const CLinearTrack& track);
 
-    /// Pixels of the pointer for the whole range; 0 for none, negative (as at first) for the track's length.
+    /// Pixels of the pointer for the whole range; 0 for none, negative (as at first) for the way of the
+    /// thumb, which then stays under the pointer.
     void SetPixelRange(float newPixelRange);
 
 private:

@@ -14,6 +14,8 @@ namespace Mirel::DataModel::GUIWidgets
 /// Lives until the presenter has let go of the menu, which may be after the widget's end.
 struct CSkinParamDropDownUserControl::SList
 {
+    explicit SList(CSkinParamDropDownUserControl* owner_) : owner(owner_) {}
+
     GUI::CMenu menu;
     CSkinParamDropDownUserControl* owner; ///< Null once that is gone.
 };
@@ -152,7 +154,7 @@ bool CSkinParamDropDownUserControl::OpenList()
     {
         return false;
     }
-    const auto opening = std::make_shared<SList>(GUI::CMenu(), this);
+    const auto opening = std::make_shared<SList>(this);
     const int current = GetStopOf(control.GetPosition(), last);
     for (int stop = 0; stop <= last; ++stop)
     {

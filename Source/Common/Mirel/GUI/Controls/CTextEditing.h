@@ -6,8 +6,8 @@
 namespace Mirel::GUI
 {
 
-/// One line of text being typed: the text, the caret and what is selected. Positions are bytes of UTF-8, always
-/// between characters. GUI thread only.
+/// One line of text being typed: the text, the caret and what is selected. Positions are bytes of UTF-8,
+/// always between characters. GUI thread only.
 class CTextEditing
 {
 public:
@@ -45,8 +45,8 @@ public:
     /// Moves the caret by a unit, back or forward. A selection that is not extended is left at its end.
     void Move(EUnit unit, bool forward, bool extend);
 
-    /// Replaces what is selected. Line breaks and tabs become blanks, other control characters go; a text that is
-    /// not UTF-8 is left out. False if nothing changed.
+    /// Replaces what is selected. Line breaks and tabs become blanks, other control characters go; a text
+    /// that is not UTF-8 is left out. False if nothing changed.
     bool Insert(const std::string& inserted);
 
     /// Takes away what is selected, else a unit before or after the caret. False if nothing changed.

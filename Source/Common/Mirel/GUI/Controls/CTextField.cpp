@@ -63,6 +63,7 @@ int CTextField::GetNaturalHeight() const
 
 void CTextField::Paint(Graphics::CDrawSurface& surface, CSize size)
 {
+    ScrollToCaret(); // The size may be another than when the text was set.
     const CPopupLook& look = GetLook();
     surface.SetFillColor(look.field);
     surface.FillRect({CPoint(), size});

@@ -132,8 +132,8 @@ void CAlertDialog::Answer(EMessageAnswer answer)
 
 void CAlertDialog::MoveFocus(int step)
 {
-    const auto focused = std::find_if(buttons.begin(), buttons.end(),
-                                      [](const auto& button) { return button->HasFocus(); });
+    const auto focused =
+        std::find_if(buttons.begin(), buttons.end(), [](const auto& button) { return button->HasFocus(); });
     const int index = focused == buttons.end() ? 0 : static_cast<int>(focused - buttons.begin()) + step;
     if (CPushButton* const button = GetButton(index); button != nullptr)
     {

@@ -3,65 +3,89 @@
 #include "Mirel/Graphics/CDrawSurface.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
+#include <cairo.h>
+#include <numbers>
 
 namespace Mirel::GUI
 {
 
-void CAlertIcon::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* /*region*/)
+namespace
 {
-    const int side = std::min(GetSize().width, GetSize().height);
-    if (side > 0)
-    {
-        DrawShape(surface, static_cast<float>(side));
-        DrawSign(surface, side);
-    }
+
+constexpr double fullTurn = 2.0 * std::numbers::pi;
+
+void SetColor(cairo_t* context, Graphics::CColor color)
+{
+    cairo_set_source_rgb(context, Graphics::ToUnit(color.r), Graphics::ToUnit(color.g),
+                         Graphics::ToUnit(color.b));
 }
 
-/// Made of lines across, whose ends are smooth.
-void CAlertIcon::DrawShape(Graphics::CDrawSurface& surface, float side) const
+/// In a square of side 1.
+void DrawShape(cairo_t* context, EMessageKind kind)
 {
-    const float radius = side / 2.0F;
-    const float middle = radius - 0.5F;
-    surface.SetPenColor(kind == EMessageKind::Error ? look.error : look.accent);
-    const int rows = Core::TruncateToInt32(side);
-    for (int row = 0; row < rows; ++row)
+    if (kind == EMessageKind::Warning)
     {
-        const auto y = static_cast<float>(row);
-        const float height = y - middle;
-        const float half = kind == EMessageKind::Warning
-                               ? (y + 0.5F) * 0.5F
-                               : std::sqrt(std::max(radius * radius - height * height, 0.0F));
-        surface.DrawLineF({middle - half, y}, {middle + half, y});
+        cairo_move_to(context, 0.5, 0.03);
+        cairo_line_to(context, 0.99, 0.97);
+        cairo_line_to(context, 0.01, 0.97);
+        cairo_close_path(context);
     }
+    else
+    {
+        cairo_arc(context, 0.5, 0.5, 0.49, 0.0, fullTurn);
+    }
+    cairo_fill(context);
 }
 
-void CAlertIcon::DrawSign(Graphics::CDrawSurface& surface, int side) const
+void DrawDot(cairo_t* context, double y)
 {
-    constexpr int thickness = 3;
-    const int middle = (side - thickness) / 2;
-    surface.SetFillColor(look.onAccent);
-    surface.SetPenColor(look.onAccent);
+    cairo_arc(context, 0.5, y, 0.06, 0.0, fullTurn);
+    cairo_fill(context);
+}
+
+void DrawStroke(cairo_t* context, double x1, double y1, double x2, double y2)
+{
+    cairo_move_to(context, x1, y1);
+    cairo_line_to(context, x2, y2);
+    cairo_stroke(context);
+}
+
+void DrawSign(cairo_t* context, EMessageKind kind)
+{
+    cairo_set_line_width(context, 0.1);
     switch (kind)
     {
     case EMessageKind::Information:
-        surface.FillRect({middle, side / 4, thickness, thickness});
-        surface.FillRect({middle, side / 4 + thickness + 2, thickness, side / 3 + 1});
+        DrawDot(context, 0.27);
+        DrawStroke(context, 0.5, 0.41, 0.5, 0.78);
         break;
     case EMessageKind::Warning:
-        surface.FillRect({middle, side / 3, thickness, side / 3});
-        surface.FillRect({middle, side / 3 * 2 + 3, thickness, thickness});
+        DrawStroke(context, 0.5, 0.34, 0.5, 0.67);
+        DrawDot(context, 0.81);
         break;
     default:
-        const auto low = static_cast<float>(side) * 0.3F;
-        const auto high = static_cast<float>(side) * 0.7F - 1.0F;
-        for (const float shift : std::array<float, 5>{-1.0F, -0.5F, 0.0F, 0.5F, 1.0F})
-        {
-            surface.DrawLineF({low + shift, low - shift}, {high + shift, high - shift});
-            surface.DrawLineF({low + shift, high + shift}, {high + shift, low + shift});
-        }
+        DrawStroke(context, 0.31, 0.31, 0.69, 0.69);
+        DrawStroke(context, 0.31, 0.69, 0.69, 0.31);
     }
+}
+
+} // namespace
+
+void CAlertIcon::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* /*region*/)
+{
+    cairo_t* const context = surface.GetNativeContext();
+    const int side = std::min(GetSize().width, GetSize().height);
+    if (context == nullptr || side < 1)
+    {
+        return;
+    }
+    cairo_save(context);
+    cairo_scale(context, side, side);
+    SetColor(context, kind == EMessageKind::Error ? look.error : look.accent);
+    DrawShape(context, kind);
+    SetColor(context, look.onAccent);
+    DrawSign(context, kind);
+    cairo_restore(context);
 }
 
 } // namespace Mirel::GUI

@@ -17,9 +17,6 @@ public:
     void Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* region) override;
 
 private:
-    void DrawShape(Graphics::CDrawSurface& surface, float side) const;
-    void DrawSign(Graphics::CDrawSurface& surface, int side) const;
-
     EMessageKind kind;
     CPopupLook look;
 };

@@ -34,8 +34,7 @@ SNativeWindowOptions MakeOptions(const INativePlatform& platform, const std::str
     const CPoint middle = {around.x + (around.width - options.size.width) / 2,
                            around.y + (around.height - options.size.height) / 2};
     const CPoint wanted = place.value_or(middle);
-    options.position =
-        MoveInside(CRect(wanted, options.size), FindPopupArea(platform, wanted)).GetOrigin();
+    options.position = MoveInside(CRect(wanted, options.size), FindPopupArea(platform, wanted)).GetOrigin();
     return options;
 }
 

@@ -14,8 +14,8 @@ namespace Mirel::GUI
 class CDrawnDialogs : public IDialogs
 {
 public:
-    /// The platform must outlive the object. The window gets no input while a dialog is open, whoever is named as
-    /// its owner; null for none.
+    /// The platform must outlive the object. The window gets no input while a dialog is open, whoever is
+    /// named as its owner; null for none.
     CDrawnDialogs(INativePlatform& platform_, const CPopupLook& look_, CWindowBase* window_ = nullptr);
     CDrawnDialogs(const CDrawnDialogs&) = delete;
     CDrawnDialogs& operator=(const CDrawnDialogs&) = delete;

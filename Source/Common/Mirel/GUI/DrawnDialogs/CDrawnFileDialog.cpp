@@ -67,11 +67,10 @@ void CDrawnFileDialog::MakeWidgets()
     acceptButton =
         std::make_unique<CPushButton>(parent, look, request.isSave ? "Save" : "Open", [this] { Accept(); });
     acceptButton->SetDefault(true);
-    for (CLightWidget* stop : {static_cast<CLightWidget*>(name.get()), static_cast<CLightWidget*>(list.get()),
-                               static_cast<CLightWidget*>(filterButton.get()),
-                               static_cast<CLightWidget*>(cancelButton.get()),
-                               static_cast<CLightWidget*>(acceptButton.get()),
-                               static_cast<CLightWidget*>(upButton.get())})
+    for (CLightWidget* stop :
+         {static_cast<CLightWidget*>(name.get()), static_cast<CLightWidget*>(list.get()),
+          static_cast<CLightWidget*>(filterButton.get()), static_cast<CLightWidget*>(cancelButton.get()),
+          static_cast<CLightWidget*>(acceptButton.get()), static_cast<CLightWidget*>(upButton.get())})
     {
         AddStop(*stop);
     }
@@ -130,9 +129,9 @@ void CDrawnFileDialog::GoUp()
 {
     const std::string from = folder;
     EnterFolder(GetParentFolder(folder));
-    const auto place = std::find_if(entries.begin(), entries.end(),
-                                    [&](const SFolderEntry& entry)
-                                    { return ResolveTyped(folder, entry.name) == from; });
+    const auto place =
+        std::find_if(entries.begin(), entries.end(),
+                     [&](const SFolderEntry& entry) { return ResolveTyped(folder, entry.name) == from; });
     if (place != entries.end())
     {
         list->Select(static_cast<int>(place - entries.begin()));

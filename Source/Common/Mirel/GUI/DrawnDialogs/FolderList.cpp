@@ -22,10 +22,10 @@ constexpr std::size_t mostEntries = 20000;
 
 bool Matches(const std::string& name, const std::vector<std::string>& patterns)
 {
-    return patterns.empty() || std::any_of(patterns.begin(), patterns.end(),
-                                           [&name](const std::string& pattern) {
-                                               return fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD) == 0;
-                                           });
+    return patterns.empty() ||
+           std::any_of(patterns.begin(), patterns.end(),
+                       [&name](const std::string& pattern)
+                       { return fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD) == 0; });
 }
 
 bool StandsBefore(const SFolderEntry& a, const SFolderEntry& b)
@@ -45,7 +45,8 @@ std::vector<SFolderEntry> ListFolder(const std::string& folder, const std::vecto
     std::vector<SFolderEntry> entries;
     std::error_code error;
     fs::directory_iterator place(folder, error);
-    for (; !error && place != fs::directory_iterator() && entries.size() < mostEntries; place.increment(error))
+    for (; !error && place != fs::directory_iterator() && entries.size() < mostEntries;
+         place.increment(error))
     {
         std::error_code typeError;
         SFolderEntry entry;

@@ -58,7 +58,7 @@ private:
     CPopupLook look;
     std::vector<std::unique_ptr<CMenuPanel>> panels;
     std::function<void()> closed;
-    CPoint opened;       ///< Where the pointer was.
+    CPoint opened;        ///< Where the pointer was.
     bool isArmed = false; ///< A release chooses: it is not the end of the click that opened the menu.
     std::uint64_t timer = 0;
     Core::CLifeToken life;

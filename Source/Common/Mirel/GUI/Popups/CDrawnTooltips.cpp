@@ -14,24 +14,31 @@ namespace
 
 constexpr int leavePeriodMs = 150;
 
-class CTipWindow : public CPopupWindow
+} // namespace
+
+class CDrawnTooltips::CTipWindow : public CPopupWindow
 {
 public:
-    CTipWindow(INativePlatform& platform_, const CRect& frame_, const INativeWindow* owner, const STooltip& tip,
-               const CPopupLook& look)
+    CTipWindow(INativePlatform& platform_, const CRect& frame_, const INativeWindow* owner,
+               const STooltip& tip, const CPopupLook& look)
         : CPopupWindow(platform_, ENativeWindowKind::Tooltip, frame_, owner),
-          graphics(tip, look)
+          graphics(std::make_unique<CTooltipGraphics>(tip, look))
     {
     }
 
+    void SetTip(const CRect& newFrame, const STooltip& tip, const CPopupLook& look)
+    {
+        graphics = std::make_unique<CTooltipGraphics>(tip, look);
+        SetFrame(newFrame);
+        Invalidate();
+    }
+
 protected:
-    void Draw(Graphics::CDrawSurface& surface) override { graphics.Draw(surface, nullptr); }
+    void Draw(Graphics::CDrawSurface& surface) override { graphics->Draw(surface, nullptr); }
 
 private:
-    CTooltipGraphics graphics;
+    std::unique_ptr<CTooltipGraphics> graphics;
 };
-
-} // namespace
 
 CDrawnTooltips::CDrawnTooltips(INativePlatform& platform_, const CPopupLook& look_)
     : platform(platform_),
@@ -97,18 +104,55 @@ void CDrawnTooltips::Wait(int milliseconds, void (CDrawnTooltips::*then)())
 
 void CDrawnTooltips::OpenAt(CPoint screenPosition)
 {
-    const int scale = platform.GetScale();
-    const CRect area = FindPopupArea(platform, screenPosition);
-    const CSize size = CTooltipGraphics(tip, look).GetSize();
-    const CRect frame =
-        PlaceTooltip(screenPosition, {size.width * scale, size.height * scale}, area, scale);
-    window = std::make_unique<CTipWindow>(platform, frame, owner, tip, look);
+    place = screenPosition;
+    window = std::make_unique<CTipWindow>(platform, GetFrame(), owner, tip, look);
     if (!window->Show())
     {
         Hide();
         return;
     }
     leaveTimer = platform.GetRunLoop().AddTimer(leavePeriodMs, [this] { HideIfLeft(); });
+    LimitTime();
+}
+
+void CDrawnTooltips::SetTipText(const std::string& text)
+{
+    if (owner == nullptr || text == tip.text)
+    {
+        return;
+    }
+    if (text.empty())
+    {
+        Hide();
+        return;
+    }
+    tip.text = text;
+    if (window != nullptr)
+    {
+        window->SetTip(GetFrame(), tip, look);
+        LimitTime();
+    }
+}
+
+const CPopupWindow* CDrawnTooltips::GetWindow() const
+{
+    return window.get();
+}
+
+CRect CDrawnTooltips::GetFrame() const
+{
+    const int scale = platform.GetScale();
+    const CSize size = CTooltipGraphics(tip, look).GetSize();
+    return PlaceTooltip(place, {size.width * scale, size.height * scale}, FindPopupArea(platform, place),
+                        scale);
+}
+
+void CDrawnTooltips::LimitTime()
+{
+    if (timer != 0)
+    {
+        platform.GetRunLoop().RemoveTimer(std::exchange(timer, 0));
+    }
     if (tip.showTimeMs > 0)
     {
         Wait(tip.showTimeMs, &CDrawnTooltips::Hide);

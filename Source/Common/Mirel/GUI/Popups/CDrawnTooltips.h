@@ -30,11 +30,18 @@ public:
     /// After its delay where the pointer is then, or at the given place if there is no delay.
     void ShowTip(const STooltip& tip_, const INativeWindow& owner_, CPoint screenPosition) override;
 
+    /// A tooltip that shows has all its time again.
+    void SetTipText(const std::string& text) override;
+
     /// Null while none shows.
-    const CPopupWindow* GetWindow() const { return window.get(); }
+    const CPopupWindow* GetWindow() const;
 
 private:
+    class CTipWindow;
+
     void Wait(int milliseconds, void (CDrawnTooltips::*then)());
+    CRect GetFrame() const;
+    void LimitTime();
     void OpenAtPointer() { OpenAt(platform.GetPointerPosition()); }
     void OpenAt(CPoint screenPosition);
     void HideIfLeft();
@@ -43,7 +50,8 @@ private:
     CPopupLook look;
     STooltip tip;
     const INativeWindow* owner = nullptr;
-    std::unique_ptr<CPopupWindow> window;
+    CPoint place; ///< What it shows near.
+    std::unique_ptr<CTipWindow> window;
     std::uint64_t timer = 0;
     std::uint64_t leaveTimer = 0;
 };

@@ -35,6 +35,14 @@ void CHostTooltips::Remove(CLightWidget& widget)
     }
 }
 
+void CHostTooltips::Refresh(CLightWidget& widget)
+{
+    if (current == &widget)
+    {
+        presenter.SetTipText(tips.at(&widget).source().text);
+    }
+}
+
 void CHostTooltips::OnHide(const COSXOpenEvent& /*event*/)
 {
     current = nullptr;

@@ -28,6 +28,9 @@ public:
     void Set(CLightWidget& widget, Source source, bool showOnClick = false);
     void Remove(CLightWidget& widget);
 
+    /// Asks the widget's source again, if its tooltip waits or shows.
+    void Refresh(CLightWidget& widget);
+
 private:
     struct STip
     {

@@ -52,8 +52,9 @@ CMenuLayout::CMenuLayout(const CMenu& menu_, const CPopupLook& look) : menu(menu
 
 int CMenuLayout::Find(int y) const
 {
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [y](const CRect& item) { return y >= item.y && y < item.y + item.height; });
+    const auto found =
+        std::find_if(items.begin(), items.end(),
+                     [y](const CRect& item) { return y >= item.y && y < item.y + item.height; });
     return found == items.end() ? none : static_cast<int>(found - items.begin());
 }
 

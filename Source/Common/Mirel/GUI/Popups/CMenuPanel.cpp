@@ -55,8 +55,8 @@ CRect CMenuPanel::GetItemFrame(int item) const
 {
     const CRect rect = layout.GetItemRect(item);
     const int factor = GetScale();
-    return {GetFrame().x + rect.x * factor, GetFrame().y + (rect.y + GetContentTop()) * factor, rect.width * factor,
-            rect.height * factor};
+    return {GetFrame().x + rect.x * factor, GetFrame().y + (rect.y + GetContentTop()) * factor,
+            rect.width * factor, rect.height * factor};
 }
 
 void CMenuPanel::OnPointerMove(const SNativeMouseEvent& event)

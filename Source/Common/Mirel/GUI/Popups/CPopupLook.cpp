@@ -38,8 +38,9 @@ Core::CSize MeasureText(const Graphics::CSharedFont& font, const std::string& te
 
 int GetLineHeight(const Graphics::CSharedFont& font)
 {
-    return font == nullptr ? 1
-                           : std::max(Core::TruncateToInt32(std::ceil(font->GetAscent() + font->GetDescent())), 1);
+    return font == nullptr
+               ? 1
+               : std::max(Core::TruncateToInt32(std::ceil(font->GetAscent() + font->GetDescent())), 1);
 }
 
 } // namespace Mirel::GUI

@@ -36,6 +36,22 @@ bool CPopupWindow::Show()
     return true;
 }
 
+void CPopupWindow::SetFrame(const CRect& newFrame)
+{
+    if (newFrame == frame)
+    {
+        return;
+    }
+    frame = newFrame;
+    picture.SetSize(frame.GetSize());
+    if (window != nullptr)
+    {
+        window->SetPosition(frame.GetOrigin());
+        window->SetSize(frame.GetSize());
+    }
+    Invalidate();
+}
+
 void CPopupWindow::Invalidate()
 {
     isOutdated = true;

@@ -36,6 +36,9 @@ public:
     CRect GetFrame() const { return frame; }
     int GetScale() const { return scale; }
 
+    /// Device pixels of the screen; to be painted anew.
+    void SetFrame(const CRect& newFrame);
+
     /// To be painted anew.
     void Invalidate();
 

@@ -47,10 +47,10 @@ void CTooltipGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSi
         surface.FillRect({0, 0, balloonEdge, area.height});
     }
     // A pixel more, so that a text as wide as the measure is not broken again.
-    DrawLines(surface, look.font, tip.text,
-              {padding.width, padding.height, area.width - 2 * padding.width + 1,
-               area.height - 2 * padding.height},
-              text);
+    DrawLines(
+        surface, look.font, tip.text,
+        {padding.width, padding.height, area.width - 2 * padding.width + 1, area.height - 2 * padding.height},
+        text);
 }
 
 } // namespace Mirel::GUI

@@ -30,9 +30,9 @@ int GetBottom(const CRect& rect)
 CRect FindPopupArea(const INativePlatform& platform, CPoint place)
 {
     const std::vector<SNativeScreen> screens = platform.GetScreens();
-    const auto found = std::find_if(screens.begin(), screens.end(),
-                                    [place](const SNativeScreen& screen)
-                                    { return screen.bounds.Contains(place); });
+    const auto found =
+        std::find_if(screens.begin(), screens.end(),
+                     [place](const SNativeScreen& screen) { return screen.bounds.Contains(place); });
     const SNativeScreen& screen = found == screens.end() ? screens.front() : *found;
     return screen.workArea.IsEmpty() ? screen.bounds : screen.workArea;
 }

@@ -227,7 +227,7 @@ TEST(Pictures, OfControlsInAllStates)
         {
             CSkinLinearParamSlider slider(param,
                                           {PaintCatalog({120, 6}, 1, PaintBar), thumb({10, 26}), true});
-            slider.SetTrack({true, 5, 5});
+            slider.SetTrack({true, 0, 0});
             slider.SetSize({120, 40});
             slider.GetSliderGraphics().SetState(static_cast<EWidgetState>(state));
             show(slider);
@@ -237,7 +237,7 @@ TEST(Pictures, OfControlsInAllStates)
         [&](int state, const auto& show)
         {
             CSkinLinearParamSlider slider(param, {PaintCatalog({6, 50}, 1, PaintBar), thumb({26, 8}), true});
-            slider.SetTrack({false, 4, 4});
+            slider.SetTrack({false, 0, 0});
             slider.SetSize({40, 50});
             slider.GetSliderGraphics().SetState(static_cast<EWidgetState>(state));
             show(slider);

@@ -30,8 +30,9 @@ Graphics::CImageCatalog* MakeThumb(Core::CSize size)
     return catalog.release();
 }
 
-/// A horizontal slider at 10, 10: a track of 120 by 20 pixels, with margins of 10 at both ends, and a thumb
-/// of 8 by 12; over a real from 0 to 1 with the default 0.25, at 0.5. The middle stands at 70 in the window.
+/// A horizontal slider at 10, 10: a track of 120 by 20 pixels, with margins of 6 at both ends, and a thumb
+/// of 8 by 12, whose middle has a way of 100 pixels; over a real from 0 to 1 with the default 0.25, at 0.5.
+/// The middle stands at 70 in the window.
 struct CSlider : public CControlRig
 {
     explicit CSlider(const DataModel::Objects::CParamInfo& info = Tests::Real(0.0F, 1.0F, 0.25F),
@@ -44,7 +45,7 @@ struct CSlider : public CControlRig
             noted.param,
             SLinearImages{withTrack ? Tests::MakeCatalog({120, 20}) : nullptr, MakeThumb({8, 12}), true},
             nullptr, root);
-        widget->SetTrack({true, 10, 10});
+        widget->SetTrack({true, 6, 6});
         widget->SetSize({120, 20});
         widget->Move({10, 10});
         platform.Pump();
@@ -63,42 +64,68 @@ TEST(CLinearTrack, RunsBetweenItsMargins)
 {
     const CLinearTrack track{true, 10, 30};
     const Core::CSize size = {140, 20};
-    EXPECT_EQ(track.GetLength(size), 100);
-    EXPECT_EQ(track.GetPixel(size, 0.0F), 10);
-    EXPECT_EQ(track.GetPixel(size, 0.254F), 35);
-    EXPECT_EQ(track.GetPixel(size, 0.2551F), 36);
-    EXPECT_EQ(track.GetPixel(size, 1.0F), 110);
-    EXPECT_EQ(track.GetPosition(size, {35, 0}), 0.25F);
-    EXPECT_EQ(track.GetPosition(size, {0, 0}), 0.0F);
-    EXPECT_EQ(track.GetPosition(size, {139, 0}), 1.0F);
+    EXPECT_EQ(track.GetLength(size, 0), 100);
+    EXPECT_EQ(track.GetPixel(size, 0, 0.0F), 10);
+    EXPECT_EQ(track.GetPixel(size, 0, 0.254F), 35);
+    EXPECT_EQ(track.GetPixel(size, 0, 0.2551F), 36);
+    EXPECT_EQ(track.GetPixel(size, 0, 1.0F), 110);
+    EXPECT_EQ(track.GetPosition(size, 0, {35, 0}), 0.25F);
+    EXPECT_EQ(track.GetPosition(size, 0, {0, 0}), 0.0F);
+    EXPECT_EQ(track.GetPosition(size, 0, {139, 0}), 1.0F);
+}
+
+TEST(CLinearTrack, KeepsAllOfTheThumbBetweenItsMargins)
+{
+    const CLinearTrack track{true, 10, 30};
+    const Core::CSize size = {140, 20};
+    EXPECT_EQ(track.GetLength(size, 20), 80);
+    EXPECT_EQ(track.GetPixel(size, 20, 0.0F), 10);
+    EXPECT_EQ(track.GetPixel(size, 20, 1.0F), 90);
+    EXPECT_EQ(track.GetPosition(size, 20, {60, 0}), 0.5F);
 }
 
 TEST(CLinearTrack, RunsUpwardWhenVertical)
 {
     const CLinearTrack track{false, 10, 30};
     const Core::CSize size = {20, 140};
-    EXPECT_EQ(track.GetPixel(size, 0.0F), 110);
-    EXPECT_EQ(track.GetPixel(size, 1.0F), 10);
-    EXPECT_EQ(track.GetPosition(size, {0, 35}), 0.75F);
+    EXPECT_EQ(track.GetPixel(size, 0, 0.0F), 110);
+    EXPECT_EQ(track.GetPixel(size, 0, 1.0F), 10);
+    EXPECT_EQ(track.GetPosition(size, 0, {0, 35}), 0.75F);
 }
 
 TEST(CLinearTrack, WithoutLengthStandsStill)
 {
     const CLinearTrack track{true, 10, 30};
-    EXPECT_EQ(track.GetLength({20, 20}), 0);
-    EXPECT_EQ(track.GetPixel({20, 20}, 0.7F), 10);
-    EXPECT_EQ(track.GetPosition({20, 20}, {15, 0}), 0.0F);
+    EXPECT_EQ(track.GetLength({20, 20}, 4), 0);
+    EXPECT_EQ(track.GetPixel({20, 20}, 4, 0.7F), 10);
+    EXPECT_EQ(track.GetPosition({20, 20}, 4, {15, 0}), 0.0F);
 }
 
-RC_GTEST_PROP(CLinearTrack, PixelOfAPositionReadsBackWithinHalfAPixel, ())
+/// As a graph of the same height does, whose first and last rows are the ends of its axis.
+TEST(CLinearTrack, MiddleOfAMarkerStandsWhereAGraphHasTheValue)
+{
+    constexpr int graphHeight = 201;
+    constexpr int markerHeight = 11;
+    const CLinearTrack track;
+    for (int i = 0; i <= 1000; ++i)
+    {
+        const float position = static_cast<float>(i) / 1000.0F;
+        const int top = track.GetPixel({14, graphHeight + markerHeight - 1}, markerHeight, position);
+        const int row = graphHeight - 1 - static_cast<int>(static_cast<double>(position) * 200.0 + 0.5);
+        EXPECT_EQ(top + markerHeight / 2, markerHeight / 2 + row) << position;
+    }
+}
+
+RC_GTEST_PROP(CLinearTrack, MiddleOfTheThumbReadsItsPositionBackWithinHalfAPixel, ())
 {
     const CLinearTrack track{*rc::gen::arbitrary<bool>(), *rc::gen::inRange(0, 40), *rc::gen::inRange(0, 40)};
-    const int side = *rc::gen::inRange(100, 2000);
+    const int side = *rc::gen::inRange(150, 2000);
+    const int thumb = *rc::gen::inRange(0, 40);
     const Core::CSize size = {side, side};
     const float position = static_cast<float>(*rc::gen::inRange(0, 1001)) / 1000.0F;
-    const int pixel = track.GetPixel(size, position);
-    const float back = track.GetPosition(size, {pixel, pixel});
-    RC_ASSERT(std::abs(back - position) * static_cast<float>(track.GetLength(size)) <= 0.501F);
+    const int middle = track.GetPixel(size, thumb, position) + thumb / 2;
+    const float back = track.GetPosition(size, thumb, {middle, middle});
+    RC_ASSERT(std::abs(back - position) * static_cast<float>(track.GetLength(size, thumb)) <= 0.501F);
 }
 
 TEST(CSkinLinearParamSlider, DragOfTheThumbMovesByTheTracksLength)
@@ -215,7 +242,7 @@ TEST(CSkinLinearParamSlider, VerticalSliderRisesUpward)
     CNotedParam noted(Tests::Real(0.0F, 1.0F));
     CSkinLinearParamSlider widget(noted.param, {Tests::MakeCatalog({20, 120}), MakeThumb({12, 8}), true},
                                   nullptr, rig.root);
-    widget.SetTrack({false, 10, 10});
+    widget.SetTrack({false, 6, 6});
     rig.Move(10, 40);
     rig.Press();
     EXPECT_NEAR(noted.param.GetValue(), 0.7F, 1e-6F);
@@ -265,7 +292,7 @@ TEST(CSkinLinearParamSlider, AlignsItsTrackAndThumb)
     CLinearParamGraphics& graphics = rig.widget->GetSliderGraphics();
     EXPECT_EQ(graphics.GetThumbArea(), Graphics::CRect(6, 14, 8, 12));
     graphics.SetThumbAlignment({false, false});
-    EXPECT_EQ(graphics.GetThumbArea(), Graphics::CRect(10, 0, 8, 12));
+    EXPECT_EQ(graphics.GetThumbArea(), Graphics::CRect(6, 0, 8, 12));
     EXPECT_EQ(rig.Seen(11 + 10, 20 + 10), Tests::ColorOf(0).Pack()); // the track stands in the middle
     EXPECT_EQ(rig.Seen(10 + 9, 20 + 10), 0U);
     graphics.SetTrackAlignment({false, false});
@@ -288,7 +315,7 @@ TEST(CSkinLinearParamSlider, ShowsItsStateAndTheHeldThumbWhereThereIsOne)
         5, std::make_unique<Graphics::CNormalImageElement>(Tests::MakeFilled({8, 12}, {{0, 0xF0, 0}})));
     rig.widget = std::make_unique<CSkinLinearParamSlider>(
         rig.noted.param, SLinearImages{Tests::MakeCatalog({120, 20}), thumb, true}, nullptr, rig.root);
-    rig.widget->SetTrack({true, 10, 10});
+    rig.widget->SetTrack({true, 6, 6});
     rig.widget->Move({10, 10});
     rig.Rest();
     rig.Move(70, 20);
@@ -355,6 +382,41 @@ TEST(CGUIImageParamKnob, RightButtonTellsTheControlDownAndUp)
     EXPECT_EQ(noted.Take(), "");
 }
 
+TEST(CSkinLinearParamSlider, ListenerMayDestroyIt)
+{
+    const auto expectEnded = [](const std::function<void(CSlider&)>& change)
+    {
+        CSlider rig;
+        rig.widget->SetFocus();
+        rig.Move(40, 20);
+        Tests::CFunctionCommand destroy([&rig] { rig.widget.reset(); });
+        rig.noted.param.GetValueChangedEventProvider().Connect(&destroy);
+        change(rig);
+        EXPECT_EQ(rig.widget, nullptr);
+        const std::string script = rig.noted.Take();
+        EXPECT_EQ(script.front(), '[') << script;
+        EXPECT_EQ(script.back(), ']') << script;
+        rig.noted.param.GetValueChangedEventProvider().Disconnect(&destroy);
+    };
+    expectEnded([](CSlider& rig) { rig.platform.TurnWheel(1.0); });
+    expectEnded([](CSlider& rig) { rig.Type(ENativeKey::Up); });
+    expectEnded([](CSlider& rig) { rig.Type(ENativeKey::Character, U'd'); });
+    expectEnded([](CSlider& rig) { rig.Press(); });
+    expectEnded(
+        [](CSlider& rig)
+        {
+            rig.Move(70, 20);
+            rig.Press();
+            rig.Move(80, 20);
+        });
+    expectEnded(
+        [](CSlider& rig)
+        {
+            rig.platform.SetModifiers(CControlRig::alternate);
+            rig.Press();
+        });
+}
+
 TEST(CGUIImageParamLinearMeter, ShowsItsImageUpToThePosition)
 {
     CControlRig rig({200, 200});
@@ -378,11 +440,11 @@ TEST(CGUIImageParamLinearMeter, RisesFromTheBottomWithItsThumbAtThePosition)
     CNotedParam noted(Tests::Real(0.0F, 1.0F));
     CGUIImageParamLinearMeter meter(noted.param, {Tests::MakeCatalog({20, 100}), MakeThumb({20, 2}), true},
                                     rig.root);
-    noted.param.SetValue(0.25F);
-    EXPECT_EQ(rig.Seen(10, 73), 0U);
-    EXPECT_EQ(rig.Seen(10, 74), thumbColor);
-    EXPECT_EQ(rig.Seen(10, 75), thumbColor);
-    EXPECT_EQ(rig.Seen(10, 76), Tests::ColorOf(0).Pack());
+    noted.param.SetValue(0.5F);
+    EXPECT_EQ(rig.Seen(10, 48), 0U);
+    EXPECT_EQ(rig.Seen(10, 49), thumbColor);
+    EXPECT_EQ(rig.Seen(10, 50), thumbColor);
+    EXPECT_EQ(rig.Seen(10, 51), Tests::ColorOf(0).Pack());
     EXPECT_EQ(rig.Seen(10, 99), Tests::ColorOf(0).Pack());
 }
 

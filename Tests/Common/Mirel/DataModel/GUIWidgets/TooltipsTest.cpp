@@ -1,6 +1,8 @@
+#include "Common/Mirel/GUI/Popups/PopupRig.h"
 #include "Mirel/DataModel/GUIWidgets/CGUISysParamTooltip.h"
 #include "Mirel/DataModel/GUIWidgets/CGUISysStringTooltip.h"
 #include "Mirel/DataModel/Objects/CCaptureString.h"
+#include "Mirel/GUI/Popups/CDrawnTooltips.h"
 #include "PushRig.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +29,13 @@ public:
                  Core::CPoint /*screenPosition*/) override
     {
         shown = tip;
+    }
+    void SetTipText(const std::string& text) override
+    {
+        if (shown.has_value())
+        {
+            shown->text = text;
+        }
     }
 
     std::optional<GUI::STooltip> shown;
@@ -59,6 +68,50 @@ TEST(CGUISysParamTooltip, TellsTheValueOfTheTimeWhenItShows)
     noted.param.SetValue(0.75F);
     rig.Move(20, 20);
     EXPECT_EQ(rig.Shown(), "0.75");
+}
+
+TEST(CGUISysParamTooltip, FollowsTheValueWhileItShows)
+{
+    CTipRig rig;
+    CNotedParam noted(Tests::Real(0.0F, 1.0F));
+    CGUISysParamTooltip tip(noted.param, &rig.tips, rig.root);
+    tip.SetSize({20, 20});
+    tip.SetShowOnClick(true);
+    noted.param.SetValue(0.5F);
+    EXPECT_EQ(rig.Shown(), "-");
+    rig.Move(10, 10);
+    rig.Press();
+    noted.param.SetValue(0.6F);
+    EXPECT_EQ(rig.Shown(), "0.60");
+    rig.Release();
+    noted.param.SetValue(0.7F);
+    EXPECT_EQ(rig.Shown(), "-");
+}
+
+TEST(CGUISysTooltip, DrawnTooltipChangesItsTextInItsWindow)
+{
+    CControlRig rig({300, 200});
+    GUI::CDrawnTooltips presenter(rig.platform, Tests::TestLook());
+    GUI::CHostTooltips tips(*rig.adapter, presenter);
+    DataModel::Objects::CCaptureString string;
+    string.SetValue("short");
+    CGUISysStringTooltip tip(string, &tips, rig.root);
+    tip.SetSize({100, 100});
+    tip.SetShowOnClick(true);
+    string.SetValue("not yet");
+    EXPECT_EQ(presenter.GetWindow(), nullptr);
+    rig.Move(50, 50);
+    rig.Press();
+    ASSERT_NE(presenter.GetWindow(), nullptr);
+    const GUI::CPopupWindow* const window = presenter.GetWindow();
+    const Graphics::CRect before = window->GetFrame();
+    string.SetValue("a text that is much longer than before");
+    EXPECT_EQ(presenter.GetWindow(), window);
+    EXPECT_GT(window->GetFrame().width, before.width);
+    EXPECT_EQ(window->GetNativeWindow()->GetSize(), window->GetFrame().GetSize());
+    string.SetValue("");
+    EXPECT_EQ(presenter.GetWindow(), nullptr);
+    rig.Release();
 }
 
 TEST(CGUISysTooltip, IsNotSeenAndLetsTheMouseThrough)

@@ -1,11 +1,13 @@
 #include "Mirel/GUI/DrawnDialogs/CDrawnDialogs.h"
 
 #include "Mirel/GUI/DrawnDialogs/CAlertDialog.h"
+#include "Mirel/GUI/DrawnDialogs/CBlockingDialogs.h"
 #include "Mirel/GUI/DrawnDialogs/CDrawnFileDialog.h"
 #include "Mirel/GUI/Native/Dialogs/CDesktopDialogs.h"
 #include "Mirel/GUI/Native/Dialogs/CFileDialog.h"
 #include "Mirel/GUI/Native/Dialogs/CMessageBox.h"
 #include "PopupRig.h"
+#include "Support/CScriptedDialogs.h"
 #include "Support/CTemporaryFolder.h"
 #include "Support/EventCounter.h"
 
@@ -194,6 +196,35 @@ TEST_F(CDrawnDialogsTest, IsWhatTheDesktopsDialogsFallBackOn)
     ASSERT_NE(desktop.ShowMessage({}, 0, [&](EMessageAnswer) { isAnswered = true; }), 0U);
     rig.PressKey(ENativeKey::Return);
     EXPECT_TRUE(isAnswered);
+}
+
+TEST_F(CDrawnDialogsTest, DialogsOfTheDesktopBlockTheWindowTooUntilTheyAreOver)
+{
+    Tests::CScriptedDialogs desktop;
+    {
+        CBlockingDialogs blocking(desktop, *rig.window);
+        bool isAnswered = false;
+        const auto first = blocking.ShowMessage({}, 0, [&](EMessageAnswer) { isAnswered = true; });
+        const auto second = blocking.ChooseFile({}, 0, nullptr);
+        EXPECT_TRUE(rig.window->IsInputBlocked());
+        desktop.Answer(EMessageAnswer::Yes);
+        EXPECT_TRUE(isAnswered);
+        EXPECT_TRUE(rig.window->IsInputBlocked());
+        blocking.Cancel(second);
+        EXPECT_FALSE(rig.window->IsInputBlocked());
+        EXPECT_NE(first, 0U);
+        desktop.answers.push_back(EMessageAnswer::No);
+        blocking.ShowMessage({}, 0, nullptr);
+        EXPECT_FALSE(rig.window->IsInputBlocked()) << "answered at once";
+        desktop.canShow = false;
+        EXPECT_EQ(blocking.ShowMessage({}, 0, nullptr), 0U);
+        EXPECT_FALSE(rig.window->IsInputBlocked());
+        desktop.canShow = true;
+        blocking.ShowMessage({}, 0, nullptr);
+        EXPECT_TRUE(rig.window->IsInputBlocked());
+    }
+    EXPECT_FALSE(rig.window->IsInputBlocked());
+    EXPECT_EQ(desktop.cancelled.size(), 2U);
 }
 
 class CDrawnFileDialogTest : public CDrawnDialogsTest

@@ -243,7 +243,8 @@ TEST_F(CDrawnMenusTest, StaysInsideOfTheScreen)
     EXPECT_LE(frame.y + frame.height, 4096);
     rig.ClickAt(PlaceOf(0, presets));
     ASSERT_EQ(menus.GetPanelCount(), 2);
-    EXPECT_LE(menus.GetPanel(1).GetFrame().x + menus.GetPanel(1).GetFrame().width, frame.x + CMenuLayout::margin)
+    EXPECT_LE(menus.GetPanel(1).GetFrame().x + menus.GetPanel(1).GetFrame().width,
+              frame.x + CMenuLayout::margin)
         << "at the left of its menu";
 }
 

@@ -23,10 +23,7 @@ public:
     }
 
     /// In skin pixels of the window.
-    void Click(int x, int y)
-    {
-        rig.ClickAt({1000 + x, 1000 + y});
-    }
+    void Click(int x, int y) { rig.ClickAt({1000 + x, 1000 + y}); }
 
     void DoubleClick(int x, int y)
     {
@@ -166,6 +163,15 @@ TEST_F(CControlsTest, FieldShowsTheCaretOfALongText)
     Click(65, 20);
     EXPECT_GT(field.GetEditing().GetCaret(), 35U) << "the end is what is seen";
     rig.PressKey(ENativeKey::Home);
+    Click(12, 20);
+    EXPECT_EQ(field.GetEditing().GetCaret(), 0U);
+}
+
+TEST_F(CControlsTest, FieldThatGetsItsSizeAfterItsTextShowsTheText)
+{
+    CTextField field(root, Tests::TestLook());
+    field.SetText("early");
+    Place(field, {120, 24});
     Click(12, 20);
     EXPECT_EQ(field.GetEditing().GetCaret(), 0U);
 }

@@ -31,8 +31,8 @@ public:
 /// A short text that explains something, and how it is shown.
 struct STooltip
 {
-    std::string text;     ///< UTF-8, with line breaks where wanted
-    int delayMs = 500;    ///< until it shows; 0 or less for at once
+    std::string text;      ///< UTF-8, with line breaks where wanted
+    int delayMs = 500;     ///< until it shows; 0 or less for at once
     int showTimeMs = 8000; ///< until it hides by itself; 0 or less for never
     bool isBalloon = false;
     std::optional<Graphics::CColor> background; ///< none for the presenter's own
@@ -54,6 +54,10 @@ public:
     {
         Show(tip.text, owner, screenPosition);
     }
+
+    /// Another text for the tooltip that waits or shows, which stays where it is; an empty one hides it.
+    /// Nothing without one.
+    virtual void SetTipText(const std::string& /*text*/) {}
 };
 
 } // namespace Mirel::GUI

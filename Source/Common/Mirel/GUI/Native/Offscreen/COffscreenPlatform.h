@@ -53,7 +53,8 @@ public:
     /// Moves the clock by which clicks are counted.
     void Wait(std::uint64_t milliseconds) { timeMs += milliseconds; }
 
-    /// To the latest of the menus that are shown, else to the window with the focus; the event's modifiers are taken over from SetModifiers.
+    /// To the latest of the menus that are shown, else to the window with the focus; the event's modifiers
+    /// are taken over from SetModifiers.
     void PressKey(SNativeKeyEvent event);
     void ReleaseKey(SNativeKeyEvent event);
 

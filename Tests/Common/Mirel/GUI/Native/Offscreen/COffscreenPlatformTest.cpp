@@ -5,6 +5,7 @@
 #include "Mirel/GUI/Native/NativePlatformFactory.h"
 #include "Mirel/GUI/Native/Offscreen/COffscreenWindow.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Mirel::GUI;
@@ -80,6 +81,32 @@ TEST_F(COffscreen, PressOutsideOfAMenuAsksToCloseIt)
     platform.PressButton(EMouseButton::Left);
     EXPECT_EQ(first.mouse.size(), before);
     EXPECT_EQ(second.log.back(), "close requested");
+}
+
+TEST_F(COffscreen, PressOutsideAsksAllMenusToCloseTheLatestFirst)
+{
+    const auto window = Make(first, {0, 0});
+    const auto menu = Make(second, {200, 200}, ENativeWindowKind::Menu);
+    const auto subMenu = Make(second, {300, 200}, ENativeWindowKind::Menu);
+    platform.MovePointer({50, 50});
+    platform.PressButton(EMouseButton::Left);
+    EXPECT_EQ(std::count(second.log.begin(), second.log.end(), "close requested"), 2);
+}
+
+TEST_F(COffscreen, MenuHoldsTheKeysAndWhatWasPressedBefore)
+{
+    const auto window = Make(first, {0, 0});
+    platform.MovePointer({50, 50});
+    platform.PressButton(EMouseButton::Left);
+    const auto menu = Make(second, {200, 200}, ENativeWindowKind::Menu);
+    platform.MovePointer({210, 210});
+    platform.ReleaseButton(EMouseButton::Left);
+    platform.PressKey({});
+    EXPECT_EQ(first.mouse.back().button, EMouseButton::None) << "left, and told of no release";
+    EXPECT_TRUE(first.keys.empty());
+    EXPECT_GE(second.mouse.size(), 2U);
+    EXPECT_EQ(second.mouse.back().buttons, 0U);
+    EXPECT_EQ(second.keys.size(), 1U);
 }
 
 TEST_F(COffscreen, FocusGoesToTheWindowShownLast)
