@@ -189,7 +189,8 @@ bool CHostProgram::Play(CHostInstance& instance, IAudioSource& source, std::int6
                [&](std::size_t stop)
                {
                    const double seconds = options.snapshotSeconds[stop];
-                   painted = painted && Paint(snapshots, CSnapshots::NameAt(options.snapshotFile, seconds), message);
+                   painted = painted &&
+                             Paint(snapshots, CSnapshots::NameAt(options.snapshotFile, seconds), message);
                });
     CProgressBar progress(error, onTerminal, frames, rate);
     const CRunSummary summary = run.Play(source, frames, writes ? &writer : nullptr, progress);

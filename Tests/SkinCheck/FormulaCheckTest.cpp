@@ -31,8 +31,7 @@ CResult RunCheck(const std::vector<const char*>& options)
     arguments.insert(arguments.end(), options.begin(), options.end());
     std::ostringstream out;
     std::ostringstream error;
-    const int code =
-        RunProgram(static_cast<int>(arguments.size()), arguments.data(), out, error, false);
+    const int code = RunProgram(static_cast<int>(arguments.size()), arguments.data(), out, error, false);
     return {code, out.str(), error.str()};
 }
 

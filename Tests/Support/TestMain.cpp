@@ -14,8 +14,8 @@ extern "C" __attribute__((visibility("default"))) const char* __lsan_default_sup
     return "leak:libfontconfig.so\n";
 }
 
-/// What it keeps of the thread-local data of loaded libraries is wrong once a module was unloaded, and the leak
-/// check at the end then reads wherever that points.
+/// What it keeps of the thread-local data of loaded libraries is wrong once a module was unloaded, and the
+/// leak check at the end then reads wherever that points.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer looks for this name.
 extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()
 {

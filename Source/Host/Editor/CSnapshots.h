@@ -17,9 +17,11 @@ class CSnapshots
 public:
     /// Opens the editor with the skin and size that the options ask for; the skin's warnings and errors go to
     /// `messages`. False with one line in `error`.
-    bool Open(CHostInstance& instance, const CRunOptions& options, std::ostream& messages, std::string& error);
+    bool Open(CHostInstance& instance, const CRunOptions& options, std::ostream& messages,
+              std::string& error);
 
-    /// Lets the editor catch up with the instance and paints it into the file. False with one line in `error`.
+    /// Lets the editor catch up with the instance and paints it into the file. False with one line in
+    /// `error`.
     bool Take(const std::string& path, std::string& error);
 
     /// The name of the picture at a time, beside that of the end: "scope.png" at 1.5 is "scope-1.5s.png".

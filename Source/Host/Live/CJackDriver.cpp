@@ -30,7 +30,8 @@ bool CJackDriver::Open(std::string& error)
                 std::to_string(static_cast<int>(player.GetSampleRate())) + " Hz";
         return false;
     }
-    const bool longBlocks = jack_get_buffer_size(client.get()) > static_cast<jack_nframes_t>(player.GetMostFrames());
+    const bool longBlocks =
+        jack_get_buffer_size(client.get()) > static_cast<jack_nframes_t>(player.GetMostFrames());
     if (longBlocks || !AddPorts() || jack_set_process_callback(client.get(), &OnProcess, this) != 0 ||
         jack_activate(client.get()) != 0)
     {
@@ -46,8 +47,8 @@ bool CJackDriver::AddPorts()
     for (int channel = 0; channel < player.GetChannelCount(); ++channel)
     {
         const std::string name = "out_" + std::to_string(channel + 1);
-        ports.push_back(jack_port_register(client.get(), name.c_str(), JACK_DEFAULT_AUDIO_TYPE,
-                                           JackPortIsOutput, 0));
+        ports.push_back(
+            jack_port_register(client.get(), name.c_str(), JACK_DEFAULT_AUDIO_TYPE, JackPortIsOutput, 0));
     }
     return std::find(ports.begin(), ports.end(), nullptr) == ports.end();
 }
@@ -80,7 +81,8 @@ void CJackDriver::Process(int frames) const
     player.Process(count);
     for (std::size_t channel = 0; channel < ports.size(); ++channel)
     {
-        auto* out = static_cast<float*>(jack_port_get_buffer(ports[channel], static_cast<jack_nframes_t>(frames)));
+        auto* out =
+            static_cast<float*>(jack_port_get_buffer(ports[channel], static_cast<jack_nframes_t>(frames)));
         std::fill(std::copy_n(player.GetOutputs()[channel], count, out), out + frames, 0.0F);
     }
 }

@@ -18,8 +18,8 @@ void Silence(const CBuffers& buffers, int channels, int from, int to)
 
 } // namespace
 
-CLivePlayer::CLivePlayer(CHostInstance& instance_, CReadAhead& input_, CEventSchedule& schedule_, int channels,
-                         double sampleRate_, int mostFrames_)
+CLivePlayer::CLivePlayer(CHostInstance& instance_, CReadAhead& input_, CEventSchedule& schedule_,
+                         int channels, double sampleRate_, int mostFrames_)
     : instance(instance_),
       input(input_),
       schedule(schedule_),

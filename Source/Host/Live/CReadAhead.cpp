@@ -22,7 +22,8 @@ CReadAhead::CReadAhead(IAudioSource& source_, std::int64_t frames, bool loops_)
     : source(source_),
       loops(loops_),
       left(frames),
-      capacity(std::bit_ceil(static_cast<std::uint64_t>(SecondsAhead * source.GetSampleRate()) + FramesAtOnce)),
+      capacity(
+          std::bit_ceil(static_cast<std::uint64_t>(SecondsAhead * source.GetSampleRate()) + FramesAtOnce)),
       ring(static_cast<std::size_t>(source.GetChannelCount()), std::vector<float>(capacity)),
       thread([this] { Read(); })
 {

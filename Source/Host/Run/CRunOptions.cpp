@@ -81,7 +81,8 @@ void AddResults(CLI::App& app, CRunOptions& options)
 void AddEditor(CLI::App& app, CRunOptions& options, CTexts& texts)
 {
     app.add_flag("--loop", options.loops, "Play over and over, in the window");
-    app.add_flag("--audio", options.isHeard, "Play through JACK, in the window; else the clock sets the pace");
+    app.add_flag("--audio", options.isHeard,
+                 "Play through JACK, in the window; else the clock sets the pace");
     app.add_option("--skin", options.skinFile, "Show another skin")->type_name("FILE");
     app.add_flag("--watch", options.watchesSkin, "Load the skin again whenever a file of it changes");
     app.add_option("--snapshot", options.snapshotFile, "Paint the editor at the end, as PNG")

@@ -15,7 +15,8 @@ namespace
 TEST(WritePicture, AnotherReaderFindsThePixels)
 {
     const Tests::CTemporaryFolder folder;
-    const CPicture picture = {2, 3, {0xFF102030U, 0xFFFFFFFFU, 0xFF000000U, 0x80A0B0C0U, 0xFF0000FFU, 0xFFFF0000U}};
+    const CPicture picture = {
+        2, 3, {0xFF102030U, 0xFFFFFFFFU, 0xFF000000U, 0x80A0B0C0U, 0xFF0000FFU, 0xFFFF0000U}};
     std::string error;
     ASSERT_TRUE(WritePicture(picture, folder.GetPath("p.png"), error)) << error;
     png_image head = {};

@@ -119,8 +119,8 @@ TEST(ParseCommandLine, RefusesInOneLine)
 
 TEST(ParseCommandLine, TakesTheOptionsOfTheEditor)
 {
-    const CParsed parsed = Parse({"--skin", "s.xml", "--snapshot", "o.png", "--snapshot-at", "2", "--snapshot-at",
-                                  "0.5", "--size", "800x300", "in.wav"});
+    const CParsed parsed = Parse({"--skin", "s.xml", "--snapshot", "o.png", "--snapshot-at", "2",
+                                  "--snapshot-at", "0.5", "--size", "800x300", "in.wav"});
     ASSERT_EQ(parsed.result, EParsed::Run) << parsed.error;
     EXPECT_EQ(parsed.options.skinFile, "s.xml");
     EXPECT_EQ(parsed.options.snapshotFile, "o.png");
@@ -146,9 +146,9 @@ TEST(ParseCommandLine, EveryOptionThatNamesAResultMeansNoWindow)
     EXPECT_FALSE(Parse({}).options.IsOffline());
     EXPECT_FALSE(Parse({"in.wav", "--param", "Sync=1", "--load-state", "a"}).options.IsOffline());
     const std::vector<std::vector<const char*>> rows = {
-        {"--offline"},          {"--summary"},          {"--summary-json", "s"}, {"--output", "o"},
-        {"--curves", "c"},      {"--snapshot", "p"},    {"--save-state", "s"},   {"--save-preset", "s"},
-        {"--list-params"},      {"--describe"}};
+        {"--offline"},     {"--summary"},       {"--summary-json", "s"}, {"--output", "o"},
+        {"--curves", "c"}, {"--snapshot", "p"}, {"--save-state", "s"},   {"--save-preset", "s"},
+        {"--list-params"}, {"--describe"}};
     for (const auto& row : rows)
     {
         EXPECT_TRUE(Parse(row).options.IsOffline()) << row.front();
@@ -161,8 +161,10 @@ TEST(ParseCommandLine, RefusesOptionsOfTheEditorThatMakeNoSense)
         {{"--snapshot", "o", "--snapshot-at", "-1"}, "--snapshot-at: seconds are 0 or more"},
         {{"--snapshot-at", "1"}, "--snapshot-at: give --snapshot too"},
         {{"--watch"}, "--watch: give --skin too"},
-        {{"--loop", "--summary"}, "--loop, --audio and --watch are for the window, not for a run with a result"},
-        {{"--audio", "--offline"}, "--loop, --audio and --watch are for the window, not for a run with a result"},
+        {{"--loop", "--summary"},
+         "--loop, --audio and --watch are for the window, not for a run with a result"},
+        {{"--audio", "--offline"},
+         "--loop, --audio and --watch are for the window, not for a run with a result"},
         {{"--size", "800"}, "--size: two numbers from 1 to 16384 with an x between, not \"800\""},
         {{"--size", "0x5"}, "--size: two numbers from 1 to 16384 with an x between, not \"0x5\""},
         {{"--size", "5x"}, "--size: two numbers from 1 to 16384 with an x between, not \"5x\""},

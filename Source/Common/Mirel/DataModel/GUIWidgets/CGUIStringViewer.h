@@ -13,7 +13,8 @@ class CGUIStringViewer : public GUI::CTextLightWidget
 {
 public:
     /// The string is not owned and must outlive the widget.
-    explicit CGUIStringViewer(const Objects::IConstCaptureString& string, GUI::CLightWidget* parent_ = nullptr)
+    explicit CGUIStringViewer(const Objects::IConstCaptureString& string,
+                              GUI::CLightWidget* parent_ = nullptr)
         : CTextLightWidget(parent_),
           viewer(string),
           connection(&viewer.GetTextChangedEventProvider(), &textChanged)

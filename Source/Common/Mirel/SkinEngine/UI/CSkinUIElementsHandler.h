@@ -20,8 +20,8 @@ struct SUIScope;
 /// and makes widgets, layout cells and the objects that these expose. Widgets that name an object which does
 /// not exist stand on a placeholder, until it comes.
 ///
-/// A skin may have elements of models as well: what they build belongs to the skin, and is linked when all its
-/// widgets are there.
+/// A skin may have elements of models as well: what they build belongs to the skin, and is linked when all
+/// its widgets are there.
 ///
 /// Objects are exposed only if the model's exposure wants them. A pre-pass over the file marks what the file
 /// itself refers to, and must run before the model is built, if that builds only what is wanted. GUI thread

@@ -1,10 +1,10 @@
 // Skins that mean harm, or are broken in ways that look like it: each ends in a clear message within a second
 // of processor time, 256 MB and a small stack.
 
-#include "Support/ThreadTime.h"
 #include "Mirel/SkinEngine/Limits.h"
 #include "ParserRig.h"
 #include "SmallStack.h"
+#include "Support/ThreadTime.h"
 
 #include <filesystem>
 #include <fstream>
