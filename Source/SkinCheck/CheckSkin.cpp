@@ -5,13 +5,16 @@
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 #include "Mirel/SkinEngine/Model/CSkinModelFactory.h"
+#include "SkinCheck/BuildSkin.h"
 #include "SkinCheck/CPluginObjects.h"
+#include "SkinCheck/SetAll.h"
 
 #include <memory>
 
 namespace SkinCheck
 {
 
+using Mirel::Audio::Plugin::DescribePlugin;
 using namespace Mirel::SkinEngine;
 
 namespace
@@ -24,55 +27,15 @@ public:
     void Post(int, const char*, int) override {}
 };
 
-/// Keeps what is worth knowing of a walk without handlers, to which every element is unknown.
-class CWalkLog : public Mirel::CoreUtilities::IMessageLog
-{
-public:
-    explicit CWalkLog(CCheckLog& log_) : log(log_) {}
-
-    void Post(int kind, const char* text, int verbosity) override
-    {
-        if (kind != Mirel::CoreUtilities::CMessageKind::Info)
-        {
-            log.Post(kind, text, verbosity);
-        }
-    }
-
-private:
-    CCheckLog& log;
-};
-
-void SetVariables(const SCheckOptions& options, CSkinParser& parser)
-{
-    for (const auto& [name, value] : options.variables)
-    {
-        parser.SetVariable(name.c_str(), value.c_str());
-    }
-}
-
 std::string FindRoot(const SCheckOptions& options)
 {
     CNoLog log;
     CSkinParser parser(log);
     CElementPrinter elements;
     parser.SetElementListener(&elements);
-    SetVariables(options, parser);
+    SetAll(parser, options.variables);
     parser.ParseFile(options.path.c_str());
     return elements.GetElements().empty() ? "" : elements.GetElements().front().name;
-}
-
-void WalkSkin(const SCheckOptions& options, SCheckResult& result)
-{
-    CWalkLog log(result.log);
-    CSkinParser parser(log);
-    CElementPrinter elements;
-    result.log.SetParser(&parser);
-    parser.SetElementListener(&elements);
-    parser.SetRootElement("SKIN");
-    SetVariables(options, parser);
-    parser.ParseFile(options.path.c_str());
-    result.log.SetParser(nullptr);
-    result.elements = elements.GetElements();
 }
 
 void BuildModel(const SCheckOptions& options, SCheckResult& result)
@@ -85,15 +48,9 @@ void BuildModel(const SCheckOptions& options, SCheckResult& result)
     CSkinModelFactory factory(parser, result.log, model);
     if (plugin != nullptr)
     {
-        for (const auto& [name, value] : Mirel::Audio::Plugin::DescribePlugin(plugin->GetBindings()))
-        {
-            factory.SetVariable(name.c_str(), value.c_str());
-        }
+        SetAll(factory, DescribePlugin(plugin->GetBindings()));
     }
-    for (const auto& [name, value] : options.variables)
-    {
-        factory.SetVariable(name.c_str(), value.c_str());
-    }
+    SetAll(factory, options.variables);
     parser.SetElementListener(&elements);
     // After a pre-pass of its own everything is built, as in the product.
     if (options.onlyMarked || factory.PreParse(options.path.c_str()))
@@ -123,7 +80,7 @@ void CheckSkin(const SCheckOptions& options, SCheckResult& result)
     result.root = FindRoot(options);
     if (result.root == "SKIN")
     {
-        WalkSkin(options, result);
+        BuildSkin(options, result);
     }
     else
     {

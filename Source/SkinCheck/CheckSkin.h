@@ -17,7 +17,9 @@ struct SCheckOptions
     std::string path;
     std::vector<std::pair<std::string, std::string>> variables;
     bool onlyMarked = false; ///< Build only what the file itself marks, as for a shared model.
-    bool plugin = false;     ///< Give a model the objects and variables of the plug-in.
+    bool plugin = false;    ///< Give a model the objects and variables of the plug-in, as a skin always gets.
+    std::string dataFolder; ///< The product's: its faces, and files that skins may take. Empty for none.
+    std::string modelPath;  ///< What a skin shows beside the plug-in's objects; empty for nothing.
 };
 
 struct SCheckResult
@@ -29,7 +31,7 @@ struct SCheckResult
     std::string state; ///< As XML.
 };
 
-/// Reads a model, or walks a skin, whose widgets are not made here.
+/// Builds what the file says, as the product would, and takes it down again.
 void CheckSkin(const SCheckOptions& options, SCheckResult& result);
 
 } // namespace SkinCheck

@@ -200,11 +200,13 @@ void AddOptions(CLI::App& app, SOptions& options, std::vector<std::string>& vari
 {
     app.add_option("FILE", options.check.path, "The skin or model file");
     app.add_flag("--expand", options.expand, "Show the elements as handlers receive them");
-    app.add_flag("--dump", options.dump, "Show the objects of a model, with kinds and values, and its links");
+    app.add_flag("--dump", options.dump, "Show the objects, with kinds and values, and the links");
     app.add_flag("--state", options.state, "Show the state of a model as XML");
     app.add_flag("--only-marked", options.check.onlyMarked, "Build only what the model itself refers to");
     app.add_flag("--plugin", options.check.plugin,
                  "Give a model what the plug-in gives it: the objects dsp.* and midi.*, and its variables");
+    app.add_option("--model", options.check.modelPath,
+                   "The model that a skin shows, in the place of the product's own");
     app.add_option("--variable", variables, "A variable for the file, as NAME=VALUE")
         ->allow_extra_args(false);
     app.add_option("--formula", options.formula, "Evaluate a formula instead of reading a file");
@@ -227,7 +229,8 @@ void TakeVariables(const std::vector<std::string>& texts, SCheckOptions& options
 
 } // namespace
 
-int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& errors, bool colours)
+int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& errors, bool colours,
+               const std::string& dataFolder)
 {
     SOptions options;
     std::vector<std::string> variables;
@@ -251,6 +254,11 @@ int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
         return hasErrors;
     }
     TakeVariables(variables, options.check);
+    options.check.dataFolder = dataFolder;
+    if (options.check.modelPath.empty() && !dataFolder.empty())
+    {
+        options.check.modelPath = dataFolder + "/Model/model.model";
+    }
     SCheckResult result;
     CheckSkin(options.check, result);
     if (options.json)

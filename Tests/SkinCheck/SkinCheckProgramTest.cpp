@@ -139,5 +139,34 @@ TEST_F(SkinCheckProgram, WantsAFile)
     EXPECT_EQ(Run({folder.GetPath("none")}), 2);
 }
 
+TEST_F(SkinCheckProgram, BuildsSkinsOnThePluginsObjects)
+{
+    EXPECT_EQ(Check("<SKIN><PARAM_TEXT param_id='dsp.input2' width='90' height='20'/></SKIN>"), 0);
+    EXPECT_THAT(out, IsEmpty());
+    EXPECT_EQ(Check("<SKIN>\n<PARAM_TEXT param_id='dsp.input99' width='90' height='20'/></SKIN>"), 1);
+    EXPECT_THAT(out,
+                HasSubstr("a.model:2: warning: dsp.input99: Unknown identifier (object does not exist).\n"));
+    EXPECT_EQ(Check("<SKIN>\n\n<TABLE_ROW/></SKIN>"), 2);
+    EXPECT_THAT(out, HasSubstr("a.model:3: error: Cannot TABLE_ROW element outside a TABLE element.\n"));
+}
+
+TEST_F(SkinCheckProgram, KnowsTheEditorsActions)
+{
+    const std::string skin =
+        "<SKIN><INVISIBLE_ACTION_BUTTON action_id='OpenMenu' width='9' height='9'/></SKIN>";
+    EXPECT_EQ(Check(skin), 0) << out;
+    EXPECT_EQ(Check("<SKIN><INVISIBLE_ACTION_BUTTON action_id='Explode' width='9' height='9'/></SKIN>"), 1);
+}
+
+TEST_F(SkinCheckProgram, GivesASkinTheModelThatIsNamed)
+{
+    folder.Write("b.model", "<MODEL><PARAM id='mine' max='7'/></MODEL>");
+    const std::string skin = "<SKIN><PARAM_TEXT param_id='mine' width='90' height='20'/></SKIN>";
+    EXPECT_EQ(Check(skin, {"--model", folder.GetPath("b.model")}), 0) << out;
+    EXPECT_EQ(Check(skin), 1);
+    EXPECT_EQ(Check(skin, {"--model", folder.GetPath("b.model"), "--dump"}), 0);
+    EXPECT_THAT(out, HasSubstr("mine: param = 0"));
+}
+
 } // namespace
 } // namespace SkinCheck
