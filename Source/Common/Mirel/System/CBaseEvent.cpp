@@ -39,7 +39,7 @@ bool CBaseEvent::IsSet() const
     return set;
 }
 
-bool CBaseEvent::Block(int timeoutMs)
+bool CBaseEvent::Block(int timeoutMs, int nanoseconds)
 {
     if (timeoutMs < 0)
     {
@@ -47,7 +47,13 @@ bool CBaseEvent::Block(int timeoutMs)
     }
     timeval now{};
     gettimeofday(&now, nullptr);
-    const timespec deadline = DeadlineAfter(now, timeoutMs);
+    timespec deadline = DeadlineAfter(now, timeoutMs);
+    deadline.tv_nsec += nanoseconds;
+    if (deadline.tv_nsec >= nanosecondsPerSecond)
+    {
+        deadline.tv_nsec -= nanosecondsPerSecond;
+        ++deadline.tv_sec;
+    }
     const int result = pthread_cond_timedwait(&condition, &mutex, &deadline);
     return result == 0 || result == ETIMEDOUT;
 }

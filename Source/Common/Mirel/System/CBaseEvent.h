@@ -24,9 +24,10 @@ protected:
     explicit CBaseEvent(bool set_) : set(set_) {}
     ~CBaseEvent();
 
-    /// With the mutex held: waits once, without bound if the time is negative. True when woken and when the
-    /// time is up; false on an error of the platform.
-    bool Block(int timeoutMs);
+    /// With the mutex held: waits once, without bound if the time is negative. The nanoseconds, from 0 to a
+    /// million, are added to the time. True when woken and when the time is up; false on an error of the
+    /// platform.
+    bool Block(int timeoutMs, int nanoseconds = 0);
 
     mutable pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
     pthread_cond_t condition = PTHREAD_COND_INITIALIZER;

@@ -126,7 +126,8 @@ void CMessageLoop::Run()
     running.Set();
     while (run)
     {
-        wake.Wait(waitMs);
+        // To the nanosecond: whole milliseconds alone would have it run in circles through the last of them.
+        wake.Wait(waitMs, timers.GetRestNanoseconds());
         RunPending();
         if (run)
         {

@@ -11,9 +11,10 @@ namespace
 constexpr std::size_t minimumBuckets = 100;
 constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
 
-int WholeMilliseconds(STickRate rate, std::uint64_t ticks)
+constexpr double nanosecondsPerMillisecond = 1000000.0;
+
+int WholeMilliseconds(double milliseconds)
 {
-    const double milliseconds = rate.GetMilliseconds(ticks);
     constexpr int longest = std::numeric_limits<int>::max();
     return milliseconds < static_cast<double>(longest) ? static_cast<int>(milliseconds) : longest;
 }
@@ -87,6 +88,7 @@ int CTimerTable::Scan()
 {
     CPreciseCPUWatch scan(source);
     scan.Start();
+    restNanoseconds = 0;
     const std::lock_guard guard(mutex);
     std::uint64_t soonest = never;
     for (auto& [command, record] : table)
@@ -110,7 +112,11 @@ int CTimerTable::Scan()
         return -1;
     }
     const std::uint64_t spent = scan.GetElapsedTicks();
-    return WholeMilliseconds(source.GetRate(), soonest > spent ? soonest - spent : 0);
+    const double milliseconds = source.GetRate().GetMilliseconds(soonest > spent ? soonest - spent : 0);
+    const int whole = WholeMilliseconds(milliseconds);
+    const double rest = std::min(milliseconds - whole, 1.0) * nanosecondsPerMillisecond;
+    restNanoseconds = static_cast<int>(rest);
+    return whole;
 }
 
 void CTimerTable::RemoveFromDue(const Record& record)

@@ -38,6 +38,9 @@ public:
     /// down; -1 without timers.
     int Scan();
 
+    /// What the rounding of the last scan took off, in nanoseconds. The scanning thread only.
+    int GetRestNanoseconds() const { return restNanoseconds; }
+
 private:
     /// A stopwatch with a period. Stands still from the scan that finds it due until its command runs.
     struct SRecord
@@ -55,6 +58,7 @@ private:
     void RemoveFromDue(const Record& record);
 
     const ITickSource& source;
+    int restNanoseconds = 0;
     std::mutex mutex; ///< over all that follows
     std::condition_variable executed;
     std::unordered_map<Core::ICommand*, Record> table;

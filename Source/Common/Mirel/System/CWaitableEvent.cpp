@@ -10,7 +10,7 @@ void CWaitableEvent::Set()
     pthread_cond_signal(&condition);
 }
 
-bool CWaitableEvent::Wait(int timeoutMs)
+bool CWaitableEvent::Wait(int timeoutMs, int nanoseconds)
 {
     const CMutexGuard guard(mutex);
     if (set)
@@ -18,7 +18,7 @@ bool CWaitableEvent::Wait(int timeoutMs)
         set = false;
         return true;
     }
-    const bool woken = Block(timeoutMs);
+    const bool woken = Block(timeoutMs, nanoseconds);
     if (timeoutMs < 0)
     {
         set = false;

@@ -76,6 +76,21 @@ TEST_F(CTimerTableTest, WaitIsTheTimeToTheNextTimerRoundedDown)
     EXPECT_EQ(table.Scan(), 9);
 }
 
+TEST_F(CTimerTableTest, TellsWhatTheRoundingTookOffTheWait)
+{
+    table.Add(20, &command);
+    EXPECT_EQ(table.Scan(), 20);
+    EXPECT_EQ(table.GetRestNanoseconds(), 0);
+
+    clock.AdvanceTicks(250'000);
+    EXPECT_EQ(table.Scan(), 19);
+    EXPECT_NEAR(table.GetRestNanoseconds(), 750'000, 1);
+
+    clock.AdvanceTicks(20 * millisecond);
+    EXPECT_EQ(table.Scan(), 0);
+    EXPECT_EQ(table.GetRestNanoseconds(), 0);
+}
+
 TEST_F(CTimerTableTest, NextPeriodCountsFromTheStartOfTheRunAndLateTicksAreNotMadeUp)
 {
     CFunctionCommand slow(
