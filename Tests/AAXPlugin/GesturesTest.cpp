@@ -1,0 +1,296 @@
+#include "AAXPlugin/CPlayedEditor.h"
+#include "AAXPlugin/CRandomHands.h"
+#include "AAXPlugin/CRunningAudio.h"
+#include "Support/CTemporaryFolder.h"
+#include "Support/DataFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <set>
+
+namespace
+{
+
+using namespace Host;
+using namespace Tests;
+using namespace Mirel::GUI;
+
+/// SCOPE_BANK_GESTURES of them on the factory skin; a fifth of that on each other skin.
+int GetGestureCount()
+{
+    const char* wanted = std::getenv("SCOPE_BANK_GESTURES"); // NOLINT(concurrency-mt-unsafe)
+    const int count = wanted == nullptr ? 0 : std::atoi(wanted);
+    return count > 0 ? count : 300;
+}
+
+/// Gives up, or names a preset or a skin as is asked for; keeps no question open.
+class CHastyDialogs : public CScriptedDialogs
+{
+public:
+    explicit CHastyDialogs(const CTemporaryFolder& folder_) : folder(folder_) {}
+
+    DialogId ShowMessage(const SMessage& message, NativeWindowId owner, MessageReceiver receiver) override
+    {
+        answers.push_back(EMessageAnswer::Yes);
+        return CScriptedDialogs::ShowMessage(message, owner, std::move(receiver));
+    }
+
+    DialogId ChooseFile(const SFileRequest& request, NativeWindowId owner, FileReceiver receiver) override
+    {
+        const bool isGivenUp = requests.size() % 3 == 2 || request.defaultExtension == "xml";
+        paths.push_back(isGivenUp ? std::string() : folder.GetPath("own.preset"));
+        return CScriptedDialogs::ChooseFile(request, owner, std::move(receiver));
+    }
+
+private:
+    const CTemporaryFolder& folder;
+};
+
+/// What a host sees: values of a parameter only between its touch and its release, no touch within another,
+/// and nothing held in the end. The touches by parameter.
+std::map<int, int> CountTouches(const std::vector<CAutomationPost>& posts)
+{
+    std::map<int, int> touches;
+    std::set<int> held;
+    for (const CAutomationPost& post : posts)
+    {
+        EXPECT_GE(post.parameter, 0);
+        switch (post.kind)
+        {
+        case CAutomationPost::EKind::Touch:
+            EXPECT_TRUE(held.insert(post.parameter).second) << "touched twice: " << post.parameter;
+            ++touches[post.parameter];
+            break;
+        case CAutomationPost::EKind::Value:
+            EXPECT_TRUE(held.contains(post.parameter)) << "not touched: " << post.parameter;
+            EXPECT_GE(post.normalized, 0.0);
+            EXPECT_LE(post.normalized, 1.0);
+            break;
+        case CAutomationPost::EKind::Release:
+            EXPECT_EQ(held.erase(post.parameter), 1U) << "released untouched: " << post.parameter;
+            break;
+        }
+    }
+    EXPECT_TRUE(held.empty()) << "still held: " << *held.begin();
+    return touches;
+}
+
+std::string SkinPath(const std::string& name)
+{
+    return GetDataFolder() + "/Skins/" + name;
+}
+
+class AnHourOfGestures : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        instance = plugin.Make();
+        UsePlayedPopups(*instance, dialogs);
+    }
+
+    void Play(const std::string& skinFile, int count)
+    {
+        skin = SkinPath(skinFile);
+        CRunningAudio audio(*instance);
+        {
+            CPlayedEditor editor(*instance);
+            ASSERT_TRUE(editor.Get().LoadSkin(skin)) << editor.Get().GetSkinMessages();
+            ASSERT_GT(InternalsOf(*instance).GetPresets().GetCount(), 0);
+            instance->GetController().TakePosts();
+            for (int i = 0; i < count && !HasFailure(); ++i)
+            {
+                PlayOne(editor, i);
+                if (i % 10 == 9)
+                {
+                    Disturb(editor);
+                }
+            }
+        }
+        audio.Stop();
+        blocks = audio.GetBlockCount();
+    }
+
+    void PlayOne(CPlayedEditor& editor, int index)
+    {
+        const CRandomHands::SGesture gesture = hands.Play(editor);
+        SCOPED_TRACE("gesture " + std::to_string(index) + ": " + gesture.text);
+        // A press of a menu's item may load a preset, which moves parameters without hands on them.
+        for (const auto& [parameter, touches] : CountTouches(instance->GetController().TakePosts()))
+        {
+            EXPECT_LE(touches, gesture.mostTouches) << "parameter " << parameter;
+            ++touchesOf[parameter];
+        }
+    }
+
+    /// What happens between the gestures of a user, and in the middle of one.
+    void Disturb(CPlayedEditor& editor)
+    {
+        const int what = hands.Pick(5);
+        SCOPED_TRACE("disturbance " + std::to_string(what));
+        Mirel::Audio::Plugin::IPresets& presets = InternalsOf(*instance).GetPresets();
+        std::vector<char> bytes;
+        std::string error;
+        switch (what)
+        {
+        case 0:
+            presets.GetPreset(hands.Pick(presets.GetCount())).Load();
+            break;
+        case 1:
+            EXPECT_TRUE(instance->SaveChunk(MirelExt::AAXPlugin::StateChunkId, bytes, error)) << error;
+            instance->LoadChunk(bytes);
+            break;
+        case 2:
+            ReloadWithinADrag(editor);
+            break;
+        default:
+            EXPECT_TRUE(editor.Get().LoadSkin(skin)) << editor.Get().GetSkinMessages();
+            break;
+        }
+        editor.Get().Wake();
+        EXPECT_FALSE(editor.Get().TakePicture().IsEmpty());
+        CountTouches(instance->GetController().TakePosts());
+    }
+
+    void ReloadWithinADrag(CPlayedEditor& editor)
+    {
+        const CPoint from = hands.PickPlace(editor);
+        editor.GetPlatform().MovePointer(from);
+        editor.GetPlatform().PressButton(EMouseButton::Left);
+        editor.GetPlatform().MovePointer({from.x + 10, from.y - 10});
+        EXPECT_TRUE(editor.Get().LoadSkin(skin));
+        editor.GetPlatform().MovePointer({from.x, from.y - 20});
+        editor.GetPlatform().ReleaseButton(EMouseButton::Left);
+        editor.Get().Wake();
+        if (editor.GetPopup() != nullptr)
+        {
+            editor.Type(ENativeKey::Escape);
+        }
+    }
+
+    /// Where the first second of a minute begins for an instance that ran so many blocks.
+    static long BlocksToTheMinute(long blocks)
+    {
+        constexpr long minute = 48000L * 60 / CRunningAudio::Block;
+        return minute - blocks % minute;
+    }
+
+    /// A wave that begins anew with each tenth of a second, so that all that looks back sees the same.
+    static void PlayWave(CHostInstance& instance, long blocks)
+    {
+        constexpr int period = 4800;
+        CChannels inputs(2, CRunningAudio::Block);
+        CChannels outputs(2, CRunningAudio::Block);
+        for (long block = 0; block < blocks; ++block)
+        {
+            for (int i = 0; i < CRunningAudio::Block; ++i)
+            {
+                const long place = (block * CRunningAudio::Block + i) % period;
+                inputs[0][static_cast<std::size_t>(i)] = static_cast<float>(place) / period - 0.5F;
+                inputs[1][static_cast<std::size_t>(i)] = place < period / 3 ? 0.7F : -0.4F;
+            }
+            instance.Process(inputs.Get(), outputs.Get(), CRunningAudio::Block);
+        }
+    }
+
+    CPicture TakePictureAfresh(CHostInstance& shown)
+    {
+        CPlayedEditor editor(shown);
+        EXPECT_TRUE(editor.Get().LoadSkin(skin));
+        editor.Get().WakeFor(300);
+        return editor.Get().TakePicture();
+    }
+
+    /// The state in another instance shows what the first shows.
+    void CompareWithASecondInstance()
+    {
+        std::vector<char> bytes;
+        std::string error;
+        ASSERT_TRUE(instance->SaveChunk(MirelExt::AAXPlugin::StateChunkId, bytes, error)) << error;
+        const auto second = plugin.Make();
+        UsePlayedPopups(*second, dialogs);
+        ASSERT_EQ(second->LoadChunk(bytes), 0);
+        EXPECT_TRUE(second->IsActiveChunk(bytes));
+        // The first runs on to a full minute; the second begins with one.
+        constexpr long minute = 48000L * 60 / CRunningAudio::Block;
+        PlayWave(*instance, BlocksToTheMinute(blocks));
+        PlayWave(*instance, minute);
+        PlayWave(*second, minute);
+        const CPicture first = TakePictureAfresh(*instance);
+        const CPicture other = TakePictureAfresh(*second);
+        ASSERT_FALSE(first.IsEmpty());
+        ASSERT_EQ(first.width, other.width);
+        ASSERT_EQ(first.height, other.height);
+        int differing = 0;
+        for (std::size_t i = 0; i < first.pixels.size(); ++i)
+        {
+            differing += first.pixels[i] == other.pixels[i] ? 0 : 1;
+        }
+        EXPECT_EQ(differing, 0) << "pixels";
+        WriteBoth(differing, first, other);
+    }
+
+    void WriteBoth(int differing, const CPicture& first, const CPicture& other)
+    {
+        const char* place = std::getenv("SCOPE_BANK_PICTURES"); // NOLINT(concurrency-mt-unsafe)
+        std::string error;
+        if (differing != 0 && place != nullptr)
+        {
+            WritePicture(first, std::string(place) + "/first.png", error);
+            WritePicture(other, std::string(place) + "/other.png", error);
+        }
+    }
+
+    CTemporaryFolder folder;
+    CHastyDialogs dialogs{folder};
+    CInProcessPlugin plugin;
+    std::unique_ptr<CHostInstance> instance;
+    CRandomHands hands{20260501};
+    std::string skin;
+    long blocks = 0;
+    std::map<int, int> touchesOf; ///< Gestures by parameter.
+};
+
+TEST_F(AnHourOfGestures, OnTheFactorySkin)
+{
+    Play("default.xml", GetGestureCount());
+    ASSERT_FALSE(HasFailure());
+    // Bypass, the modes, sync, delay, the trigger and its direction have all been in somebody's hands.
+    EXPECT_GE(touchesOf.size(), 6U);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, OnTheCompactSkin)
+{
+    Play("compact.xml", GetGestureCount() / 5);
+    ASSERT_FALSE(HasFailure());
+    EXPECT_GE(touchesOf.size(), 2U);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, OnTheXYSkin)
+{
+    Play("xy.xml", GetGestureCount() / 5);
+    ASSERT_FALSE(HasFailure());
+    EXPECT_GE(touchesOf.size(), 2U);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, ClosingTheEditorWithinADragReleases)
+{
+    {
+        CPlayedEditor editor(*instance);
+        ASSERT_TRUE(editor.Get().LoadSkin(SkinPath("default.xml")));
+        editor.GetPlatform().MovePointer({300, 562});
+        editor.GetPlatform().PressButton(EMouseButton::Left);
+        editor.GetPlatform().MovePointer({300, 540});
+        editor.Get().Wake();
+    }
+    EXPECT_THAT(CountTouches(instance->GetController().TakePosts()),
+                testing::ElementsAre(std::pair<const int, int>(4, 1)));
+}
+
+} // namespace
