@@ -36,12 +36,16 @@ public:
         Mirel::GUI::CPoint from;
         std::string text; ///< for the messages of a test
         int mostTouches;  ///< of one parameter that the gesture can mean
+        int moves = 0;    ///< with a button held
     };
 
     explicit CRandomHands(unsigned seed) : random(seed) {}
 
     int Pick(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); }
     bool Chance(int percent) { return Pick(100) < percent; }
+
+    /// Something happened there: a good place to come back to.
+    void Remember(Mirel::GUI::CPoint place) { known.push_back(place); }
 
     /// Makes one gesture, and ends what it opened.
     SGesture Play(CPlayedEditor& editor)
@@ -55,6 +59,10 @@ public:
     /// Controls stand at the top and at the bottom; the rest is looked at.
     Mirel::GUI::CPoint PickPlace(CPlayedEditor& editor)
     {
+        if (!known.empty() && Chance(30))
+        {
+            return known[static_cast<std::size_t>(Pick(static_cast<int>(known.size())))];
+        }
         constexpr int top = 40;
         constexpr int bottom = 76;
         const SAAXViewSize size = editor.Get().GetSize();
@@ -79,7 +87,7 @@ private:
         const Mirel::GUI::CPoint from = PickPlace(editor);
         return {static_cast<EGesture>(kind), from,
                 std::string(names[kind]) + " at " + std::to_string(from.x) + ", " + std::to_string(from.y),
-                1};
+                1, 0};
     }
 
     void Make(CPlayedEditor& editor, SGesture& gesture)
@@ -118,12 +126,13 @@ private:
         editor.Get().Wake();
     }
 
-    void Drag(CPlayedEditor& editor, const SGesture& gesture)
+    void Drag(CPlayedEditor& editor, SGesture& gesture)
     {
         Mirel::GUI::COffscreenPlatform& platform = editor.GetPlatform();
         platform.MovePointer(gesture.from);
         platform.PressButton(EMouseButton::Left);
         const int steps = 1 + Pick(6);
+        gesture.moves = steps;
         for (int step = 0; step < steps; ++step)
         {
             if (gesture.kind == EGesture::FineDrag && step == steps / 2)
@@ -205,6 +214,7 @@ private:
     }
 
     std::mt19937 random;
+    std::vector<Mirel::GUI::CPoint> known;
 };
 
 } // namespace Tests
