@@ -1,0 +1,334 @@
+#include "AAXPlugin/CPlayedEditor.h"
+#include "AAXPlugin/CRandomHands.h"
+#include "AAXPlugin/CRunningAudio.h"
+#include "Support/CTemporaryFolder.h"
+#include "Support/DataFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <set>
+
+namespace
+{
+
+using namespace Host;
+using namespace Tests;
+using namespace Mirel::GUI;
+
+/// SCOPE_BANK_GESTURES of them on the factory skin; half of that on each other skin.
+int GetGestureCount()
+{
+    const char* wanted = std::getenv("SCOPE_BANK_GESTURES"); // NOLINT(concurrency-mt-unsafe)
+    const int count = wanted == nullptr ? 0 : std::atoi(wanted);
+    return count > 0 ? count : 300;
+}
+
+/// Gives up, or names a preset or a skin as is asked for; keeps no question open.
+class CHastyDialogs : public CScriptedDialogs
+{
+public:
+    explicit CHastyDialogs(const CTemporaryFolder& folder_) : folder(folder_) {}
+
+    DialogId ShowMessage(const SMessage& message, NativeWindowId owner, MessageReceiver receiver) override
+    {
+        answers.push_back(EMessageAnswer::Yes);
+        return CScriptedDialogs::ShowMessage(message, owner, std::move(receiver));
+    }
+
+    DialogId ChooseFile(const SFileRequest& request, NativeWindowId owner, FileReceiver receiver) override
+    {
+        const bool isGivenUp = requests.size() % 3 == 2 || request.defaultExtension == "xml";
+        paths.push_back(isGivenUp ? std::string() : folder.GetPath("own.preset"));
+        return CScriptedDialogs::ChooseFile(request, owner, std::move(receiver));
+    }
+
+private:
+    const CTemporaryFolder& folder;
+};
+
+/// What a host sees: values of a parameter only between its touch and its release, no touch within another,
+/// and nothing held in the end. The touches by parameter.
+std::map<int, int> CountTouches(const std::vector<CAutomationPost>& posts)
+{
+    std::map<int, int> touches;
+    std::set<int> held;
+    for (const CAutomationPost& post : posts)
+    {
+        EXPECT_GE(post.parameter, 0);
+        switch (post.kind)
+        {
+        case CAutomationPost::EKind::Touch:
+            EXPECT_TRUE(held.insert(post.parameter).second) << "touched twice: " << post.parameter;
+            ++touches[post.parameter];
+            break;
+        case CAutomationPost::EKind::Value:
+            EXPECT_TRUE(held.contains(post.parameter)) << "not touched: " << post.parameter;
+            EXPECT_GE(post.normalized, 0.0);
+            EXPECT_LE(post.normalized, 1.0);
+            break;
+        case CAutomationPost::EKind::Release:
+            EXPECT_EQ(held.erase(post.parameter), 1U) << "released untouched: " << post.parameter;
+            break;
+        }
+    }
+    EXPECT_TRUE(held.empty()) << "still held: " << *held.begin();
+    return touches;
+}
+
+/// Delay and trigger value are on knobs and sliders.
+bool IsDragged(int parameter)
+{
+    return parameter == 4 || parameter == 5;
+}
+
+int CountValues(const std::vector<CAutomationPost>& posts, int parameter)
+{
+    return static_cast<int>(std::ranges::count_if(
+        posts, [parameter](const CAutomationPost& post)
+        { return post.parameter == parameter && post.kind == CAutomationPost::EKind::Value; }));
+}
+
+std::string Tell(const std::vector<CAutomationPost>& posts)
+{
+    static constexpr const char* names[] = {"touch", "release", "value"};
+    std::string told;
+    for (const CAutomationPost& post : posts)
+    {
+        told += std::string(names[static_cast<int>(post.kind)]) + ' ' + std::to_string(post.parameter) + ' ' +
+                std::to_string(post.normalized) + "; ";
+    }
+    return told;
+}
+
+std::string SkinPath(const std::string& name)
+{
+    return GetDataFolder() + "/Skins/" + name;
+}
+
+constexpr long blocksPerSecond = 48000 / CRunningAudio::Block;
+
+class AnHourOfGestures : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        instance = plugin.Make();
+        UsePlayedPopups(*instance, dialogs);
+    }
+
+    void Play(const std::string& skinFile, int count)
+    {
+        skin = SkinPath(skinFile);
+        CRunningAudio audio(*instance);
+        {
+            CPlayedEditor editor(*instance);
+            ASSERT_TRUE(editor.Get().LoadSkin(skin)) << editor.Get().GetSkinMessages();
+            ASSERT_GT(InternalsOf(*instance).GetPresets().GetCount(), 0);
+            instance->GetController().TakePosts();
+            for (int i = 0; i < count && !HasFailure(); ++i)
+            {
+                PlayOne(editor, i);
+                if (i % 10 == 9)
+                {
+                    Disturb(editor);
+                }
+            }
+        }
+        audio.Stop();
+        EXPECT_GT(audio.GetBlockCount(), 0);
+    }
+
+    void PlayOne(CPlayedEditor& editor, int index)
+    {
+        const CRandomHands::SGesture gesture = hands.Play(editor);
+        SCOPED_TRACE("gesture " + std::to_string(index) + ": " + gesture.text);
+        const std::vector<CAutomationPost> posts = instance->GetController().TakePosts();
+        if (!posts.empty())
+        {
+            hands.Remember(gesture.from);
+        }
+        for (const auto& [parameter, touches] : CountTouches(posts))
+        {
+            // A button goes up when a held mouse leaves it, and down again when that comes back.
+            const int most = IsDragged(parameter) ? gesture.mostTouches : gesture.mostTouches + gesture.moves;
+            EXPECT_LE(touches, most) << "parameter " << parameter << ": " << Tell(posts);
+            EXPECT_TRUE(IsDragged(parameter) || CountValues(posts, parameter) <= gesture.mostTouches)
+                << "parameter " << parameter << ": " << Tell(posts);
+            ++touchesOf[parameter];
+        }
+    }
+
+    /// What happens between the gestures of a user, and in the middle of one.
+    void Disturb(CPlayedEditor& editor)
+    {
+        const int what = hands.Pick(5);
+        SCOPED_TRACE("disturbance " + std::to_string(what));
+        Mirel::Audio::Plugin::IPresets& presets = InternalsOf(*instance).GetPresets();
+        std::vector<char> bytes;
+        std::string error;
+        switch (what)
+        {
+        case 0:
+            presets.GetPreset(hands.Pick(presets.GetCount())).Load();
+            break;
+        case 1:
+            EXPECT_TRUE(instance->SaveChunk(MirelExt::AAXPlugin::StateChunkId, bytes, error)) << error;
+            instance->LoadChunk(bytes);
+            break;
+        case 2:
+            ReloadWithinADrag(editor);
+            break;
+        default:
+            EXPECT_TRUE(editor.Get().LoadSkin(skin)) << editor.Get().GetSkinMessages();
+            break;
+        }
+        editor.Get().Wake();
+        EXPECT_FALSE(editor.Get().TakePicture().IsEmpty());
+        CountTouches(instance->GetController().TakePosts());
+    }
+
+    void ReloadWithinADrag(CPlayedEditor& editor)
+    {
+        const CPoint from = hands.PickPlace(editor);
+        editor.GetPlatform().MovePointer(from);
+        editor.GetPlatform().PressButton(EMouseButton::Left);
+        editor.GetPlatform().MovePointer({from.x + 10, from.y - 10});
+        EXPECT_TRUE(editor.Get().LoadSkin(skin));
+        editor.GetPlatform().MovePointer({from.x, from.y - 20});
+        editor.GetPlatform().ReleaseButton(EMouseButton::Left);
+        editor.Get().Wake();
+        if (editor.GetPopup() != nullptr)
+        {
+            editor.Type(ENativeKey::Escape);
+        }
+    }
+
+    /// A wave that begins anew with each tenth of a second, so that all that looks back sees the same.
+    static void PlayWave(CHostInstance& instance, long blocks)
+    {
+        constexpr int period = 4800;
+        CChannels inputs(2, CRunningAudio::Block);
+        CChannels outputs(2, CRunningAudio::Block);
+        for (long block = 0; block < blocks; ++block)
+        {
+            for (int i = 0; i < CRunningAudio::Block; ++i)
+            {
+                const long place = (block * CRunningAudio::Block + i) % period;
+                inputs[0][static_cast<std::size_t>(i)] = static_cast<float>(place) / period - 0.5F;
+                inputs[1][static_cast<std::size_t>(i)] = place < period / 3 ? 0.7F : -0.4F;
+            }
+            instance.Process(inputs.Get(), outputs.Get(), CRunningAudio::Block);
+        }
+    }
+
+    /// Each change of Sync clears the traces and begins a second.
+    static void Restart(CHostInstance& played)
+    {
+        double sync = 0.0;
+        played.GetParameters().GetParameterValue("P3", &sync);
+        for (const double value : {1.0 - sync, sync})
+        {
+            PlayWave(played, blocksPerSecond);
+            played.GetParameters().SetParameterValue("P3", value);
+        }
+        PlayWave(played, 10 * blocksPerSecond);
+    }
+
+    CPicture TakePictureAfresh(CHostInstance& shown)
+    {
+        CPlayedEditor editor(shown);
+        EXPECT_TRUE(editor.Get().LoadSkin(skin));
+        editor.Get().WakeFor(300);
+        return editor.Get().TakePicture();
+    }
+
+    /// The state in another instance shows what the first shows.
+    void CompareWithASecondInstance()
+    {
+        std::vector<char> bytes;
+        std::string error;
+        ASSERT_TRUE(instance->SaveChunk(MirelExt::AAXPlugin::StateChunkId, bytes, error)) << error;
+        const auto second = plugin.Make();
+        UsePlayedPopups(*second, dialogs);
+        second->LoadChunk(bytes);
+        EXPECT_TRUE(second->IsActiveChunk(bytes));
+        Restart(*instance);
+        Restart(*second);
+        const CPicture first = TakePictureAfresh(*instance);
+        const CPicture other = TakePictureAfresh(*second);
+        ASSERT_FALSE(first.IsEmpty());
+        ASSERT_EQ(first.width, other.width);
+        ASSERT_EQ(first.height, other.height);
+        int differing = 0;
+        for (std::size_t i = 0; i < first.pixels.size(); ++i)
+        {
+            differing += first.pixels[i] == other.pixels[i] ? 0 : 1;
+        }
+        EXPECT_EQ(differing, 0) << "pixels";
+        WriteBoth(differing, first, other);
+    }
+
+    void WriteBoth(int differing, const CPicture& first, const CPicture& other)
+    {
+        const char* place = std::getenv("SCOPE_BANK_PICTURES"); // NOLINT(concurrency-mt-unsafe)
+        std::string error;
+        if (differing != 0 && place != nullptr)
+        {
+            WritePicture(first, std::string(place) + "/first.png", error);
+            WritePicture(other, std::string(place) + "/other.png", error);
+        }
+    }
+
+    CTemporaryFolder folder;
+    CHastyDialogs dialogs{folder};
+    CInProcessPlugin plugin;
+    std::unique_ptr<CHostInstance> instance;
+    CRandomHands hands{20260501};
+    std::string skin;
+    std::map<int, int> touchesOf; ///< Gestures by parameter.
+};
+
+TEST_F(AnHourOfGestures, OnTheFactorySkin)
+{
+    Play("default.xml", GetGestureCount());
+    ASSERT_FALSE(HasFailure());
+    // Bypass, the modes, sync, delay, the trigger and its direction have all been in somebody's hands.
+    EXPECT_GE(touchesOf.size(), 6U) << testing::PrintToString(touchesOf);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, OnTheCompactSkin)
+{
+    Play("compact.xml", GetGestureCount() / 2);
+    ASSERT_FALSE(HasFailure());
+    EXPECT_GE(touchesOf.size(), 2U);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, OnTheXYSkin)
+{
+    Play("xy.xml", GetGestureCount() / 2);
+    ASSERT_FALSE(HasFailure());
+    EXPECT_GE(touchesOf.size(), 2U);
+    CompareWithASecondInstance();
+}
+
+TEST_F(AnHourOfGestures, ClosingTheEditorWithinADragReleases)
+{
+    {
+        CPlayedEditor editor(*instance);
+        ASSERT_TRUE(editor.Get().LoadSkin(SkinPath("default.xml")));
+        editor.GetPlatform().MovePointer({300, 562});
+        editor.GetPlatform().PressButton(EMouseButton::Left);
+        editor.GetPlatform().MovePointer({300, 540});
+        editor.Get().Wake();
+    }
+    EXPECT_THAT(CountTouches(instance->GetController().TakePosts()),
+                testing::ElementsAre(std::pair<const int, int>(4, 1)));
+}
+
+} // namespace
