@@ -80,7 +80,7 @@ struct CFactoryScreen
                     }
                 }
             }
-            const bool isSeen = highest >= GetTop() && lowest <= GetTop() + rows - 1;
+            const bool isSeen = lowest >= GetTop() + lineSlack && highest <= GetTop() + rows - 1 - lineSlack;
             if (isSeen && found == 0)
             {
                 faults += "column " + std::to_string(column) + " has no trace, expected at " +

@@ -138,10 +138,10 @@ TEST_F(CSnapshotRun, TriggerModeEndsTheTraceAtTheNewestCrossing)
     WriteSamples(samples);
     for (const bool isUp : {true, false})
     {
-        ASSERT_EQ(Run({Path("in.wav"), "--snapshot", Path("p.png"), "--param", "View Mode=Trigger", "--param",
-                       "Trigger Value=0.25", "--param",
-                       isUp ? "Trigger Direction=Up" : "Trigger Direction=Down"}),
-                  0)
+        ASSERT_EQ(
+            Run({Path("in.wav"), "--snapshot", Path("p.png"), "--param", "View Mode=Trigger", "--param",
+                 "Trigger Value=0.25", "--param", isUp ? "Trigger Direction=Up" : "Trigger Direction=Down"}),
+            0)
             << error;
         // The sine crosses the level at this time of each period.
         const double rising = std::asin(level / 0.5) / (twoPi * frequency);
@@ -153,8 +153,8 @@ TEST_F(CSnapshotRun, TriggerModeEndsTheTraceAtTheNewestCrossing)
         const int last = Tests::CFactoryScreen::columns - Tests::CFactoryScreen::markerColumns;
         for (const int channel : {1, 2})
         {
-            EXPECT_EQ(
-                Tests::CFactoryScreen{channel}.FindFaults(ReadPng(Path("p.png")), first, last, valueAt), "")
+            EXPECT_EQ(Tests::CFactoryScreen{channel}.FindFaults(ReadPng(Path("p.png")), first, last, valueAt),
+                      "")
                 << channel << (isUp ? " up" : " down");
         }
     }

@@ -143,9 +143,10 @@ protected:
 
     void ExpectTrace(int channel, int first, int last, const CFactoryScreen::Values& values)
     {
-        EXPECT_EQ(LookUntilRight([&](const CShownPicture& picture)
-                                 { return CFactoryScreen{channel}.FindFaults(picture, first, last, values); }),
-                  "")
+        EXPECT_EQ(
+            LookUntilRight([&](const CShownPicture& picture)
+                           { return CFactoryScreen{channel}.FindFaults(picture, first, last, values); }),
+            "")
             << "channel " << channel;
     }
 
@@ -192,8 +193,10 @@ TEST_F(FactorySkinOnADisplay, MidAndSideAreTheMeanAndHalfTheDifference)
     const Signal right = Sine(0.4, 7.1);
     Set("P1", 1.0);
     Play(left, right);
-    ExpectTrace(1, 0, AllColumns, InFlow([&](double sample) { return (left(sample) + right(sample)) / 2.0; }));
-    ExpectTrace(2, 0, AllColumns, InFlow([&](double sample) { return (left(sample) - right(sample)) / 2.0; }));
+    ExpectTrace(1, 0, AllColumns,
+                InFlow([&](double sample) { return (left(sample) + right(sample)) / 2.0; }));
+    ExpectTrace(2, 0, AllColumns,
+                InFlow([&](double sample) { return (right(sample) - left(sample)) / 2.0; }));
 }
 
 TEST_F(FactorySkinOnADisplay, LoopSweepsOverTheSecondBefore)
@@ -207,7 +210,8 @@ TEST_F(FactorySkinOnADisplay, LoopSweepsOverTheSecondBefore)
     for (const int channel : {1, 2})
     {
         ExpectTrace(channel, 0, head - edge, [&](double column) { return left(SampleAt(Rate, column)); });
-        ExpectTrace(channel, head + edge, AllColumns, [&](double column) { return left(SampleAt(0, column)); });
+        ExpectTrace(channel, head + edge, AllColumns,
+                    [&](double column) { return left(SampleAt(0, column)); });
     }
 }
 
