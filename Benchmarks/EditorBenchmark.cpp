@@ -90,8 +90,7 @@ public:
         std::uint32_t written = 0;
         instance->GetParameters().GetCustomData(MirelExt::AAXPlugin::InternalsDataId,
                                                 MirelExt::AAXPlugin::PointerPacketSize, &internals, &written);
-        auto* editor =
-            static_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(internals->GetEditor().Get());
+        auto* editor = static_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(internals->GetEditor().Get());
         return static_cast<Mirel::GUI::COffscreenPlatform*>(editor->GetPlatform())->GetWindow(0);
     }
 
@@ -146,8 +145,8 @@ public:
 private:
     void Run()
     {
-        const auto period = std::chrono::duration_cast<Clock::duration>(
-            std::chrono::duration<double>(Block / SampleRate));
+        const auto period =
+            std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(Block / SampleRate));
         auto next = Clock::now();
         int position = 0;
         while (!done)

@@ -1,6 +1,7 @@
 #include "Host/CHostProgram.h"
 
 #include "Host/Audio/CSoundFileWriter.h"
+#include "Host/Editor/FactoryScreen.h"
 #include "Host/TestFiles.h"
 #include "Support/CTemporaryFolder.h"
 
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <sstream>
 #include <string>
@@ -22,14 +24,7 @@ namespace
 
 using testing::HasSubstr;
 
-struct CPixels
-{
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint32_t> pixels; ///< Blue in the lowest byte.
-
-    std::uint32_t At(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
-};
+using CPixels = Tests::CShownPicture;
 
 CPixels ReadPng(const std::string& path)
 {
@@ -74,9 +69,11 @@ protected:
     std::string Path(const std::string& name) const { return folder.GetPath(name); }
 
     /// A second and a half of one value on both sides.
-    void WriteConstant(float value)
+    void WriteConstant(float value) { WriteSamples(std::vector<float>(12'000, value)); }
+
+    /// At 8 kHz.
+    void WriteSamples(const std::vector<float>& samples)
     {
-        const std::vector<float> samples(12'000, value);
         const float* channels[] = {samples.data(), samples.data()};
         CSoundFileWriter writer;
         std::string failure;
@@ -123,6 +120,43 @@ TEST_F(CSnapshotRun, TheFactorySkinShowsValuesWhereItsAmplitudeAxisHasThem)
     {
         const double expected = top + (0.98 - static_cast<double>(value)) * pixelsPerUnit;
         EXPECT_NEAR(FindTraceRow(value), expected, 0.5) << value;
+    }
+}
+
+TEST_F(CSnapshotRun, TriggerModeEndsTheTraceAtTheNewestCrossing)
+{
+    constexpr double rate = 8000.0;
+    constexpr double frequency = 5.0;
+    constexpr double level = 0.25;
+    constexpr double twoPi = 6.283185307179586;
+    const auto sine = [](double seconds) { return 0.5 * std::sin(twoPi * frequency * seconds); };
+    std::vector<float> samples;
+    for (int i = 0; i < 12'000; ++i)
+    {
+        samples.push_back(static_cast<float>(sine(i / rate)));
+    }
+    WriteSamples(samples);
+    for (const bool isUp : {true, false})
+    {
+        ASSERT_EQ(
+            Run({Path("in.wav"), "--snapshot", Path("p.png"), "--param", "View Mode=Trigger", "--param",
+                 "Trigger Value=0.25", "--param", isUp ? "Trigger Direction=Up" : "Trigger Direction=Down"}),
+            0)
+            << error;
+        // The sine crosses the level at this time of each period.
+        const double rising = std::asin(level / 0.5) / (twoPi * frequency);
+        const double crossing = isUp ? rising : 0.5 / frequency - rising;
+        const auto valueAt = [&](double column)
+        { return sine(crossing - 1.0 + column / (Tests::CFactoryScreen::columns - 1)); };
+        // What came in since the crossing, a period at most, hides the oldest part of the trace.
+        const int first = static_cast<int>(Tests::CFactoryScreen::columns / frequency) + 3;
+        const int last = Tests::CFactoryScreen::columns - Tests::CFactoryScreen::markerColumns;
+        for (const int channel : {1, 2})
+        {
+            EXPECT_EQ(Tests::CFactoryScreen{channel}.FindFaults(ReadPng(Path("p.png")), first, last, valueAt),
+                      "")
+                << channel << (isUp ? " up" : " down");
+        }
     }
 }
 

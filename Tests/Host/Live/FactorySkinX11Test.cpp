@@ -1,0 +1,285 @@
+#include "Host/Audio/CBuffers.h"
+#include "Host/Audio/CSoundFileSource.h"
+#include "Host/Audio/CSoundFileWriter.h"
+#include "Host/CHostInstance.h"
+#include "Host/CPluginSession.h"
+#include "Host/Editor/FactoryScreen.h"
+#include "Host/Live/CEditorWindow.h"
+#include "Mirel/GUI/Native/CNativeRunLoop.h"
+#include "Mirel/GUI/Native/NativePlatformFactory.h"
+#include "Support/CTemporaryFolder.h"
+#include "Support/CVirtualDisplay.h"
+#include "Support/CX11Probe.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Host
+{
+namespace
+{
+
+using Tests::CFactoryScreen;
+using Tests::CShownPicture;
+
+constexpr int Rate = 48000;
+constexpr int Frames = 72'000;
+constexpr int Block = 960; // output is due after each
+constexpr double TwoPi = 6.283185307179586;
+constexpr int AllColumns = CFactoryScreen::columns;
+constexpr int UpToTheMarker = AllColumns - CFactoryScreen::markerColumns;
+constexpr int LeftButton = 1;
+
+/// A sample of a file by its number.
+using Signal = std::function<double(double sample)>;
+
+Signal Sine(double amplitude, double frequency)
+{
+    return [=](double sample) { return amplitude * std::sin(TwoPi * frequency * sample / Rate); };
+}
+
+/// The sample at a column of a screen that shows the whole table, which begins with that sample.
+double SampleAt(double first, double column)
+{
+    return first + column / (AllColumns - 1) * (Rate - 1);
+}
+
+CFactoryScreen::Values InFlow(const Signal& signal)
+{
+    return [=](double column) { return signal(SampleAt(Frames - Rate, column)); };
+}
+
+/// Plays a sound file through the module as it ships, and looks at its editor in a window of the host.
+class FactorySkinOnADisplay : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(display.GetName().empty());
+        // Before any thread. NOLINTNEXTLINE(concurrency-mt-unsafe)
+        setenv("DISPLAY", display.GetName().c_str(), 1);
+        probe.emplace(display.GetName());
+        loop.emplace();
+        platform = Mirel::GUI::CreateNativePlatform(*loop);
+        std::string error;
+        ASSERT_TRUE(session.Open(SCOPE_BANK_MODULE, error)) << error;
+        instance = CHostInstance::Make(*session.GetCollection(), {2, Rate}, error);
+        ASSERT_NE(instance, nullptr) << error;
+        editor = CHostEditor::Make(*instance, error);
+        ASSERT_NE(editor, nullptr) << error;
+        window = std::make_unique<CEditorWindow>(*platform, *editor);
+        ASSERT_TRUE(window->Open("Scope", error)) << error;
+    }
+
+    void TearDown() override
+    {
+        window.reset();
+        editor.reset();
+        platform.reset();
+        instance.reset();
+        std::string error;
+        EXPECT_TRUE(session.Close(error)) << error;
+        // NOLINTNEXTLINE(concurrency-mt-unsafe)
+        unsetenv("DISPLAY");
+    }
+
+    void Set(const char* parameter, double normalized)
+    {
+        instance->GetParameters().SetParameterValue(parameter, normalized);
+    }
+
+    void Play(const Signal& first, const Signal& second)
+    {
+        const std::string path = folder.GetPath("in.wav");
+        Write(path, first, second);
+        CSoundFileSource source;
+        std::string error;
+        ASSERT_TRUE(source.Open(path, error)) << error;
+        CBuffers inputs(2, Block);
+        CBuffers outputs(2, Block);
+        while (source.Read(inputs.Get(), Block) == Block)
+        {
+            instance->Process(inputs.Get(), outputs.Get(), Block);
+        }
+    }
+
+    /// The host's and the editor's loops go on.
+    void Turn()
+    {
+        loop->Pump(0);
+        editor->WakeFor(20);
+        loop->Pump(0);
+        probe->Sync();
+    }
+
+    CShownPicture Look() const
+    {
+        return {CFactoryScreen::width, CFactoryScreen::height,
+                probe->ReadScreen(0, 0, CFactoryScreen::width, CFactoryScreen::height)};
+    }
+
+    /// Looks until nothing is wrong with what is seen, for as long as a loaded machine may need.
+    std::string LookUntilRight(const std::function<std::string(const CShownPicture&)>& findFaults)
+    {
+        constexpr auto patience = std::chrono::seconds(5);
+        const auto end = std::chrono::steady_clock::now() + patience;
+        for (;;)
+        {
+            Turn();
+            std::string faults = findFaults(Look());
+            if (faults.empty() || std::chrono::steady_clock::now() > end)
+            {
+                return faults;
+            }
+        }
+    }
+
+    void ExpectTrace(int channel, int first, int last, const CFactoryScreen::Values& values)
+    {
+        EXPECT_EQ(
+            LookUntilRight([&](const CShownPicture& picture)
+                           { return CFactoryScreen{channel}.FindFaults(picture, first, last, values); }),
+            "")
+            << "channel " << channel;
+    }
+
+    std::optional<Tests::CX11Probe> probe;
+
+private:
+    static void Write(const std::string& path, const Signal& first, const Signal& second)
+    {
+        CBuffers samples(2, Frames);
+        for (int i = 0; i < Frames; ++i)
+        {
+            samples.Get()[0][i] = static_cast<float>(first(i));
+            samples.Get()[1][i] = static_cast<float>(second(i));
+        }
+        CSoundFileWriter writer;
+        std::string error;
+        ASSERT_TRUE(writer.Open(path, Rate, 2, error)) << error;
+        writer.Write(samples.Get(), Frames);
+        ASSERT_TRUE(writer.Finish(error)) << error;
+    }
+
+    Tests::CTemporaryFolder folder;
+    Tests::CVirtualDisplay display;
+    std::optional<Mirel::GUI::CNativeRunLoop> loop;
+    std::unique_ptr<Mirel::GUI::INativePlatform> platform;
+    CPluginSession session;
+    std::unique_ptr<CHostInstance> instance;
+    std::unique_ptr<CHostEditor> editor;
+    std::unique_ptr<CEditorWindow> window;
+};
+
+TEST_F(FactorySkinOnADisplay, FlowEndsWithTheNewestSampleOfBothChannels)
+{
+    const Signal left = Sine(0.75, 3.3);
+    const Signal right = Sine(0.4, 7.1);
+    Play(left, right);
+    ExpectTrace(1, 0, AllColumns, InFlow(left));
+    ExpectTrace(2, 0, AllColumns, InFlow(right));
+}
+
+TEST_F(FactorySkinOnADisplay, MidAndSideAreTheMeanAndHalfTheDifference)
+{
+    const Signal left = Sine(0.75, 3.3);
+    const Signal right = Sine(0.4, 7.1);
+    Set("P1", 1.0);
+    Play(left, right);
+    ExpectTrace(1, 0, AllColumns,
+                InFlow([&](double sample) { return (left(sample) + right(sample)) / 2.0; }));
+    ExpectTrace(2, 0, AllColumns,
+                InFlow([&](double sample) { return (right(sample) - left(sample)) / 2.0; }));
+}
+
+TEST_F(FactorySkinOnADisplay, LoopSweepsOverTheSecondBefore)
+{
+    const Signal left = Sine(0.75, 3.3);
+    Set("P2", 0.5);
+    Play(left, left);
+    // After one second and a half the head stands in the middle, with the newest half to its left.
+    constexpr int head = AllColumns / 2;
+    constexpr int edge = 3;
+    for (const int channel : {1, 2})
+    {
+        ExpectTrace(channel, 0, head - edge, [&](double column) { return left(SampleAt(Rate, column)); });
+        ExpectTrace(channel, head + edge, AllColumns,
+                    [&](double column) { return left(SampleAt(0, column)); });
+    }
+}
+
+TEST_F(FactorySkinOnADisplay, TriggerHoldsASineOfAKilohertzAtTheCrossing)
+{
+    constexpr double level = 0.25;
+    constexpr double frequency = 1000.0;
+    constexpr int zoom = 100;
+    const Signal sine = Sine(0.5, frequency);
+    Set("P2", 1.0);
+    Set("P5", (level + 1.0) / 2.0);
+    Play(sine, sine);
+
+    // The user drags the time scale to one millisecond a division.
+    constexpr int sliderRow = 571;
+    Turn();
+    probe->Move(599, sliderRow);
+    Turn();
+    probe->Press(LeftButton);
+    for (int x = 600; x <= 730; x += 10)
+    {
+        probe->Move(x, sliderRow);
+        Turn();
+    }
+    probe->Release(LeftButton);
+
+    // The trace ends with the last sample that is not above the level before one that is.
+    int crossing = Frames - 1;
+    while (!(sine(crossing) > level && sine(crossing - 1) <= level))
+    {
+        --crossing;
+    }
+    for (const int channel : {1, 2})
+    {
+        ExpectTrace(channel, 0, UpToTheMarker,
+                    [&](double column)
+                    {
+                        const double seconds = (column / (AllColumns - 1) - 1.0) / zoom;
+                        return sine(crossing - 1 + seconds * (Rate - 1));
+                    });
+    }
+}
+
+TEST_F(FactorySkinOnADisplay, SilenceIsALineInTheMiddle)
+{
+    const auto before = [](double sample) { return sample < Frames - Rate ? 0.5 : 0.0; };
+    Play(before, before);
+    ExpectTrace(1, 3, AllColumns, [](double) { return 0.0; });
+    ExpectTrace(2, 3, AllColumns, [](double) { return 0.0; });
+}
+
+TEST_F(FactorySkinOnADisplay, ClippingLightsTheLampOfItsChannelOnly)
+{
+    const auto isLit = [](const CShownPicture& picture, int channel)
+    {
+        constexpr int lampColumn = 859;
+        const std::uint32_t pixel = picture.At(lampColumn, channel == 1 ? 49 : 291);
+        return (pixel >> 16U & 0xFFU) > 2 * (pixel & 0xFFU);
+    };
+    const Signal loud = Sine(1.5, 3.3);
+    const Signal whole = Sine(0.9, 3.3);
+    Play(loud, whole);
+    ExpectTrace(1, 0, AllColumns, InFlow(loud));
+    ExpectTrace(2, 0, AllColumns, InFlow(whole));
+    EXPECT_EQ(LookUntilRight([&](const CShownPicture& picture)
+                             { return isLit(picture, 1) && !isLit(picture, 2) ? "" : "another lamp"; }),
+              "");
+}
+
+} // namespace
+} // namespace Host
