@@ -6,6 +6,7 @@
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/Serialization/ReadText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -19,6 +20,9 @@ namespace
 
 constexpr int FileVersion = 3;
 constexpr double FactoryRefreshRate = 50.0;
+constexpr double MsPerSecond = 1000.0;
+constexpr double ShortestRefreshMs = 10.0;
+constexpr double LongestRefreshMs = 1000.0;
 constexpr const char* ItemName = "item";
 
 void AddCopies(DSP::CParamsInfo& list, const DSP::IParamsInfo& source)
@@ -266,6 +270,13 @@ void CAudioPluginDefaultSettings::SetOutputRefreshRate(double hertz)
     }
     outputRefreshRate.store(hertz, std::memory_order_relaxed);
     refreshRateChanged.Notify();
+}
+
+int CAudioPluginDefaultSettings::GetOutputRefreshTime() const
+{
+    const double hertz = GetOutputRefreshRate();
+    const double period = hertz > 0.0 ? MsPerSecond / hertz : ShortestRefreshMs;
+    return static_cast<int>(std::lround(std::clamp(period, ShortestRefreshMs, LongestRefreshMs)));
 }
 
 } // namespace Mirel::Audio::Plugin

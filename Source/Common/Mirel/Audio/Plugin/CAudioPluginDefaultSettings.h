@@ -82,6 +82,9 @@ public:
     double GetOutputRefreshRate() const { return outputRefreshRate.load(std::memory_order_relaxed); }
     void SetOutputRefreshRate(double hertz);
 
+    /// The same as the period of a timer that follows the outputs: milliseconds, from 10 to 1000.
+    int GetOutputRefreshTime() const;
+
     // Fire after a change, on the thread that made it.
     Core::IEventProvider& GetSkinFileChangedEventProvider() const { return skinFileChanged; }
     Core::IEventProvider& GetOutputRefreshRateChangedEventProvider() const { return refreshRateChanged; }

@@ -7,7 +7,6 @@
 #include "Mirel/Graphics/CBitmapContext.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 namespace Mirel::Audio::Plugin
@@ -23,10 +22,6 @@ namespace
 
 constexpr const char* useDefaultKey = "useDefault";
 constexpr const char* skinFileKey = "skinFile";
-
-constexpr double msPerSecond = 1000.0;
-constexpr double shortestDeliveryMs = 10.0;
-constexpr double longestDeliveryMs = 1000.0;
 
 constexpr std::uint32_t opaque = 0xFF000000U;
 
@@ -296,13 +291,10 @@ void CAudioPluginSkinGUI::OnRefresh()
 
 void CAudioPluginSkinGUI::OnRateChanged()
 {
-    const double hertz = internals.GetDefaultSettings().GetOutputRefreshRate();
-    const double period = hertz > 0.0 ? msPerSecond / hertz : shortestDeliveryMs;
     Core::ICommand* delivery = &deliverChanges;
     System::ITimerProvider& timers = window->GetTimers().GetSerializer();
     timers.RemoveTimer(delivery, false);
-    timers.AddTimer(static_cast<int>(std::lround(std::clamp(period, shortestDeliveryMs, longestDeliveryMs))),
-                    delivery);
+    timers.AddTimer(internals.GetDefaultSettings().GetOutputRefreshTime(), delivery);
 }
 
 void CAudioPluginSkinGUI::DeliverChanges()

@@ -1,9 +1,11 @@
 #include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 
+#include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CConstOutputCurveTimerProxy.h"
 #include "Mirel/Audio/Plugin/CConstOutputStringTimerProxy.h"
 #include "Mirel/Audio/Plugin/COutputCaptures.h"
 #include "Mirel/Audio/Plugin/MIDIModelObjects.h"
+#include "Mirel/DataModel/CRefreshTimer.h"
 
 #include <algorithm>
 
@@ -15,7 +17,11 @@ using namespace DataModel::Objects;
 bool CPluginModelObjects::Build(SkinEngine::ISkinModel& model,
                                 const SkinEngine::ISkinModelExposure& wanted) const
 {
-    CTimedModelObjects objects(model, wanted, timers);
+    // What is polled is as new as the outputs are.
+    const int refreshTimeMs = bindings.defaultSettings == nullptr
+                                  ? DataModel::defaultRefreshTimeMs
+                                  : bindings.defaultSettings->GetOutputRefreshTime();
+    CTimedModelObjects objects(model, wanted, timers, refreshTimeMs);
     bool added = AddInputs(objects);
     added = AddOutputs(objects) && added;
     added = AddCurves(objects, model) && added;
@@ -103,6 +109,7 @@ bool CPluginModelObjects::AddCurves(CTimedModelObjects& objects, SkinEngine::ISk
         {
             auto& curve = objects.Keep(
                 std::make_unique<CConstOutputCurveTimerProxy>(captures[i], infos[i], objects.GetTimers()));
+            curve.SetRefreshTime(objects.GetRefreshTime());
             added = model.AddConstCurve(id.c_str(), &curve, flags, false) && added;
         }
         added = objects.AddPaused(id) && added;
@@ -128,6 +135,7 @@ bool CPluginModelObjects::AddStrings(CTimedModelObjects& objects, SkinEngine::IS
         {
             auto& string = objects.Keep(
                 std::make_unique<CConstOutputStringTimerProxy>(captures[i], infos[i], objects.GetTimers()));
+            string.SetRefreshTime(objects.GetRefreshTime());
             added = model.AddConstString(id.c_str(), &string, flags, false) && added;
         }
         added = objects.AddPaused(id) && added;

@@ -20,14 +20,18 @@ class CTimedModelObjects
 public:
     /// All must outlive this object; the timers must outlive the model.
     CTimedModelObjects(SkinEngine::ISkinModel& model_, const SkinEngine::ISkinModelExposure& wanted_,
-                       System::ITimerProvider& timers_)
+                       System::ITimerProvider& timers_, int refreshTimeMs_)
         : model(model_),
           wanted(wanted_),
-          timers(timers_)
+          timers(timers_),
+          refreshTimeMs(refreshTimeMs_)
     {
     }
 
     System::ITimerProvider& GetTimers() const { return timers; }
+
+    /// Of new objects, until the model or a skin sets another.
+    int GetRefreshTime() const { return refreshTimeMs; }
 
     /// Has the model own the object.
     template <class T>
@@ -74,6 +78,7 @@ private:
     bool Follow(const std::string& id, int flags, std::unique_ptr<Source> source, Add add)
     {
         Proxy& proxy = Keep(std::make_unique<Proxy>(Keep(std::move(source)), &timers));
+        proxy.SetRefreshTime(refreshTimeMs);
         const bool added = (model.*add)(id.c_str(), &proxy, flags, false);
         return AddPaused(id) && added;
     }
@@ -83,6 +88,7 @@ private:
     SkinEngine::ISkinModel& model;
     const SkinEngine::ISkinModelExposure& wanted;
     System::ITimerProvider& timers;
+    int refreshTimeMs;
 };
 
 } // namespace Mirel::Audio::Plugin

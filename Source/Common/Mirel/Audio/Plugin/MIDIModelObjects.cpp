@@ -1,7 +1,6 @@
 #include "Mirel/Audio/Plugin/MIDIModelObjects.h"
 
 #include "Mirel/Audio/Plugin/CConstMIDICCMessageTimerProxy.h"
-#include "Mirel/DataModel/CRefreshTimer.h"
 #include "Mirel/DataModel/Objects/CEnumToText.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/Runtime/CDynamicObject.h"
@@ -120,8 +119,8 @@ CConstMIDICCMessageTimerProxy& MessageIn(CTimedModelObjects& objects, SkinEngine
     {
         return *proxy;
     }
-    auto& proxy = objects.Keep(std::make_unique<CConstMIDICCMessageTimerProxy>(
-        message, objects.GetTimers(), DataModel::defaultRefreshTimeMs));
+    auto& proxy = objects.Keep(std::make_unique<CConstMIDICCMessageTimerProxy>(message, objects.GetTimers(),
+                                                                               objects.GetRefreshTime()));
     auto wrapper = std::make_unique<Runtime::CDynamicObject>();
     wrapper->AddInterface<IConstMIDICCMessage>(TObjectInterface<IConstMIDICCMessage>::name, &proxy, false);
     wrapper->AddInterface<Core::IRefreshTime>(TObjectInterface<Core::IRefreshTime>::name, &proxy, false);
