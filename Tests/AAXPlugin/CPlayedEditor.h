@@ -59,8 +59,8 @@ public:
         editor = Host::CHostEditor::Make(instance, error);
         EXPECT_NE(editor, nullptr) << error;
         EXPECT_TRUE(editor->OpenOffscreen(1, error)) << error;
-        auto* gui = dynamic_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(
-            InternalsOf(instance).GetEditor().Get());
+        auto* gui =
+            dynamic_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(InternalsOf(instance).GetEditor().Get());
         platform =
             gui == nullptr ? nullptr : dynamic_cast<Mirel::GUI::COffscreenPlatform*>(gui->GetPlatform());
         EXPECT_NE(platform, nullptr);

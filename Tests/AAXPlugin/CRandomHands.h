@@ -80,14 +80,14 @@ private:
 
     SGesture Begin(CPlayedEditor& editor)
     {
-        static constexpr const char* names[] = {"click",     "double click", "right click",
-                                                "drag",      "fine drag",    "drag with the mouse taken away",
-                                                "wheel",     "keys",         "hover"};
+        static constexpr const char* names[] = {"click", "double click", "right click",
+                                                "drag",  "fine drag",    "drag with the mouse taken away",
+                                                "wheel", "keys",         "hover"};
         const int kind = Pick(GestureCount);
         const Mirel::GUI::CPoint from = PickPlace(editor);
         return {static_cast<EGesture>(kind), from,
-                std::string(names[kind]) + " at " + std::to_string(from.x) + ", " + std::to_string(from.y),
-                1, 0};
+                std::string(names[kind]) + " at " + std::to_string(from.x) + ", " + std::to_string(from.y), 1,
+                0};
     }
 
     void Make(CPlayedEditor& editor, SGesture& gesture)

@@ -16,11 +16,7 @@ class CRunningAudio
 public:
     static constexpr int Block = 480;
 
-    explicit CRunningAudio(Host::CHostInstance& instance_)
-        : instance(instance_),
-          thread([this] { Run(); })
-    {
-    }
+    explicit CRunningAudio(Host::CHostInstance& instance_) : instance(instance_), thread([this] { Run(); }) {}
     CRunningAudio(const CRunningAudio&) = delete;
     CRunningAudio& operator=(const CRunningAudio&) = delete;
     ~CRunningAudio() { Stop(); }
