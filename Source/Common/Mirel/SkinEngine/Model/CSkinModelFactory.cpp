@@ -130,33 +130,7 @@ private:
     void RegisterMarks()
     {
         RegisterStart(parser, rootElement, [](const CNamedAttributes&) { return true; });
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(parser, element.name,
-                          [this, mark = element.mark](const CNamedAttributes& attributes)
-                          { return mark(GetMarks(), attributes); });
-        }
-        for (const char* name : {"COLLECTION", "FOREACH"})
-        {
-            RegisterStart(parser, name,
-                          [this](const CNamedAttributes& attributes)
-                          {
-                              StartItemMarks(parser, attributes);
-                              return true;
-                          });
-            RegisterEnd(parser, name,
-                        [this]
-                        {
-                            EndItemMarks(parser);
-                            return true;
-                        });
-        }
-    }
-
-    SModelMarks GetMarks() const
-    {
-        const char* element = parser.GetCurrentElementName();
-        return {build.GetModel().GetExposure(), log, element == nullptr ? "" : element};
+        RegisterModelMarks(parser, build.GetModel().GetExposure(), log);
     }
 
     CSkinParser& parser;

@@ -110,4 +110,8 @@ inline constexpr SModelElement modelElements[] = {
     {"EXPOSED_OBJECTS", BuildExposedObjects, MarkExposedObjects},
 };
 
+/// For the pass of either dialect that builds nothing: has the parser mark what the elements of models refer
+/// to, those in the bodies of collections included. Nothing is owned; all must outlive the pass.
+void RegisterModelMarks(CSkinParser& parser, ISkinModelExposure& exposure, CoreUtilities::IMessageLog& log);
+
 } // namespace Mirel::SkinEngine

@@ -1,6 +1,9 @@
 #include "Mirel/SkinEngine/Formula/FormulaCompiler.h"
+#include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Model/COpenUrlFunctionWrapperCommand.h"
+#include "Mirel/SkinEngine/Model/CollectionMarks.h"
 #include "Mirel/SkinEngine/Model/ModelElements.h"
+#include "Mirel/SkinEngine/Model/ParserHandlers.h"
 
 #include <initializer_list>
 #include <string_view>
@@ -166,6 +169,34 @@ bool MarkExposedObjects(const SModelMarks& marks, const CNamedAttributes& attrib
 {
     MarkList(marks, GetText(attributes, "object_ids"));
     return true;
+}
+
+void RegisterModelMarks(CSkinParser& parser, ISkinModelExposure& exposure, CoreUtilities::IMessageLog& log)
+{
+    for (const SModelElement& element : modelElements)
+    {
+        RegisterStart(parser, element.name,
+                      [&parser, &exposure, &log, mark = element.mark](const CNamedAttributes& attributes)
+                      {
+                          const char* name = parser.GetCurrentElementName();
+                          return mark({exposure, log, name == nullptr ? "" : name}, attributes);
+                      });
+    }
+    for (const char* name : {"COLLECTION", "FOREACH"})
+    {
+        RegisterStart(parser, name,
+                      [&parser](const CNamedAttributes& attributes)
+                      {
+                          StartItemMarks(parser, attributes);
+                          return true;
+                      });
+        RegisterEnd(parser, name,
+                    [&parser]
+                    {
+                        EndItemMarks(parser);
+                        return true;
+                    });
+    }
 }
 
 } // namespace Mirel::SkinEngine

@@ -186,12 +186,6 @@ private:
         return modelBuild.TakeElement() && element.build(modelBuild, attributes) && data.TakeAllAdded();
     }
 
-    SModelMarks GetModelMarks() const
-    {
-        const char* element = parser.GetCurrentElementName();
-        return {build.GetExposure(), log, element == nullptr ? "" : element};
-    }
-
     void RegisterMarks()
     {
         const auto mark = [this](const CNamedAttributes& attributes)
@@ -204,27 +198,7 @@ private:
         {
             RegisterStart(parser, element.name, mark);
         }
-        for (const SModelElement& element : modelElements)
-        {
-            RegisterStart(parser, element.name,
-                          [this, mark = element.mark](const CNamedAttributes& attributes)
-                          { return mark(GetModelMarks(), attributes); });
-        }
-        for (const char* name : {"COLLECTION", "FOREACH"})
-        {
-            RegisterStart(parser, name,
-                          [this](const CNamedAttributes& attributes)
-                          {
-                              StartItemMarks(parser, attributes);
-                              return true;
-                          });
-            RegisterEnd(parser, name,
-                        [this]
-                        {
-                            EndItemMarks(parser);
-                            return true;
-                        });
-        }
+        RegisterModelMarks(parser, build.GetExposure(), log);
     }
 
     CSkinParser& parser;
