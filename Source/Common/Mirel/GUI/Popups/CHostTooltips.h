@@ -9,8 +9,9 @@
 namespace Mirel::GUI
 {
 
-/// Shows the tooltips of a host's light widgets: when the pointer rests on one, until it moves to another,
-/// leaves, or a button, the wheel or a key is used. GUI thread only.
+/// Shows the tooltips of a host's light widgets, and elsewhere on it that of the host itself: when the
+/// pointer rests on one, until it moves to another, leaves, or a button, the wheel or a key is used. GUI
+/// thread only.
 class CHostTooltips : private CWidgetEventsTarget
 {
 public:
@@ -43,6 +44,9 @@ private:
     void OnMouse(const SNativeMouseEvent& event);
     void Show(CLightWidget* widget, bool atOnce, CPoint screenPosition);
     CLightWidget* Find(CPoint devicePosition) const;
+    CLightWidget* FindIn(CLightWidget& widget, CPoint place) const;
+    STooltip GetTip(CLightWidget& widget) const;
+    bool ShowsOnClick(CLightWidget& widget) const;
 
     CLightWidgetAdapter& host;
     ITooltipPresenter& presenter;

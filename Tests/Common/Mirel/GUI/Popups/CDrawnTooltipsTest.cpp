@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+#include <vector>
+
 using namespace Mirel::GUI;
 using Tests::CPopupRig;
 
@@ -192,6 +196,64 @@ TEST_F(CHostTooltipsTest, InnermostWidgetShowsItsOwn)
     rig.Move(65, 15);
     EXPECT_EQ(presenter.Take(), "- ");
     rig.Move(90, 90);
+    EXPECT_EQ(presenter.Take(), "- ");
+}
+
+TEST_F(CHostTooltipsTest, FrontmostOfOverlappingSiblingsShowsItsOwn)
+{
+    const auto say = [](const char* text)
+    {
+        return [text]
+        {
+            STooltip tip;
+            tip.text = text;
+            return tip;
+        };
+    };
+    std::vector<std::unique_ptr<Tests::CNotingLight>> pile;
+    for (const char* name : {"a", "b", "c", "d", "e"})
+    {
+        pile.push_back(
+            std::make_unique<Tests::CNotingLight>(rig.root, CRect{60, 60, 20, 20}, name, rig.script));
+        tooltips.Set(*pile.back(), say(name));
+    }
+    while (!pile.empty())
+    {
+        const std::string front(1, static_cast<char>('a' + pile.size() - 1));
+        rig.Move(90, 90);
+        presenter.Take();
+        rig.Move(70, 70);
+        EXPECT_EQ(presenter.Take(), "- " + front + " ");
+        tooltips.Remove(*pile.back());
+        pile.pop_back();
+    }
+}
+
+TEST_F(CHostTooltipsTest, PartOfAChildOutsideOfItsParentShowsNone)
+{
+    inner.SetSize({100, 10});
+    rig.Move(55, 20);
+    EXPECT_EQ(presenter.Take(), "");
+    rig.Move(45, 20);
+    EXPECT_EQ(presenter.Take(), "- inner ");
+}
+
+TEST_F(CHostTooltipsTest, TooltipOfTheHostShowsWhereNoWidgetHasOne)
+{
+    rig.adapter->SetTooltip("host");
+    rig.Move(80, 80);
+    EXPECT_EQ(presenter.Take(), "- host ");
+    rig.Move(40, 40);
+    EXPECT_EQ(presenter.Take(), "- outer ");
+    rig.Move(80, 80);
+    EXPECT_EQ(presenter.Take(), "- host ");
+    rig.Press();
+    EXPECT_EQ(presenter.Take(), "- ");
+    rig.Release();
+    rig.adapter->SetTooltip("");
+    rig.Move(40, 40);
+    presenter.Take();
+    rig.Move(80, 80);
     EXPECT_EQ(presenter.Take(), "- ");
 }
 
