@@ -278,6 +278,30 @@ TEST_F(CDrawnMenusTest, MenuTallerThanTheScreenScrolls)
     EXPECT_TRUE(Tests::PumpUntil(rig.loop, [&] { return menus.GetPanel(0).GetScroll() == 0; }));
 }
 
+TEST_F(CDrawnMenusTest, MenuTallerThanTheScreenOpensAtItsCheckedItem)
+{
+    for (const int checked : {0, 200, 399})
+    {
+        CMenu tall;
+        for (int i = 0; i < 400; ++i)
+        {
+            Add(tall, "Item " + std::to_string(i)).isChecked = i == checked;
+        }
+        ASSERT_TRUE(Open(tall, {1010, 1010}));
+        const CMenuPanel& panel = menus.GetPanel(0);
+        const auto place = panel.GetItemFrame(checked);
+        const int middle = place.y + place.height / 2;
+        if (checked == 200)
+        {
+            EXPECT_NEAR(middle, 2048, 1);
+        }
+        EXPECT_GT(middle, 16) << checked;
+        EXPECT_LT(middle, 4096 - 16) << checked;
+        EXPECT_EQ(panel.GetSelected(), CMenuLayout::none);
+        menus.Close();
+    }
+}
+
 TEST_F(CDrawnMenusTest, AnotherMenuTakesThePlaceOfTheOpenOne)
 {
     ASSERT_TRUE(Open());
