@@ -253,6 +253,11 @@ std::optional<int> ReadPixels(const CNamedAttributes& attributes, const std::str
     return value;
 }
 
+bool NeedsSize(const CNamedAttributes& attributes, const std::string& axis)
+{
+    return !ReadPixels(attributes, axis) && !ReadRatio(attributes, axis);
+}
+
 float ReadOpacity(const CNamedAttributes& attributes)
 {
     const bool inPercent = GetView(attributes, "opacity").find('%') != std::string_view::npos;

@@ -40,6 +40,9 @@ std::optional<float> ReadRatio(const Containers::CNamedAttributes& attributes, c
 /// The pixels that a plain number names; none for a share, a text without a number, and -1.
 std::optional<int> ReadPixels(const Containers::CNamedAttributes& attributes, const std::string& name);
 
+/// Whether the element says nothing of its size along that axis, neither pixels nor a share.
+bool NeedsSize(const Containers::CNamedAttributes& attributes, const std::string& axis);
+
 /// `opacity`, from 0 to 1, 1 if it is missing.
 float ReadOpacity(const Containers::CNamedAttributes& attributes);
 
