@@ -7,16 +7,25 @@
 namespace Mirel::GUI
 {
 
-CHostTooltips::CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_)
+CHostTooltips::CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_, CWidget* behind_)
     : host(host_),
-      presenter(presenter_)
+      presenter(presenter_),
+      behind(behind_)
 {
     host.AddEventsTarget(this);
+    if (behind != nullptr)
+    {
+        behind->AddEventsTarget(this);
+    }
 }
 
 CHostTooltips::~CHostTooltips()
 {
     host.RemoveEventsTarget(this);
+    if (behind != nullptr)
+    {
+        behind->RemoveEventsTarget(this);
+    }
     presenter.Hide();
 }
 

@@ -18,8 +18,9 @@ public:
     /// Says what the tooltip is at the time that it is needed; an empty text shows none.
     using Source = std::function<STooltip()>;
 
-    /// Both must outlive the object.
-    CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_);
+    /// All must outlive the object. behind: what the pointer is on where the tree of the host shows nothing,
+    /// such as the widget with the background; without it tooltips do not show there. Null for none.
+    CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_, CWidget* behind_ = nullptr);
     CHostTooltips(const CHostTooltips&) = delete;
     CHostTooltips& operator=(const CHostTooltips&) = delete;
     ~CHostTooltips() override;
@@ -50,6 +51,7 @@ private:
 
     CLightWidgetAdapter& host;
     ITooltipPresenter& presenter;
+    CWidget* behind;
     std::map<CLightWidget*, STip> tips;
     CLightWidget* current = nullptr; ///< What the pointer is on.
 };

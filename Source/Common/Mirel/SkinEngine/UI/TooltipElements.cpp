@@ -64,8 +64,7 @@ bool BuildTooltip(CUIBuild& build, const CNamedAttributes& attributes)
     if (around.widget != nullptr)
     {
         tooltip.Explain(around.widget);
-        element.PlaceInWidget(tooltip);
-        return true;
+        return element.PlaceInWidget(tooltip);
     }
     element.ReadSize(tooltip);
     return element.Place(tooltip, CUIElement::EInput::None);

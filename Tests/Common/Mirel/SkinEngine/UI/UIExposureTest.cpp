@@ -128,6 +128,20 @@ TEST(UIExposure, PropertiesOfAnAxisHaveItsPrefixAndItsLargestZoom)
     EXPECT_FLOAT_EQ(rig.Value("c.z_zoom"), 1.0f);
 }
 
+TEST(UIExposure, ATooltipInAWidgetCanBeHidden)
+{
+    CUIRig rig;
+    EXPECT_TRUE(rig.Build("<TEXT id='t' value='a'><TOOLTIP id='tip' text='b'/></TEXT>"
+                          "<TEXT value='c'><TOOLTIP text='d' visible='false'/></TEXT>"));
+    EXPECT_TRUE(rig.Widget(0, 0)->IsShown());
+    rig.Param("tip.visible").SetValue(0);
+    EXPECT_FALSE(rig.Widget(0, 0)->IsShown());
+    rig.Param("tip.visible").SetValue(1);
+    rig.Param("t.visible").SetValue(0);
+    EXPECT_FALSE(rig.Widget(0, 0)->IsShown());
+    EXPECT_FALSE(rig.Widget(1, 0)->IsShown());
+}
+
 /// A skin whose parameter "source" sets a property by a link.
 std::string Linked(const std::string& body, const std::string& property)
 {
