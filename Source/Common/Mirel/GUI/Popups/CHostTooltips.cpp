@@ -92,7 +92,7 @@ void CHostTooltips::OnMouse(const SNativeMouseEvent& event)
     }
 }
 
-void CHostTooltips::Show(CLightWidget* widget, bool atOnce, CPoint screenPosition)
+void CHostTooltips::Show(CLightWidget* widget, bool forPress, CPoint screenPosition)
 {
     presenter.Hide();
     const CWindowBase* const window = host.GetWindow();
@@ -101,9 +101,10 @@ void CHostTooltips::Show(CLightWidget* widget, bool atOnce, CPoint screenPositio
         return;
     }
     STooltip tip = GetTip(*widget);
-    if (atOnce)
+    if (forPress)
     {
         tip.delayMs = 0;
+        tip.isForPress = true;
     }
     if (!tip.text.empty())
     {

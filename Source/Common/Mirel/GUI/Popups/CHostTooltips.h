@@ -43,7 +43,7 @@ private:
     void OnHide(const COSXOpenEvent& event) override;
     bool OnNativeEvent(const COSXNativeNSEvent& event) override;
     void OnMouse(const SNativeMouseEvent& event);
-    void Show(CLightWidget* widget, bool atOnce, CPoint screenPosition);
+    void Show(CLightWidget* widget, bool forPress, CPoint screenPosition);
     CLightWidget* Find(CPoint devicePosition) const;
     CLightWidget* FindIn(CLightWidget& widget, CPoint place) const;
     STooltip GetTip(CLightWidget& widget) const;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -112,6 +113,24 @@ TEST_F(CDrawnTooltipsTest, GoesWhenThePointerHasLeftTheWindow)
     EXPECT_TRUE(Tests::PumpUntil(rig.loop, [&] { return Shown() == nullptr; }));
 }
 
+TEST_F(CDrawnTooltipsTest, StaysOutsideOfTheWindowWhileAPressHoldsThePointer)
+{
+    STooltip tip;
+    tip.text = "0.50";
+    tip.delayMs = 0;
+    tip.isForPress = true;
+    tips.ShowTip(tip, owner, {1010, 1010});
+    rig.platform.MovePointer({10, 10});
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
+    while (std::chrono::steady_clock::now() < end)
+    {
+        rig.loop.Pump(10);
+    }
+    EXPECT_NE(Shown(), nullptr);
+    tips.Hide();
+    EXPECT_EQ(Shown(), nullptr);
+}
+
 TEST_F(CDrawnTooltipsTest, HundredTooltipsLeaveNoWindow)
 {
     for (int i = 0; i < 100; ++i)
@@ -135,6 +154,7 @@ public:
     void ShowTip(const STooltip& tip, const INativeWindow& owner, Mirel::GUI::CPoint place) override
     {
         delay = tip.delayMs;
+        isForPress = tip.isForPress;
         Show(tip.text, owner, place);
     }
 
@@ -151,6 +171,7 @@ public:
 
     std::string script;
     int delay = -1;
+    bool isForPress = false;
 };
 
 class CHostTooltipsTest : public testing::Test
@@ -193,6 +214,7 @@ TEST_F(CHostTooltipsTest, InnermostWidgetShowsItsOwn)
     rig.Move(20, 20);
     EXPECT_EQ(presenter.Take(), "- inner ");
     EXPECT_EQ(presenter.delay, 500);
+    EXPECT_FALSE(presenter.isForPress);
     rig.Move(65, 15);
     EXPECT_EQ(presenter.Take(), "- ");
     rig.Move(90, 90);
@@ -282,6 +304,7 @@ TEST_F(CHostTooltipsTest, ShowOnClickShowsAtOnce)
     rig.Press();
     EXPECT_EQ(presenter.Take(), "- inner ");
     EXPECT_EQ(presenter.delay, 0);
+    EXPECT_TRUE(presenter.isForPress);
 }
 
 TEST_F(CHostTooltipsTest, HiddenWidgetsAndRemovedOnesShowNone)
