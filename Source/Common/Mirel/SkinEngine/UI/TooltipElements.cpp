@@ -66,6 +66,11 @@ bool BuildTooltip(CUIBuild& build, const CNamedAttributes& attributes)
         tooltip.Explain(around.widget);
         return element.PlaceInWidget(tooltip);
     }
+    if (FindText(attributes, "flex") == nullptr &&
+        (NeedsSize(attributes, "width") || NeedsSize(attributes, "height")))
+    {
+        build.Warn(build.GetElement() + ": in no widget and without a size it is never shown.");
+    }
     element.ReadSize(tooltip);
     return element.Place(tooltip, CUIElement::EInput::None);
 }

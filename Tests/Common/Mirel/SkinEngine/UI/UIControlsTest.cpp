@@ -199,6 +199,16 @@ TEST(UIControls, TooltipsTellTheParameterOfAnAxis)
     EXPECT_EQ(tip->GetTipText(), "42.00");
 }
 
+TEST(UIControls, TooltipsThatCannotShowAreReported)
+{
+    CUIRig rig;
+    EXPECT_TRUE(rig.Build(
+        "<TOOLTIP text='a'/><TOOLTIP text='b' width='20'/><TOOLTIP text='c' width='20' height='10'/>"
+        "<TOOLTIP text='d' width='100%' height='100%'/><TEXT value='e'><TOOLTIP text='f'/></TEXT>"));
+    const std::string message = "1: TOOLTIP: in no widget and without a size it is never shown.";
+    EXPECT_THAT(rig.TakeMessages(), ElementsAre(message, message));
+}
+
 TEST(UIControls, AxisSettingsHaveTheirUsualValues)
 {
     CUIRig rig;

@@ -526,9 +526,9 @@ TEST(UIStructure, ClosingTakesEverythingBack)
 TEST(UIStructure, SystemWidgetsHaveNativeHosts)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build(
-        "<IMAGE_GROUP_BOX width='100' height='50'>"
-        "<TEXT width='20' height='10' system_widget='true' offscreen_type='card'/></IMAGE_GROUP_BOX>"));
+    EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX width='100' height='50'>"
+                          "<TEXT id='t' width='20' height='10' system_widget='true' "
+                          "offscreen_type='card'/></IMAGE_GROUP_BOX>"));
     ASSERT_EQ(rig.window.GetChildCount(), 1);
     const auto* host = dynamic_cast<CSkinWidgetAdapter*>(rig.window.GetChild(0));
     ASSERT_NE(host, nullptr);
@@ -537,6 +537,10 @@ TEST(UIStructure, SystemWidgetsHaveNativeHosts)
     // In the middle of the box, which stands in the middle of the root.
     EXPECT_EQ(host->GetPosition(), (GUI::CPoint{190, 145}));
     EXPECT_EQ(host->GetSize(), (GUI::CSize{20, 10}));
+    EXPECT_TRUE(host->IsShown());
+    rig.Param("t.visible").SetValue(0);
+    EXPECT_FALSE(host->IsShown());
+    rig.Param("t.visible").SetValue(1);
     EXPECT_TRUE(host->IsShown());
 }
 
