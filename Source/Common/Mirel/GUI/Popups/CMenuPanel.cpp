@@ -27,12 +27,10 @@ CMenuPanel::CMenuPanel(INativePlatform& platform_, const CMenu& menu, const CPop
       layout(menu, look_),
       listener(listener_)
 {
-    const auto& items = menu.GetItems();
-    const auto checked =
-        std::find_if(items.begin(), items.end(), [](const SMenuItem& item) { return item.isChecked; });
-    if (checked != items.end())
+    if (layout.IsSelectable(menu.GetCurrent()))
     {
-        const CRect rect = layout.GetItemRect(static_cast<int>(checked - items.begin()));
+        selected = menu.GetCurrent();
+        const CRect rect = layout.GetItemRect(selected);
         const int toMiddle = rect.y + arrowStrip - (GetSkinSize().height - rect.height) / 2;
         scroll = std::clamp(toMiddle, 0, GetLargestScroll());
     }
