@@ -139,7 +139,14 @@ private:
     void AddSettingsMenu(GUI::CMenu& menu);
     void AddPresetsMenu(GUI::CMenu& menu);
     void Post(Next action);
+    void Present(std::unique_ptr<GUI::CMenu> menu);
     void OpenMenu();
+    void OpenPresetMenu();
+    void LoadPreviousPreset() { StepPreset(-1); }
+    void LoadNextPreset() { StepPreset(1); }
+    void StepPreset(int step);
+    void LoadFactoryPreset(int index);
+    bool IsCurrentPreset(int index) const;
     void DisplayAbout();
     void OpenManual();
     void OpenWebsite() { OpenPage(options.website); }
