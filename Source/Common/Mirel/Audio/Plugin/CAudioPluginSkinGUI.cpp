@@ -1,6 +1,7 @@
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
 
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
+#include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 #include "Mirel/Audio/Plugin/PluginVariables.h"
 #include "Mirel/Core/CAutoLock.h"
 #include "Mirel/GUI/Native/NativePlatformFactory.h"
@@ -94,6 +95,7 @@ bool CAudioPluginSkinGUI::Open(const SEditorPlace& place)
         Close();
         return false;
     }
+    onInputRightClick = place.onInputRightClick;
     MakeWindow();
     internals.GetModel().WaitForLoad();
     modelLoaded.emplace(&internals.GetModel().GetLoadedEventProvider(), &onModelLoaded);
@@ -148,6 +150,7 @@ void CAudioPluginSkinGUI::MakeWindow()
     }
     services.urlOpener = this;
     services.findAction = [this](const char* name) { return FindAction(name); };
+    services.onParamRightClick = [this](const char* id) { OnParamRightClick(id); };
     services.fillModel = [this](SkinEngine::ISkinModel& skinModel) { FillModel(skinModel); };
     services.leaveModel = [this] { import.reset(); };
     window = std::make_unique<CGUISkinWindow>(*platform, services);
@@ -300,6 +303,21 @@ void CAudioPluginSkinGUI::OnRateChanged()
 void CAudioPluginSkinGUI::DeliverChanges()
 {
     internals.GetOutputCaptures().DeliverChanges();
+}
+
+/// Posted: the host may close the editor, whose widget is just being handled. The model's other parameters
+/// are none of the host's.
+void CAudioPluginSkinGUI::OnParamRightClick(const char* id)
+{
+    const int count = onInputRightClick ? internals.GetInputParamsInfo().GetCount() : 0;
+    for (int input = 0; input < count; ++input)
+    {
+        if (GetInputId(input) == id)
+        {
+            Post([this, input] { onInputRightClick(input); });
+            return;
+        }
+    }
 }
 
 int CAudioPluginSkinGUI::GetDescriptor() const

@@ -118,6 +118,7 @@ private:
     void OnRefresh();
     void OnRateChanged();
     void DeliverChanges();
+    void OnParamRightClick(const char* id);
     void FitFrame();
 
     // Loading.
@@ -169,6 +170,7 @@ private:
     bool followsChoice = false; ///< From the open to the close.
 
     // From the open to the close, in this order.
+    std::function<void(int)> onInputRightClick; ///< Of the place.
     std::unique_ptr<GUI::CNativeRunLoop> loop;
     std::unique_ptr<GUI::INativePlatform> platform;
     std::unique_ptr<GUI::CWindow> frame; ///< The child of the host's window.
