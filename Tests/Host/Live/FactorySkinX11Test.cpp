@@ -345,5 +345,45 @@ TEST_F(FactorySkinOnADisplay, ARightClickOnAControlOpensTheHostsMenuOfItsParamet
     EXPECT_FALSE(menu->GetMenus().IsOpen());
 }
 
+// The second of the factory presets is in Loop, the first in Flow.
+constexpr int headerY = 20;
+
+TEST_F(FactorySkinOnADisplay, TheArrowsOfTheHeaderGoThroughTheFactoryPresets)
+{
+    const auto click = [this](int x)
+    {
+        Turn();
+        probe->Move(x, headerY);
+        Turn();
+        probe->Click(LeftButton);
+        Turn();
+    };
+    constexpr int previousX = 361;
+    constexpr int nextX = 533;
+    click(nextX);
+    click(nextX);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.5; }));
+    click(previousX);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.0; }));
+}
+
+TEST_F(FactorySkinOnADisplay, ThePresetsNameInTheHeaderOpensTheirList)
+{
+    constexpr int nameX = 447;
+    constexpr int downKey = 116;
+    constexpr int returnKey = 36;
+    Turn();
+    const int before = probe->CountWindows();
+    probe->Move(nameX, headerY);
+    Turn();
+    probe->Click(LeftButton);
+    ASSERT_TRUE(TurnUntil([&] { return probe->CountWindows() > before; }));
+    Turn();
+    probe->Type(downKey);
+    probe->Type(downKey);
+    probe->Type(returnKey);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.5; }));
+}
+
 } // namespace
 } // namespace Host

@@ -1,7 +1,6 @@
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
 
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
-#include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 #include "Mirel/Audio/Plugin/PluginVariables.h"
 #include "Mirel/Core/CAutoLock.h"
 #include "Mirel/GUI/Native/NativePlatformFactory.h"
@@ -303,21 +302,6 @@ void CAudioPluginSkinGUI::OnRateChanged()
 void CAudioPluginSkinGUI::DeliverChanges()
 {
     internals.GetOutputCaptures().DeliverChanges();
-}
-
-/// Posted: the host may close the editor, whose widget is just being handled. The model's other parameters
-/// are none of the host's.
-void CAudioPluginSkinGUI::OnParamRightClick(const char* id)
-{
-    const int count = onInputRightClick ? internals.GetInputParamsInfo().GetCount() : 0;
-    for (int input = 0; input < count; ++input)
-    {
-        if (GetInputId(input) == id)
-        {
-            Post([this, input] { onInputRightClick(input); });
-            return;
-        }
-    }
 }
 
 int CAudioPluginSkinGUI::GetDescriptor() const

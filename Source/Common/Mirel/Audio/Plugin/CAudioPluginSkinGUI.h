@@ -118,7 +118,6 @@ private:
     void OnRefresh();
     void OnRateChanged();
     void DeliverChanges();
-    void OnParamRightClick(const char* id);
     void FitFrame();
 
     // Loading.
@@ -160,6 +159,7 @@ private:
     void UseGlobalSkin();
     void OpenPage(const std::string& page);
     void OpenUrl(const char* url) override;
+    void OnParamRightClick(const char* id);
     void RefreshAll();
 
     CAudioPluginInternalsBase& internals;

@@ -1,5 +1,6 @@
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
+#include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 #include "Mirel/Audio/Plugin/PresetFiles.h"
 #include "Mirel/DataModel/Objects/TConstAsyncActionWrapper.h"
 
@@ -204,6 +205,21 @@ void CAudioPluginSkinGUI::OpenPresetMenu()
     auto menu = std::make_unique<CMenu>();
     AddPresetsMenu(*menu);
     Present(std::move(menu));
+}
+
+/// Posted: the host may close the editor, whose widget is just being handled. The model's other parameters
+/// are none of the host's.
+void CAudioPluginSkinGUI::OnParamRightClick(const char* id)
+{
+    const int count = onInputRightClick ? internals.GetInputParamsInfo().GetCount() : 0;
+    for (int input = 0; input < count; ++input)
+    {
+        if (GetInputId(input) == id)
+        {
+            Post([this, input] { onInputRightClick(input); });
+            return;
+        }
+    }
 }
 
 std::string CAudioPluginSkinGUI::GetAboutText() const
