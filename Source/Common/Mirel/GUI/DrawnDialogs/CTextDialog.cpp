@@ -48,7 +48,8 @@ void CTextDialog::OnLayout(CSize size)
 void CTextDialog::Confirm()
 {
     const Core::CLifeToken::CWatch watch(GetLifeToken());
-    const bool isTaken = take(field->GetText());
+    const Taker handOver = take; // The dialog may go meanwhile; so for the text.
+    const bool isTaken = handOver(std::string(field->GetText()));
     if (!watch.IsAlive())
     {
         return;
