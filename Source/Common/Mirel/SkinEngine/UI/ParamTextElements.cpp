@@ -87,7 +87,7 @@ bool BuildParamTextControl(CUIBuild& build, const CNamedAttributes& attributes)
     ReadNumber(attributes, "pixel_range", pixelRange);
     widget.SetPixelRange(pixelRange);
     auto& control = widget.GetControl();
-    ReadControl(attributes, control);
+    ReadControl(element, name, control);
     bool exposed = ReadAxis(element, {name.prefix}, control);
     exposed = element.Expose(
                   ".value", valueProperty, [&control] { return control.GetPosition(); },
