@@ -103,7 +103,9 @@ void CAAXPluginGUI::CreateViewContents()
     ForgetResizes(*internals); // of a host that creates twice
     resizeCommand = new Mirel::Core::TCommand<CAAXPluginGUI>(this, &CAAXPluginGUI::OnResized);
     internals->GetEditor().GetResizedEvent().Connect(resizeCommand);
-    internals->GetEditor().Open(PlaceOf(GetViewContainer()));
+    SEditorPlace place = PlaceOf(GetViewContainer());
+    place.onInputRightClick = [this](int input) { OnInputRightClick(input); };
+    internals->GetEditor().Open(place);
     internals->GetEditor().Show();
 }
 
@@ -214,6 +216,17 @@ void CAAXPluginGUI::OnResized()
     if (CAudioPluginInternalsBase* internals = FindInternals())
     {
         GetViewContainer().SetViewSize(ViewSizeOf(internals->GetEditor().GetSize()));
+    }
+}
+
+/// The host's list of parameters begins with the inputs.
+void CAAXPluginGUI::OnInputRightClick(int input)
+{
+    const char* id = nullptr;
+    AAX_IEffectParameters* instance = GetEffectParameters();
+    if (instance != nullptr && instance->GetParameterId(input, &id) == AAXResult::Ok)
+    {
+        GetViewContainer().HandleParameterRightClick(id);
     }
 }
 

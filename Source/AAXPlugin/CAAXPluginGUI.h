@@ -50,6 +50,7 @@ private:
     Mirel::Audio::Plugin::IAudioPluginEditor* FindEditor() const;
     void ForgetResizes(Mirel::Audio::Plugin::CAudioPluginInternalsBase& internals);
     void OnResized();
+    void OnInputRightClick(int input);
 
     Mirel::Core::ICommand* resizeCommand = nullptr; ///< Owned; there while the editor is open.
     std::string skinMessages;

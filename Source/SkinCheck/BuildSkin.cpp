@@ -27,9 +27,10 @@ namespace
 {
 
 /// The actions that the editor offers.
-constexpr const char* actionNames[] = {"OpenMenu",    "DisplayAbout", "OpenManual",
-                                       "OpenWebsite", "Undo",         "Redo",
-                                       "LoadPreset",  "SavePreset",   "ResetPresetMIDISettings"};
+constexpr const char* actionNames[] = {"OpenMenu",       "OpenPresetMenu", "LoadPreviousPreset",
+                                       "LoadNextPreset", "DisplayAbout",   "OpenManual",
+                                       "OpenWebsite",    "Undo",           "Redo",
+                                       "LoadPreset",     "SavePreset",     "ResetPresetMIDISettings"};
 
 /// A window that nobody sees, for the time of a check.
 class CUnseenWindow : public ISkinRoot

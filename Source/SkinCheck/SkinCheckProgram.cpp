@@ -204,7 +204,8 @@ void AddOptions(CLI::App& app, SOptions& options, std::vector<std::string>& vari
     app.add_flag("--state", options.state, "Show the state of a model as XML");
     app.add_flag("--only-marked", options.check.onlyMarked, "Build only what the model itself refers to");
     app.add_flag("--plugin", options.check.plugin,
-                 "Give a model what the plug-in gives it: the objects dsp.* and midi.*, and its variables");
+                 "Give a model what the plug-in gives it: the objects dsp.*, midi.* and preset.name, and its "
+                 "variables");
     app.add_option("--model", options.check.modelPath,
                    "The model that a skin shows, in the place of the product's own");
     app.add_option("--variable", variables, "A variable for the file, as NAME=VALUE")

@@ -57,6 +57,7 @@ const std::vector<SImage>& GetImages()
         {"histogram_screen", 114, 203, &PaintScreen},
         {"compact_header", 400, 32, &PaintHeader},
         {"compact_screen", 383, 155, &PaintScreen},
+        {"name_plate", 88, 18, &PaintPlate},
         {"xy_header", 443, 40, &PaintHeader},
         {"xy_footer", 443, 48, &PaintFooter},
         {"xy_screen", 403, 403, &PaintScreen},

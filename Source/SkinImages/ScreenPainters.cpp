@@ -50,6 +50,13 @@ void PaintField(cairo_t* context, const SFrame& frame)
     DrawFace(context, frame.width, frame.height, 3.5, Palette::field, Palette::edge);
 }
 
+void PaintPlate(cairo_t* context, const SFrame& frame)
+{
+    AddRoundRectangle(context, 0.0, 0.0, frame.width, frame.height, 3.0);
+    SetColor(context, Palette::screen, 0.85);
+    cairo_fill(context);
+}
+
 void PaintDivider(cairo_t* context, const SFrame& frame)
 {
     FillRectangle(context, 0.0, 0.0, frame.width, frame.height, Palette::edge);

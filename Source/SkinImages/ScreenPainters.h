@@ -16,6 +16,10 @@ void PaintScreen(cairo_t* context, const SFrame& frame);
 
 /// The ground of a text.
 void PaintField(cairo_t* context, const SFrame& frame);
+
+/// The ground of a text that stands on a graph: dims what runs behind it.
+void PaintPlate(cairo_t* context, const SFrame& frame);
+
 void PaintDivider(cairo_t* context, const SFrame& frame);
 
 /// Dark in the first frame, fully lit in the last.

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ struct CEditorRecord
     std::vector<std::string> calls;
     CSize size = {640, 360};
     bool opens = true;
+    std::function<void(int)> onInputRightClick;
 };
 
 class CScriptedEditor : public IAudioPluginEditor
@@ -38,6 +40,7 @@ public:
     {
         record.calls.push_back("open " + std::to_string(place.parentWindow) + " " +
                                std::to_string(place.scale));
+        record.onInputRightClick = place.onInputRightClick;
         return record.opens;
     }
     void Show() override { record.calls.emplace_back("show"); }
@@ -83,6 +86,12 @@ public:
     {
         sizes.emplace_back(size->width, size->height);
         return 0;
+    }
+    std::vector<std::string> rightClicks;
+    std::int32_t HandleParameterRightClick(const char* parameterId) override
+    {
+        rightClicks.emplace_back(parameterId);
+        return AAXResult::Unsupported;
     }
 };
 
@@ -159,6 +168,18 @@ TEST_F(CAAXPluginGUITest, NoResizeReachesTheHostAfterTheViewIsTakenDown)
     gui->SetViewContainer(nullptr);
     InternalsOf(*instance).GetEditor().NotifyResized();
     EXPECT_THAT(container->sizes, IsEmpty());
+}
+
+TEST_F(CAAXPluginGUITest, ARightClickReachesTheHostUnderTheParametersIdentifier)
+{
+    Initialize();
+    gui->SetViewContainer(container.Get());
+    record.onInputRightClick(0);
+    record.onInputRightClick(6);
+    EXPECT_THAT(container->rightClicks, ElementsAre("MasterBypassID", "P6"));
+    record.onInputRightClick(7);
+    record.onInputRightClick(-1);
+    EXPECT_EQ(container->rightClicks.size(), 2U) << "there is no such parameter";
 }
 
 TEST_F(CAAXPluginGUITest, TakingDownWithoutAnEditorDoesNothing)

@@ -271,22 +271,32 @@ TEST_F(ModuleEditor, StatesMoveOnAnotherThreadMeanwhile)
     host.join();
 }
 
-/// The editor of the plug-in that is linked into the tests: its inside can be reached.
-TEST(LinkedEditor, APressOnAButtonIsOneGestureForTheHost)
+/// The editor of the plug-in that is linked into the tests, without a screen: its inside can be reached.
+class LinkedEditor : public testing::Test
 {
+protected:
+    /// With a skin of that body. Null if it does not load.
+    Mirel::GUI::COffscreenPlatform* Open(const std::string& body)
+    {
+        folder.Write("skin.xml", "<SKIN>" + body + "</SKIN>");
+        std::string error;
+        editor = CHostEditor::Make(*instance, error);
+        EXPECT_TRUE(editor->OpenOffscreen(1, error)) << error;
+        EXPECT_TRUE(editor->LoadSkin(folder.GetPath("skin.xml"))) << editor->GetSkinMessages();
+        auto* made = dynamic_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(
+            Tests::InternalsOf(*instance).GetEditor().Get());
+        return made == nullptr ? nullptr : dynamic_cast<Mirel::GUI::COffscreenPlatform*>(made->GetPlatform());
+    }
+
     Tests::CInProcessPlugin plugin;
-    const Tests::CTemporaryFolder folder;
-    folder.Write("skin.xml",
-                 "<SKIN><INVISIBLE_PARAM_BUTTON param_id=\"dsp.input2\" width=\"40\" height=\"40\"/></SKIN>");
-    const auto instance = plugin.Make();
-    std::string error;
-    const auto editor = CHostEditor::Make(*instance, error);
-    ASSERT_TRUE(editor->OpenOffscreen(1, error)) << error;
-    ASSERT_TRUE(editor->LoadSkin(folder.GetPath("skin.xml"))) << editor->GetSkinMessages();
-    auto* made = dynamic_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(
-        Tests::InternalsOf(*instance).GetEditor().Get());
-    ASSERT_NE(made, nullptr);
-    auto* platform = dynamic_cast<Mirel::GUI::COffscreenPlatform*>(made->GetPlatform());
+    Tests::CTemporaryFolder folder;
+    std::unique_ptr<CHostInstance> instance = plugin.Make();
+    std::unique_ptr<CHostEditor> editor;
+};
+
+TEST_F(LinkedEditor, APressOnAButtonIsOneGestureForTheHost)
+{
+    auto* platform = Open("<INVISIBLE_PARAM_BUTTON param_id=\"dsp.input2\" width=\"40\" height=\"40\"/>");
     ASSERT_NE(platform, nullptr);
     instance->GetController().TakePosts();
     platform->MovePointer({20, 20});
@@ -304,6 +314,33 @@ TEST(LinkedEditor, APressOnAButtonIsOneGestureForTheHost)
         EXPECT_EQ(post.parameter, 2);
     }
     EXPECT_GT(posts[1].normalized, 0.0);
+}
+
+TEST_F(LinkedEditor, ARightClickOnAKnobAsksTheHostForItsMenu)
+{
+    auto* platform = Open("<INVISIBLE_PARAM_BUTTON param_id=\"dsp.input4\" width=\"40\" height=\"40\"/>");
+    ASSERT_NE(platform, nullptr);
+    std::vector<std::string> asked;
+    editor->SetParameterMenu(
+        [&asked](const char* id)
+        {
+            asked.emplace_back(id);
+            return true;
+        });
+    instance->GetController().TakePosts();
+    const auto click = [&]
+    {
+        platform->MovePointer({20, 20});
+        platform->PressButton(Mirel::GUI::EMouseButton::Right);
+        platform->ReleaseButton(Mirel::GUI::EMouseButton::Right);
+        editor->WakeFor(50);
+    };
+    click();
+    EXPECT_THAT(asked, testing::ElementsAre("P4"));
+    editor->SetParameterMenu(nullptr);
+    click();
+    EXPECT_THAT(asked, testing::SizeIs(1));
+    EXPECT_THAT(instance->GetController().TakePosts(), testing::IsEmpty()) << "nothing was moved";
 }
 
 } // namespace

@@ -16,6 +16,7 @@ namespace
 using namespace Host;
 
 constexpr int Left = 1;
+constexpr int Right = 3;
 constexpr int EscapeKey = 9;
 
 /// The module's editor in a window of a host, on a display.
@@ -101,6 +102,27 @@ TEST_F(EditorOnADisplay, TurnsAPressIntoAGestureOfTheHost)
     probe->Click(Left);
     Settle();
     EXPECT_EQ(instance->GetController().TakePosts().size(), 3U);
+}
+
+TEST_F(EditorOnADisplay, AsksTheHostForTheMenuOfAParameter)
+{
+    Open("<SKIN><INVISIBLE_PARAM_BUTTON param_id=\"dsp.input2\" width=\"120\" height=\"80\"/></SKIN>");
+    std::string asked;
+    editor->SetParameterMenu(
+        [&asked](const char* id)
+        {
+            asked += id;
+            return true;
+        });
+    instance->GetController().TakePosts();
+    probe->Move(160, 90);
+    probe->Press(Right);
+    Settle();
+    EXPECT_EQ(asked, "") << "while the button is held, no menu of the host could take the pointer";
+    probe->Release(Right);
+    Settle();
+    EXPECT_EQ(asked, "P2");
+    EXPECT_TRUE(instance->GetController().TakePosts().empty());
 }
 
 TEST_F(EditorOnADisplay, StandsTheEndOfTheHostsWindow)

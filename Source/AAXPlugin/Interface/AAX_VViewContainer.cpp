@@ -22,3 +22,8 @@ std::int32_t AAX_VViewContainer::SetViewSize(const SAAXViewSize& size)
 {
     return container ? container->SetViewSize(&size) : AAXResult::Failed;
 }
+
+std::int32_t AAX_VViewContainer::HandleParameterRightClick(const char* parameterId)
+{
+    return container ? container->HandleParameterRightClick(parameterId) : AAXResult::Failed;
+}

@@ -19,6 +19,7 @@ public:
     std::int32_t GetType() const;
     std::uintptr_t GetView() const;
     std::int32_t SetViewSize(const SAAXViewSize& size);
+    std::int32_t HandleParameterRightClick(const char* parameterId);
 
 private:
     TACFReference<IAAXViewContainer> container;

@@ -33,6 +33,10 @@ public:
     /// The editor needs another size from now on.
     virtual std::int32_t SetViewSize(const SAAXViewSize* size) = 0;
 
+    /// What moves the parameter was right-clicked in the editor: the host may open a menu of its own under
+    /// the pointer. Unsupported if it does nothing; the editor does nothing either way.
+    virtual std::int32_t HandleParameterRightClick(const char* parameterId) = 0;
+
 protected:
     ~IAAXViewContainer() = default;
 };

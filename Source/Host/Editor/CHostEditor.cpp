@@ -20,6 +20,7 @@ public:
     std::int32_t type = AAXViewType::None;
     std::uintptr_t view = 0;
     SizeListener listener;
+    ParameterMenu parameterMenu;
 
     std::int32_t GetType(std::int32_t* out) override
     {
@@ -41,6 +42,11 @@ public:
         }
         return AAXResult::Ok;
     }
+
+    std::int32_t HandleParameterRightClick(const char* parameterId) override
+    {
+        return parameterMenu && parameterMenu(parameterId) ? AAXResult::Ok : AAXResult::Unsupported;
+    }
 };
 
 CHostEditor::CHostEditor() : container(TACFReference<CView>::Adopt(new CView)) {}
@@ -50,6 +56,7 @@ CHostEditor::~CHostEditor()
     if (gui)
     {
         container->listener = nullptr;
+        container->parameterMenu = nullptr;
         gui->Uninitialize();
     }
 }
@@ -78,6 +85,11 @@ std::unique_ptr<CHostEditor> CHostEditor::Make(CHostInstance& instance, std::str
 void CHostEditor::SetSizeListener(SizeListener listener)
 {
     container->listener = std::move(listener);
+}
+
+void CHostEditor::SetParameterMenu(ParameterMenu menu)
+{
+    container->parameterMenu = std::move(menu);
 }
 
 bool CHostEditor::OpenInWindow(std::uintptr_t window, std::string& error)

@@ -33,6 +33,11 @@ public:
     using SizeListener = std::function<void(int width, int height)>;
     void SetSizeListener(SizeListener listener);
 
+    /// Asked to open a menu for the parameter of that identifier, which was right-clicked, under the pointer.
+    /// False if there is none.
+    using ParameterMenu = std::function<bool(const char* parameterId)>;
+    void SetParameterMenu(ParameterMenu menu);
+
     /// Opens in the X11 window, or without a screen at so many device pixels per pixel of the skin. False
     /// with one line in `error` if nothing opened.
     bool OpenInWindow(std::uintptr_t window, std::string& error);

@@ -14,6 +14,7 @@ CEditorWindow::CEditorWindow(Mirel::GUI::INativePlatform& platform_, CHostEditor
 CEditorWindow::~CEditorWindow()
 {
     editor.SetSizeListener(nullptr);
+    editor.SetParameterMenu(nullptr);
 }
 
 bool CEditorWindow::Open(const std::string& title, std::string& error)
@@ -31,6 +32,8 @@ bool CEditorWindow::Open(const std::string& title, std::string& error)
         return false;
     }
     editor.SetSizeListener([this](int width, int height) { window->SetSize({width, height}); });
+    editor.SetParameterMenu([this](const char* parameterId)
+                            { return onRightClick && onRightClick(parameterId, *window); });
     const SAAXViewSize size = editor.GetSize();
     window->SetSize({static_cast<int>(size.width), static_cast<int>(size.height)});
     window->Show(true);

@@ -29,6 +29,9 @@ public:
     /// Called when the space bar is pressed.
     std::function<void()> onSpace;
 
+    /// Opens a menu for a parameter that was right-clicked, in front of the window; false if there is none.
+    std::function<bool(const char* parameterId, const Mirel::GUI::INativeWindow& window)> onRightClick;
+
 private:
     void OnResized(Mirel::GUI::CSize size) override;
     void OnCloseRequested() override { isClosed = true; }

@@ -76,12 +76,23 @@ bool CLiveRun::ShowEditor(std::string& error)
     {
         return false;
     }
+    OfferMenus();
     if (options.pictureSize)
     {
         window->SetSize(options.pictureSize->width, options.pictureSize->height);
     }
     loop.AddDescriptor(editor->GetDescriptor(), [this] { editor->Wake(); });
     return true;
+}
+
+void CLiveRun::OfferMenus()
+{
+    const std::filesystem::path module = options.modulePath;
+    const std::string dataFolder = (module.parent_path() / module.stem()).string() + " data";
+    fonts.emplace(Mirel::Graphics::GetFontsFolder(dataFolder));
+    parameterMenu.emplace(instance.GetParameters(), *platform, Mirel::GUI::MakePopupLook(*fonts));
+    window->onRightClick = [this](const char* parameterId, const Mirel::GUI::INativeWindow& owner)
+    { return parameterMenu->Open(parameterId, owner); };
 }
 
 bool CLiveRun::LoadSkin(std::string& error)

@@ -5,8 +5,10 @@
 #include "Host/Live/CEditorWindow.h"
 #include "Host/Live/CFolderWatch.h"
 #include "Host/Live/CLivePlayer.h"
+#include "Host/Live/CParameterMenu.h"
 #include "Host/Run/CRunOptions.h"
 #include "Mirel/GUI/Native/CNativeRunLoop.h"
+#include "Mirel/Graphics/CFontManager.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -17,7 +19,7 @@ namespace Host
 {
 
 /// Shows the editor of an instance in a window and plays a source through the instance in real time, until
-/// the window is closed. The space bar pauses. GUI thread only.
+/// the window is closed. The space bar pauses, a right click on a parameter opens a menu. GUI thread only.
 class CLiveRun
 {
 public:
@@ -32,6 +34,7 @@ public:
 
 private:
     bool ShowEditor(std::string& error);
+    void OfferMenus();
     bool LoadSkin(std::string& error);
     void Tick(CEventSchedule& schedule, CLivePlayer& player);
     void LookAtSkin();
@@ -43,6 +46,8 @@ private:
     std::unique_ptr<Mirel::GUI::INativePlatform> platform;
     std::unique_ptr<CHostEditor> editor;
     std::unique_ptr<CEditorWindow> window;
+    std::optional<Mirel::Graphics::CFontManager> fonts;
+    std::optional<CParameterMenu> parameterMenu;
     std::optional<CFolderWatch> watch;
 };
 

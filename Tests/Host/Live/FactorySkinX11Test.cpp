@@ -5,8 +5,10 @@
 #include "Host/CPluginSession.h"
 #include "Host/Editor/FactoryScreen.h"
 #include "Host/Live/CEditorWindow.h"
+#include "Host/Live/CParameterMenu.h"
 #include "Mirel/GUI/Native/CNativeRunLoop.h"
 #include "Mirel/GUI/Native/NativePlatformFactory.h"
+#include "Mirel/Graphics/CFontManager.h"
 #include "Support/CTemporaryFolder.h"
 #include "Support/CVirtualDisplay.h"
 #include "Support/CX11Probe.h"
@@ -36,6 +38,7 @@ constexpr double TwoPi = 6.283185307179586;
 constexpr int AllColumns = CFactoryScreen::columns;
 constexpr int UpToTheMarker = AllColumns - CFactoryScreen::markerColumns;
 constexpr int LeftButton = 1;
+constexpr int RightButton = 3;
 
 /// A sample of a file by its number.
 using Signal = std::function<double(double sample)>;
@@ -76,10 +79,15 @@ protected:
         ASSERT_NE(editor, nullptr) << error;
         window = std::make_unique<CEditorWindow>(*platform, *editor);
         ASSERT_TRUE(window->Open("Scope", error)) << error;
+        fonts.emplace("");
+        menu.emplace(instance->GetParameters(), *platform, Mirel::GUI::MakePopupLook(*fonts));
+        window->onRightClick = [this](const char* id, const Mirel::GUI::INativeWindow& owner)
+        { return menu->Open(id, owner); };
     }
 
     void TearDown() override
     {
+        menu.reset();
         window.reset();
         editor.reset();
         platform.reset();
@@ -150,7 +158,27 @@ protected:
             << "channel " << channel;
     }
 
+    double Get(const char* parameter)
+    {
+        double normalized = -1.0;
+        instance->GetParameters().GetParameterValue(parameter, &normalized);
+        return normalized;
+    }
+
+    /// Goes on until the claim holds; false without it in as long as a loaded machine may need.
+    bool TurnUntil(const std::function<bool()>& holds)
+    {
+        constexpr auto patience = std::chrono::seconds(5);
+        const auto end = std::chrono::steady_clock::now() + patience;
+        while (!holds() && std::chrono::steady_clock::now() < end)
+        {
+            Turn();
+        }
+        return holds();
+    }
+
     std::optional<Tests::CX11Probe> probe;
+    std::optional<CParameterMenu> menu;
 
 private:
     static void Write(const std::string& path, const Signal& first, const Signal& second)
@@ -176,6 +204,7 @@ private:
     std::unique_ptr<CHostInstance> instance;
     std::unique_ptr<CHostEditor> editor;
     std::unique_ptr<CEditorWindow> window;
+    std::optional<Mirel::Graphics::CFontManager> fonts;
 };
 
 TEST_F(FactorySkinOnADisplay, FlowEndsWithTheNewestSampleOfBothChannels)
@@ -279,6 +308,81 @@ TEST_F(FactorySkinOnADisplay, ClippingLightsTheLampOfItsChannelOnly)
     EXPECT_EQ(LookUntilRight([&](const CShownPicture& picture)
                              { return isLit(picture, 1) && !isLit(picture, 2) ? "" : "another lamp"; }),
               "");
+}
+
+TEST_F(FactorySkinOnADisplay, ARightClickOnAControlOpensTheHostsMenuOfItsParameter)
+{
+    // The knob of the delay.
+    constexpr int knobX = 314;
+    constexpr int knobY = 571;
+    Turn();
+    probe->Move(knobX, knobY);
+    Turn();
+    probe->Click(RightButton);
+    ASSERT_TRUE(TurnUntil([this] { return menu->GetMenus().IsOpen(); }));
+    EXPECT_EQ(menu->GetMenu().GetItems().front().text.rfind("Delay: ", 0), 0U);
+
+    // A press anywhere else closes it, though the click that opened it was the editor's.
+    probe->Move(knobX, 300);
+    Turn();
+    probe->Click(LeftButton);
+    EXPECT_TRUE(TurnUntil([this] { return !menu->GetMenus().IsOpen(); }));
+    EXPECT_EQ(Get("P4"), 0.0);
+
+    // The list of the view mode, moved on by the host.
+    constexpr int viewModeX = 170;
+    constexpr int downKey = 116;
+    constexpr int returnKey = 36;
+    probe->Move(viewModeX, knobY);
+    Turn();
+    probe->Click(RightButton);
+    ASSERT_TRUE(TurnUntil([this] { return menu->GetMenus().IsOpen(); }));
+    Turn();
+    probe->Type(downKey);
+    probe->Type(downKey);
+    probe->Type(returnKey);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.5; }));
+    EXPECT_FALSE(menu->GetMenus().IsOpen());
+}
+
+// The second of the factory presets is in Loop, the first in Flow.
+constexpr int headerY = 20;
+
+TEST_F(FactorySkinOnADisplay, TheArrowsOfTheHeaderGoThroughTheFactoryPresets)
+{
+    const auto click = [this](int x)
+    {
+        Turn();
+        probe->Move(x, headerY);
+        Turn();
+        probe->Click(LeftButton);
+        Turn();
+    };
+    constexpr int previousX = 361;
+    constexpr int nextX = 533;
+    click(nextX);
+    click(nextX);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.5; }));
+    click(previousX);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.0; }));
+}
+
+TEST_F(FactorySkinOnADisplay, ThePresetsNameInTheHeaderOpensTheirList)
+{
+    constexpr int nameX = 447;
+    constexpr int downKey = 116;
+    constexpr int returnKey = 36;
+    Turn();
+    const int before = probe->CountWindows();
+    probe->Move(nameX, headerY);
+    Turn();
+    probe->Click(LeftButton);
+    ASSERT_TRUE(TurnUntil([&] { return probe->CountWindows() > before; }));
+    Turn();
+    probe->Type(downKey);
+    probe->Type(downKey);
+    probe->Type(returnKey);
+    EXPECT_TRUE(TurnUntil([this] { return Get("P2") == 0.5; }));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Host/Run/StateFiles.h"
 
+#include "Host/Editor/CHostEditor.h"
 #include "Host/InstanceRig.h"
 #include "Support/CTemporaryFolder.h"
 
@@ -14,7 +15,18 @@ namespace
 class StateFilesTest : public testing::Test
 {
 protected:
+    StateFilesTest() { AwaitModel(rig.Get()); }
+
     std::string Path(const char* name) const { return folder.GetPath(name); }
+
+    /// The model is loaded in the background, and its state is there from then on; an editor waits for it.
+    static void AwaitModel(CHostInstance& instance)
+    {
+        std::string problem;
+        const auto editor = CHostEditor::Make(instance, problem);
+        ASSERT_NE(editor, nullptr) << problem;
+        EXPECT_TRUE(editor->OpenOffscreen(1, problem)) << problem;
+    }
 
     Tests::CTemporaryFolder folder;
     Tests::CInstanceRig rig;
@@ -26,6 +38,7 @@ TEST_F(StateFilesTest, StateComesBackInAnotherInstance)
     rig.Get().GetParameters().SetParameterValue("P4", 0.5);
     ASSERT_TRUE(SaveState(rig.Get(), Path("state"), error)) << error;
     const auto other = rig.MakeAnother();
+    AwaitModel(*other);
     ASSERT_TRUE(LoadState(*other, Path("state"), error)) << error;
     EXPECT_EQ(rig.GetValue(*other, "P4"), 0.5);
     ASSERT_TRUE(SaveState(*other, Path("again"), error)) << error;

@@ -11,6 +11,7 @@ namespace Mirel::Audio::Plugin
 
 class CAudioPluginDefaultSettings;
 class COutputCaptures;
+class CPresetName;
 
 /// All that a model of the plug-in can be bound to. The objects belong to the instance, which outlives its
 /// model.
@@ -26,6 +27,7 @@ struct CAudioPluginBindings
     const CMIDICCMessage* lastMIDIMessage = nullptr;
     const COutputCaptures* outputCaptures = nullptr;
     IPresets* presets = nullptr;
+    const CPresetName* presetName = nullptr;
     CAudioPluginDefaultSettings* defaultSettings = nullptr;
     const DSP::IFilter* filter = nullptr; ///< For its product and its channels.
 };

@@ -3,7 +3,6 @@
 #include "Mirel/Audio/Plugin/BypassInfo.h"
 #include "Mirel/Audio/Plugin/CAudioPluginLegacyPresets.h"
 #include "Mirel/Audio/Plugin/CAudioPluginXMLPresets.h"
-#include "Mirel/Core/CAutoLock.h"
 #include "Mirel/Core/Numeric.h"
 
 #include <algorithm>
@@ -11,8 +10,6 @@
 
 namespace Mirel::Audio::Plugin
 {
-
-using Core::CAutoLock;
 
 namespace
 {
@@ -35,7 +32,6 @@ CAudioPluginInternalsBase::CAudioPluginInternalsBase(
       defaultSettings(std::move(defaultSettings_)),
       inputs(&inputValues),
       outputs(&outputValues),
-      currentPresetName("User"),
       captures(*filter),
       model(defaultSettings->GetModelFile()),
       applyRefreshRate(this, &CAudioPluginInternalsBase::ApplyRefreshRate),
@@ -115,6 +111,7 @@ CAudioPluginBindings CAudioPluginInternalsBase::GetBindings()
     bindings.lastMIDIMessage = &lastMIDIMessage;
     bindings.outputCaptures = &captures;
     bindings.presets = presets.get();
+    bindings.presetName = &currentPresetName;
     bindings.defaultSettings = defaultSettings.get();
     bindings.filter = filter.get();
     return bindings;
@@ -192,18 +189,6 @@ void CAudioPluginInternalsBase::ResetPresetMIDISettings()
 {
     defaultSettings->CopyInputMIDISettings(inputMIDISettings);
     defaultSettings->CopyOutputMIDISettings(outputMIDISettings);
-}
-
-std::string CAudioPluginInternalsBase::GetCurrentPresetName() const
-{
-    const CAutoLock guard(nameLock);
-    return currentPresetName;
-}
-
-void CAudioPluginInternalsBase::SetCurrentPresetName(const std::string& name)
-{
-    const CAutoLock guard(nameLock);
-    currentPresetName = name;
 }
 
 bool CAudioPluginInternalsBase::LoadFromPresetsData(const char* key)

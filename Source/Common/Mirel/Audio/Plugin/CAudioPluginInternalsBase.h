@@ -13,6 +13,7 @@
 #include "Mirel/Audio/Plugin/CMIDIInputMapping.h"
 #include "Mirel/Audio/Plugin/CMIDIOutputMapping.h"
 #include "Mirel/Audio/Plugin/COutputCaptures.h"
+#include "Mirel/Audio/Plugin/CPresetName.h"
 #include "Mirel/Audio/Plugin/CSharedFlag.h"
 #include "Mirel/Audio/Plugin/IPresets.h"
 #include "Mirel/Audio/Plugin/PluginParams.h"
@@ -121,8 +122,8 @@ public:
     /// Copies the global MIDI settings over the preset's own.
     void ResetPresetMIDISettings();
 
-    std::string GetCurrentPresetName() const;
-    void SetCurrentPresetName(const std::string& name);
+    std::string GetCurrentPresetName() const { return currentPresetName.GetText(); }
+    void SetCurrentPresetName(const std::string& name) { currentPresetName.SetText(name); }
 
     IPresets& GetPresets() { return *presets; }
 
@@ -171,8 +172,7 @@ private:
     CMIDIOutputMapping midiOutput;
 
     Serialization::CXmlDataObject presetsData{"Presets"};
-    mutable System::CCriticalSection nameLock;
-    std::string currentPresetName;
+    CPresetName currentPresetName{"User"};
     CBypassProcessor bypass;
     COutputCaptures captures;
     DSP::COutputDataSync fallbackSync;

@@ -94,6 +94,7 @@ bool CAudioPluginSkinGUI::Open(const SEditorPlace& place)
         Close();
         return false;
     }
+    onInputRightClick = place.onInputRightClick;
     MakeWindow();
     internals.GetModel().WaitForLoad();
     modelLoaded.emplace(&internals.GetModel().GetLoadedEventProvider(), &onModelLoaded);
@@ -148,6 +149,7 @@ void CAudioPluginSkinGUI::MakeWindow()
     }
     services.urlOpener = this;
     services.findAction = [this](const char* name) { return FindAction(name); };
+    services.onParamRightClick = [this](const char* id) { OnParamRightClick(id); };
     services.fillModel = [this](SkinEngine::ISkinModel& skinModel) { FillModel(skinModel); };
     services.leaveModel = [this] { import.reset(); };
     window = std::make_unique<CGUISkinWindow>(*platform, services);

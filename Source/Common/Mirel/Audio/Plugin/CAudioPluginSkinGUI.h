@@ -139,7 +139,14 @@ private:
     void AddSettingsMenu(GUI::CMenu& menu);
     void AddPresetsMenu(GUI::CMenu& menu);
     void Post(Next action);
+    void Present(std::unique_ptr<GUI::CMenu> menu);
     void OpenMenu();
+    void OpenPresetMenu();
+    void LoadPreviousPreset() { StepPreset(-1); }
+    void LoadNextPreset() { StepPreset(1); }
+    void StepPreset(int step);
+    void LoadFactoryPreset(int index);
+    bool IsCurrentPreset(int index) const;
     void DisplayAbout();
     void OpenManual();
     void OpenWebsite() { OpenPage(options.website); }
@@ -152,6 +159,7 @@ private:
     void UseGlobalSkin();
     void OpenPage(const std::string& page);
     void OpenUrl(const char* url) override;
+    void OnParamRightClick(const char* id);
     void RefreshAll();
 
     CAudioPluginInternalsBase& internals;
@@ -162,6 +170,7 @@ private:
     bool followsChoice = false; ///< From the open to the close.
 
     // From the open to the close, in this order.
+    std::function<void(int)> onInputRightClick; ///< Of the place.
     std::unique_ptr<GUI::CNativeRunLoop> loop;
     std::unique_ptr<GUI::INativePlatform> platform;
     std::unique_ptr<GUI::CWindow> frame; ///< The child of the host's window.

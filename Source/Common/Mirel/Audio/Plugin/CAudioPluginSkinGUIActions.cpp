@@ -1,5 +1,6 @@
 #include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
 #include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
+#include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 #include "Mirel/Audio/Plugin/PresetFiles.h"
 #include "Mirel/DataModel/Objects/TConstAsyncActionWrapper.h"
 
@@ -20,16 +21,6 @@ namespace
 constexpr const char* presetExtension = "preset";
 constexpr const char* presetFilter = "Presets Files (*.preset)";
 constexpr const char* presetPattern = "*.preset";
-
-class CFunctionCommand : public Core::ICommand
-{
-public:
-    explicit CFunctionCommand(std::function<void()> run_) : run(std::move(run_)) {}
-    void Execute() override { run(); }
-
-private:
-    std::function<void()> run;
-};
 
 /// What is no letter, digit or one of "-._~" as "%XX".
 std::string QueryText(const std::string& text)
@@ -64,6 +55,9 @@ bool MayBeOpened(const std::string& url)
 void CAudioPluginSkinGUI::MakeActions()
 {
     AddAction("OpenMenu", &CAudioPluginSkinGUI::OpenMenu);
+    AddAction("OpenPresetMenu", &CAudioPluginSkinGUI::OpenPresetMenu);
+    AddAction("LoadPreviousPreset", &CAudioPluginSkinGUI::LoadPreviousPreset);
+    AddAction("LoadNextPreset", &CAudioPluginSkinGUI::LoadNextPreset);
     AddAction("DisplayAbout", &CAudioPluginSkinGUI::DisplayAbout);
     AddAction("OpenManual", &CAudioPluginSkinGUI::OpenManual);
     AddAction("OpenWebsite", &CAudioPluginSkinGUI::OpenWebsite);
@@ -95,8 +89,7 @@ void CAudioPluginSkinGUI::Post(Next action)
 GUI::SMenuItem& CAudioPluginSkinGUI::AddItem(CMenu& menu, const std::string& text, Next action,
                                              bool isEnabled)
 {
-    auto command = std::make_unique<CFunctionCommand>([this, action = std::move(action)] { Post(action); });
-    GUI::SMenuItem& item = menu.AddItem(text, command.release(), true);
+    GUI::SMenuItem& item = menu.AddItem(text, [this, action = std::move(action)] { Post(action); });
     item.isEnabled = isEnabled;
     return item;
 }
@@ -145,12 +138,36 @@ void CAudioPluginSkinGUI::AddPresetsMenu(CMenu& menu)
     IPresets& presets = internals.GetPresets();
     for (int i = 0; i < presets.GetCount(); ++i)
     {
-        AddItem(menu, presets.GetPreset(i).GetName(),
-                [this, i]
-                {
-                    internals.GetPresets().GetPreset(i).Load();
-                    RefreshAll();
-                });
+        AddItem(menu, presets.GetPreset(i).GetName(), [this, i] { LoadFactoryPreset(i); }).isChecked =
+            IsCurrentPreset(i);
+    }
+}
+
+void CAudioPluginSkinGUI::LoadFactoryPreset(int index)
+{
+    internals.GetPresets().GetPreset(index).Load();
+    RefreshAll();
+}
+
+/// A state knows its preset by the name alone.
+bool CAudioPluginSkinGUI::IsCurrentPreset(int index) const
+{
+    return internals.GetPresets().GetPreset(index).GetName() == internals.GetCurrentPresetName();
+}
+
+/// Round the list; into it at its near end from a state that is none of them.
+void CAudioPluginSkinGUI::StepPreset(int step)
+{
+    const int count = internals.GetPresets().GetCount();
+    int current = 0;
+    while (current < count && !IsCurrentPreset(current))
+    {
+        ++current;
+    }
+    if (count > 0)
+    {
+        const bool isListed = current < count;
+        LoadFactoryPreset(isListed ? (current + step + count) % count : step > 0 ? 0 : count - 1);
     }
 }
 
@@ -165,15 +182,43 @@ void CAudioPluginSkinGUI::AddSettingsMenu(CMenu& menu)
     AddItem(menu, "Reset MIDI Settings", [this] { ResetPresetMIDISettings(); });
 }
 
-void CAudioPluginSkinGUI::OpenMenu()
+void CAudioPluginSkinGUI::Present(std::unique_ptr<CMenu> menu)
 {
     GUI::IMenuPresenter* menus = popups == nullptr ? nullptr : popups->GetMenus();
     if (menus != nullptr)
     {
         menus->Close();
-        openMenu = std::make_unique<CMenu>();
-        FillMenu(*openMenu);
+        openMenu = std::move(menu);
         menus->Open(*openMenu, *frame->GetNativeWindow(), platform->GetPointerPosition(), [] {});
+    }
+}
+
+void CAudioPluginSkinGUI::OpenMenu()
+{
+    auto menu = std::make_unique<CMenu>();
+    FillMenu(*menu);
+    Present(std::move(menu));
+}
+
+void CAudioPluginSkinGUI::OpenPresetMenu()
+{
+    auto menu = std::make_unique<CMenu>();
+    AddPresetsMenu(*menu);
+    Present(std::move(menu));
+}
+
+/// Posted: the host may close the editor, whose widget is just being handled. The model's other parameters
+/// are none of the host's.
+void CAudioPluginSkinGUI::OnParamRightClick(const char* id)
+{
+    const int count = onInputRightClick ? internals.GetInputParamsInfo().GetCount() : 0;
+    for (int input = 0; input < count; ++input)
+    {
+        if (GetInputId(input) == id)
+        {
+            Post([this, input] { onInputRightClick(input); });
+            return;
+        }
     }
 }
 

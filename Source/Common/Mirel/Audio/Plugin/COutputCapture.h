@@ -8,7 +8,8 @@
 namespace Mirel::Audio::Plugin
 {
 
-/// What the captures of a filter's outputs have in common: the mark that one was published, and its event.
+/// What the captures of a filter's outputs, and their like, have in common: the mark that one was published,
+/// and its event.
 ///
 /// The event is not fired where the value is published: its listeners would run on the audio thread, behind
 /// its lock. That thread only sets the mark, which neither waits nor allocates. Whoever shows the value calls
@@ -40,7 +41,8 @@ public:
 protected:
     ~COutputCapture() = default;
 
-    /// Audio thread. The mark orders nothing but itself: readers of the value get that from the lock.
+    /// The thread that writes the value. The mark orders nothing but itself: readers of the value get that
+    /// from the lock.
     void MarkChanged() { isChanged.store(true, std::memory_order_relaxed); }
 
 private:

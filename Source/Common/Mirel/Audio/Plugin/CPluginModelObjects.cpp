@@ -2,9 +2,10 @@
 
 #include "Mirel/Audio/Plugin/CAudioPluginDefaultSettings.h"
 #include "Mirel/Audio/Plugin/CConstOutputCurveTimerProxy.h"
-#include "Mirel/Audio/Plugin/CConstOutputStringTimerProxy.h"
 #include "Mirel/Audio/Plugin/COutputCaptures.h"
+#include "Mirel/Audio/Plugin/CPresetName.h"
 #include "Mirel/Audio/Plugin/MIDIModelObjects.h"
+#include "Mirel/Audio/Plugin/TConstStringTimerProxy.h"
 #include "Mirel/DataModel/CRefreshTimer.h"
 
 #include <algorithm>
@@ -13,6 +14,32 @@ namespace Mirel::Audio::Plugin
 {
 
 using namespace DataModel::Objects;
+
+namespace
+{
+
+template <class Capture>
+bool AddString(CTimedModelObjects& objects, SkinEngine::ISkinModel& model, const std::string& id,
+               const Capture& capture, const IConstStringInfo& info)
+{
+    bool added = true;
+    const int flags = objects.WithPaused(id, objects.GetStringFlags(id));
+    if (flags != 0)
+    {
+        auto& string = objects.Keep(
+            std::make_unique<TConstStringTimerProxy<Capture>>(capture, info, objects.GetTimers()));
+        string.SetRefreshTime(objects.GetRefreshTime());
+        added = model.AddConstString(id.c_str(), &string, flags, false);
+    }
+    return objects.AddPaused(id) && added;
+}
+
+} // namespace
+
+std::string GetInputId(int index)
+{
+    return "dsp.input" + std::to_string(index);
+}
 
 bool CPluginModelObjects::Build(SkinEngine::ISkinModel& model,
                                 const SkinEngine::ISkinModelExposure& wanted) const
@@ -26,6 +53,7 @@ bool CPluginModelObjects::Build(SkinEngine::ISkinModel& model,
     added = AddOutputs(objects) && added;
     added = AddCurves(objects, model) && added;
     added = AddStrings(objects, model) && added;
+    added = AddPresetName(objects, model) && added;
     if (bindings.lastMIDIMessage != nullptr)
     {
         added = AddLastMIDIMessage(objects, model, *bindings.lastMIDIMessage) && added;
@@ -63,7 +91,7 @@ bool CPluginModelObjects::AddInputs(CTimedModelObjects& objects) const
                 info, [&input] { return input.GetValue(); }, [&input](float value) { input.SetValue(value); },
                 nullptr, dynamic_cast<Core::ICapture*>(&input));
         };
-        added = objects.AddParam("dsp.input" + std::to_string(i), make) && added;
+        added = objects.AddParam(GetInputId(i), make) && added;
     }
     return added;
 }
@@ -130,17 +158,15 @@ bool CPluginModelObjects::AddStrings(CTimedModelObjects& objects, SkinEngine::IS
     for (int i = 0; i < count; ++i)
     {
         const std::string id = "dsp.output_string" + std::to_string(i);
-        const int flags = objects.WithPaused(id, objects.GetStringFlags(id));
-        if (flags != 0)
-        {
-            auto& string = objects.Keep(
-                std::make_unique<CConstOutputStringTimerProxy>(captures[i], infos[i], objects.GetTimers()));
-            string.SetRefreshTime(objects.GetRefreshTime());
-            added = model.AddConstString(id.c_str(), &string, flags, false) && added;
-        }
-        added = objects.AddPaused(id) && added;
+        added = AddString(objects, model, id, captures[i], infos[i]) && added;
     }
     return added;
+}
+
+bool CPluginModelObjects::AddPresetName(CTimedModelObjects& objects, SkinEngine::ISkinModel& model) const
+{
+    return bindings.presetName == nullptr ||
+           AddString(objects, model, "preset.name", *bindings.presetName, CStringInfo("Preset"));
 }
 
 } // namespace Mirel::Audio::Plugin

@@ -3,6 +3,7 @@
 #include "Mirel/Core/Geometry.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace Mirel::Audio::Plugin
@@ -13,6 +14,10 @@ struct SEditorPlace
 {
     std::uintptr_t parentWindow = 0; ///< The window system's name of the window to fill; 0 for no screen.
     int scale = 0;                   ///< Without a screen: device pixels per pixel of the skin, 1 to 4.
+
+    /// What moves the input parameter of that index was right-clicked: a host may have a menu for it. Called
+    /// from Pump while the editor is open; empty for nobody.
+    std::function<void(int input)> onInputRightClick{};
 };
 
 /// The editor of an instance, as a host shell sees it. GUI thread only, always the same one; the instance's

@@ -41,8 +41,13 @@ public:
     virtual void EndEdit() { edit.End(); }
 
     /// The right button went down, or up, over the widget: for who opens a menu there, as hosts do for
-    /// automation.
-    virtual void NotifyRightClick() { rightClicked.Notify(); }
+    /// automation. Each call fires the event.
+    virtual void NotifyRightClick(bool isDown)
+    {
+        isRightDown = isDown;
+        rightClicked.Notify();
+    }
+    bool IsRightDown() const { return isRightDown; }
     Core::IEventProvider& GetRightClickEventProvider() const { return rightClicked; }
 
     /// In fine mode a stepped axis has fineRatio stops for each one that it had. Stays off if the parameter
@@ -62,6 +67,7 @@ private:
     mutable Core::CEventProvider rightClicked; ///< Listening changes nothing of the control.
     int fineRatio = 1;
     bool fineMode = false;
+    bool isRightDown = false;
 };
 
 } // namespace Mirel::DataModel::Controls

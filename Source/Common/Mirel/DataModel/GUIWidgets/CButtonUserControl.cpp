@@ -46,13 +46,14 @@ void CButtonUserControl::SetPushed(bool pushed, bool apply)
 
 bool CButtonUserControl::OnRightDown(const GUI::COSXMouseEvent& /*event*/)
 {
-    control.NotifyRightClick();
+    control.NotifyRightClick(true);
     return true;
 }
 
-bool CButtonUserControl::OnRightUp(const GUI::COSXMouseEvent& event)
+bool CButtonUserControl::OnRightUp(const GUI::COSXMouseEvent& /*event*/)
 {
-    return OnRightDown(event);
+    control.NotifyRightClick(false);
+    return true;
 }
 
 bool CButtonUserControl::AcceptsKey(const GUI::COSXKeyEvent& event)

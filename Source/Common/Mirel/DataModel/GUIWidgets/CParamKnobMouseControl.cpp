@@ -100,13 +100,15 @@ bool CParamKnobMouseControl::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
 bool CParamKnobMouseControl::OnRightDown(const GUI::COSXMouseEvent& event)
 {
     ReadFineMode(event);
-    control.NotifyRightClick();
+    control.NotifyRightClick(true);
     return true;
 }
 
 bool CParamKnobMouseControl::OnRightUp(const GUI::COSXMouseEvent& event)
 {
-    return OnRightDown(event);
+    ReadFineMode(event);
+    control.NotifyRightClick(false);
+    return true;
 }
 
 void CParamKnobMouseControl::MeasureFrom(Core::CPoint point, float position)

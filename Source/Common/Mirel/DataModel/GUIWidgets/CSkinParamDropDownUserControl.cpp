@@ -100,13 +100,14 @@ bool CSkinParamDropDownUserControl::OnMouseWheel(const GUI::COSXMouseWheelEvent&
 
 bool CSkinParamDropDownUserControl::OnRightDown(const GUI::COSXMouseEvent& /*event*/)
 {
-    control.NotifyRightClick();
+    control.NotifyRightClick(true);
     return true;
 }
 
-bool CSkinParamDropDownUserControl::OnRightUp(const GUI::COSXMouseEvent& event)
+bool CSkinParamDropDownUserControl::OnRightUp(const GUI::COSXMouseEvent& /*event*/)
 {
-    return OnRightDown(event);
+    control.NotifyRightClick(false);
+    return true;
 }
 
 /// The list takes the mouse when it opens.

@@ -27,13 +27,14 @@ void CToggleSwitchUserControl::SetPushed(bool pushed)
 
 bool CToggleSwitchUserControl::OnRightDown(const GUI::COSXMouseEvent& /*event*/)
 {
-    control.NotifyRightClick();
+    control.NotifyRightClick(true);
     return true;
 }
 
-bool CToggleSwitchUserControl::OnRightUp(const GUI::COSXMouseEvent& event)
+bool CToggleSwitchUserControl::OnRightUp(const GUI::COSXMouseEvent& /*event*/)
 {
-    return OnRightDown(event);
+    control.NotifyRightClick(false);
+    return true;
 }
 
 bool CToggleSwitchUserControl::Pushes(const GUI::COSXKeyEvent& event) const

@@ -1,5 +1,6 @@
 #include "Mirel/GUI/DrawnDialogs/CDrawnDialog.h"
 
+#include "Mirel/GUI/Popups/DrawnParts.h"
 #include "Mirel/GUI/Popups/PopupPlacing.h"
 #include "Mirel/Graphics/CColorDrawer.h"
 
@@ -38,6 +39,22 @@ SNativeWindowOptions MakeOptions(const INativePlatform& platform, const std::str
     return options;
 }
 
+/// A dialog stands out from the window below it where no window manager frames it.
+class CFramedGround : public Graphics::CColorDrawer
+{
+public:
+    explicit CFramedGround(const CPopupLook& look) : CColorDrawer(look.background), border(look.border) {}
+
+    void Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* region) override
+    {
+        CColorDrawer::Draw(surface, region);
+        DrawFrame(surface, {CPoint(), GetSize()}, border);
+    }
+
+private:
+    Graphics::CColor border;
+};
+
 } // namespace
 
 /// Gets the keys that the focused widget does not accept.
@@ -64,7 +81,7 @@ CDrawnDialog::CDrawnDialog(INativePlatform& platform_, const CPopupLook& look_, 
       root(new CLightWidget()),
       onResized(this, &CDrawnDialog::OnSizeChanged)
 {
-    root->SetGraphics(new Graphics::CColorDrawer(popupLook.background), true);
+    root->SetGraphics(new CFramedGround(popupLook), true);
     adapter->SetSize(size);
     adapter->SetLightRoot(root, true);
     content->AddChild(adapter, true);

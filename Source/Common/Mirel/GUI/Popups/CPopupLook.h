@@ -28,7 +28,7 @@ struct CPopupLook
     Graphics::CColor border = {0x45, 0x4D, 0x56};
     Graphics::CColor text = {0xE6, 0xE9, 0xEC};
     Graphics::CColor disabledText = {0x7C, 0x84, 0x8C};
-    Graphics::CColor accent = {0xFF, 0xB0, 0x3A};
+    Graphics::CColor accent = {0x8F, 0xC1, 0xF2};
     Graphics::CColor onAccent = {0x14, 0x16, 0x18}; ///< text on the accent colour
     Graphics::CColor error = {0xE0, 0x5A, 0x4E};
 };

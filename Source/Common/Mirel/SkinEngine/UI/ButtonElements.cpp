@@ -35,12 +35,12 @@ bool ExposePushed(CUIElement& element, CPushableImageWidgetGraphics& graphics)
 }
 
 template <class Widget>
-bool PlaceParamWidget(CUIElement& element, Widget& widget, const std::string& prefix)
+bool PlaceParamWidget(CUIElement& element, Widget& widget, const SParamName& param)
 {
     widget.GetPushGraphics().SetLoop(IsTrue(element.GetAttributes(), "loop"));
-    ReadControl(element.GetAttributes(), widget.GetControl());
+    ReadControl(element, param, widget.GetControl());
     element.ReadSize(widget);
-    bool exposed = ReadAxis(element, {prefix}, widget.GetControl());
+    bool exposed = ReadAxis(element, {param.prefix}, widget.GetControl());
     exposed = ExposePushed(element, widget.GetPushGraphics()) && exposed;
     return element.Place(widget, CUIElement::EInput::Natural) && exposed;
 }
@@ -52,7 +52,7 @@ bool BuildImageParamWidget(CUIBuild& build, const CNamedAttributes& attributes, 
     const SParamName param = FindParam(element);
     auto& widget =
         element.Make<Widget>(build.GetParam(param.id), ReadPushImage(build, attributes), arguments...);
-    return PlaceParamWidget(element, widget, param.prefix);
+    return PlaceParamWidget(element, widget, param);
 }
 
 template <class Widget, class... Arguments>
@@ -60,8 +60,7 @@ bool BuildInvisibleParamWidget(CUIBuild& build, const CNamedAttributes& attribut
 {
     CUIElement element(build, attributes);
     const SParamName param = FindParam(element);
-    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id), arguments...),
-                            param.prefix);
+    return PlaceParamWidget(element, element.Make<Widget>(build.GetParam(param.id), arguments...), param);
 }
 
 /// An action of the model, or one that the program has under a name.

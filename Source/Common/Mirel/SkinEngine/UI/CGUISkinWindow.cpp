@@ -177,6 +177,7 @@ bool CGUISkinWindow::Parse()
     uiServices.model.tickSource = services.tickSource;
     uiServices.model.urlOpener = services.urlOpener;
     uiServices.findAction = services.findAction;
+    uiServices.onParamRightClick = services.onParamRightClick;
     uiServices.fineEdit = services.fineEdit;
     uiServices.menus = services.menus;
     uiServices.tooltips = services.tooltips;

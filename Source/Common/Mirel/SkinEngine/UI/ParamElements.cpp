@@ -43,7 +43,7 @@ bool BuildImageParamKnob(CUIBuild& build, const CNamedAttributes& attributes)
         build.GetServices().fineEdit);
     widget.GetMouseControl().SetHorizontal(!ReadVertical(attributes, true));
     widget.SetPixelRange(ReadPixelRange(attributes));
-    ReadControl(attributes, widget.GetControl());
+    ReadControl(element, param, widget.GetControl());
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {param.prefix}, widget.GetControl());
     return element.Place(widget, CUIElement::EInput::Natural) && exposed;
@@ -73,7 +73,7 @@ bool BuildImageParamSlider(CUIBuild& build, const CNamedAttributes& attributes)
     widget.GetSliderGraphics().SetThumbAlignment(
         {IsNotFalse(attributes, "thumb_h_center"), IsNotFalse(attributes, "thumb_v_center")});
     widget.SetPixelRange(ReadPixelRange(attributes));
-    ReadControl(attributes, widget.GetControl());
+    ReadControl(element, param, widget.GetControl());
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {param.prefix}, widget.GetControl());
     return element.Place(widget, CUIElement::EInput::Natural) && exposed;

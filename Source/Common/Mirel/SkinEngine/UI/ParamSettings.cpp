@@ -1,16 +1,60 @@
 #include "Mirel/SkinEngine/UI/ParamSettings.h"
 
+#include "Mirel/Core/TCommand.h"
+#include "Mirel/CoreUtilities/CCallbackHelper.h"
 #include "Mirel/DataModel/GUIWidgets/KnobSteps.h"
 #include "Mirel/DataModel/GUIWidgets/WidgetState.h"
 
 #include <array>
+#include <functional>
 #include <string_view>
+#include <utility>
 
 namespace Mirel::SkinEngine
 {
 
 using Containers::CNamedAttributes;
+using DataModel::Controls::CParamControl;
 using Graphics::CImageCatalog;
+
+namespace
+{
+
+/// Tells the program of right clicks. Not before the button is up again: while it is held the pointer is the
+/// editor's, and no other program could open a menu under it.
+class CRightClickNotice
+{
+public:
+    CRightClickNotice(const CParamControl& control_, std::string paramId_,
+                      std::function<void(const char*)> tell_)
+        : control(control_),
+          paramId(std::move(paramId_)),
+          tell(std::move(tell_)),
+          connection(&control_.GetRightClickEventProvider(), &rightClicked)
+    {
+    }
+    CRightClickNotice(const CRightClickNotice&) = delete;
+    CRightClickNotice& operator=(const CRightClickNotice&) = delete;
+
+private:
+    void OnRightClick()
+    {
+        const bool wasDown = std::exchange(isDown, control.IsRightDown());
+        if (wasDown && !isDown)
+        {
+            tell(paramId.c_str());
+        }
+    }
+
+    const CParamControl& control;
+    std::string paramId;
+    std::function<void(const char*)> tell;
+    bool isDown = false; ///< It went down here, not elsewhere.
+    Core::TCommand<CRightClickNotice> rightClicked{this, &CRightClickNotice::OnRightClick};
+    CoreUtilities::CCallbackHelper connection;
+};
+
+} // namespace
 
 SParamName FindGivenParam(const CNamedAttributes& attributes)
 {
@@ -86,12 +130,17 @@ float ReadPixelRange(const CNamedAttributes& attributes)
     return pixelRange;
 }
 
-void ReadControl(const CNamedAttributes& attributes, DataModel::Controls::CParamControl& control)
+void ReadControl(const CUIElement& element, const SParamName& param, CParamControl& control)
 {
     int fineRatio = 1;
-    if (ReadNumber(attributes, "fine_ratio", fineRatio))
+    if (ReadNumber(element.GetAttributes(), "fine_ratio", fineRatio))
     {
         control.SetFineRatio(fineRatio);
+    }
+    CUIBuild& build = element.GetBuild();
+    if (const auto& tell = build.GetServices().onParamRightClick; tell && param.id != nullptr)
+    {
+        build.GetData().Own(std::make_unique<CRightClickNotice>(control, param.id, tell));
     }
 }
 

@@ -45,7 +45,9 @@ ReadImageOrientation(const Containers::CNamedAttributes& attributes);
 /// `pixel_range`.
 float ReadPixelRange(const Containers::CNamedAttributes& attributes);
 
-/// `fine_ratio`.
-void ReadControl(const Containers::CNamedAttributes& attributes, DataModel::Controls::CParamControl& control);
+/// `fine_ratio`; and the program is told of right clicks from now on. The control is that of a widget of the
+/// skin.
+void ReadControl(const CUIElement& element, const SParamName& param,
+                 DataModel::Controls::CParamControl& control);
 
 } // namespace Mirel::SkinEngine

@@ -61,7 +61,7 @@ bool BuildParamTextControl(CUIBuild& build, const CNamedAttributes& attributes)
     widget.GetMouseControl().SetHorizontal(!ReadVertical(attributes, true));
     widget.SetPixelRange(ReadPixelRange(attributes));
     auto& control = widget.GetControl();
-    ReadControl(attributes, control);
+    ReadControl(element, name, control);
     bool exposed = ReadAxis(element, {name.prefix}, control);
     exposed = element.Expose(
                   ".value", valueProperty, [&control] { return control.GetPosition(); },

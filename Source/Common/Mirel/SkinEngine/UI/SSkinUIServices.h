@@ -24,6 +24,9 @@ struct SSkinUIServices
     /// The action that a skin calls by name; null for an unknown one. Empty for no such actions.
     std::function<const DataModel::Objects::IConstAction*(const char* name)> findAction{};
 
+    /// A widget that moves the parameter of that identifier was right-clicked. Empty for nothing.
+    std::function<void(const char* paramId)> onParamRightClick{};
+
     // Null for none.
     DataModel::GUIWidgets::IFineEditOpener* fineEdit = nullptr;
     GUI::IMenuPresenter* menus = nullptr;

@@ -32,6 +32,10 @@ struct SSkinWindowServices
     /// The action that a skin calls by name; null for an unknown one. Empty for no such actions.
     std::function<const DataModel::Objects::IConstAction*(const char* name)> findAction{};
 
+    /// A widget that moves the parameter of that identifier was right-clicked. Called from within the
+    /// widget's handler. Empty for nothing.
+    std::function<void(const char* paramId)> onParamRightClick{};
+
     /// Adds the objects that the skin shows, those of the program, to the model of a skin: what its exposure
     /// wants. Called at each load once the skin's wants are marked. The objects must stay until the skin is
     /// closed; those that go before are taken out of the model by whoever added them. Empty for none.

@@ -219,6 +219,10 @@ Graphics::CTextFormat ReadTextFormat(const CNamedAttributes& attributes)
     {
         format.flags |= CTextFormat::multiline | CTextFormat::noWrap;
     }
+    if (IsTrue(attributes, "ellipsis"))
+    {
+        format.flags |= CTextFormat::ellipsis;
+    }
     return format;
 }
 

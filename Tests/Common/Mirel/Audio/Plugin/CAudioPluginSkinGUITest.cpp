@@ -2,6 +2,7 @@
 
 #include "CTestInstance.h"
 #include "Mirel/Audio/Plugin/CPluginSkinModelFactory.h"
+#include "Mirel/GUI/Native/Offscreen/COffscreenPlatform.h"
 #include "Mirel/SkinEngine/Model/ObjectLookup.h"
 #include "Support/CScriptedDialogs.h"
 #include "Support/EventCounter.h"
@@ -157,8 +158,9 @@ protected:
     std::string WriteActionsSkin() const
     {
         std::string body;
-        for (const char* name : {"OpenMenu", "DisplayAbout", "OpenManual", "OpenWebsite", "Undo", "Redo",
-                                 "LoadPreset", "SavePreset", "ResetPresetMIDISettings"})
+        for (const char* name : {"OpenMenu", "OpenPresetMenu", "LoadPreviousPreset", "LoadNextPreset",
+                                 "DisplayAbout", "OpenManual", "OpenWebsite", "Undo", "Redo", "LoadPreset",
+                                 "SavePreset", "ResetPresetMIDISettings"})
         {
             body +=
                 std::string("<INVISIBLE_ACTION_BUTTON action_id=\"") + name + "\" width=\"5\" height=\"5\"/>";
@@ -474,6 +476,157 @@ TEST_F(CAudioPluginSkinGUITest, TheMenuLoadsFactoryPresets)
     sub->subMenu->GetItems()[1].command->Execute();
     own.Pump();
     EXPECT_EQ(other.internals.GetCurrentPresetName(), "Second");
+}
+
+/// An instance with three factory presets.
+class CFactoryPresetsTest : public CAudioPluginSkinGUITest
+{
+protected:
+    CFactoryPresetsTest()
+    {
+        WriteActionsSkin();
+        listed.internals.GetEditor().SetFactory(
+            [this]
+            {
+                auto made = std::make_unique<CAudioPluginSkinGUI>(listed.internals, options);
+                editor = made.get();
+                return made;
+            });
+        listed.internals.GetEditor().Open({0, 1});
+    }
+
+    std::string NameAfter(const char* action)
+    {
+        Run(action);
+        return listed.internals.GetCurrentPresetName();
+    }
+
+    /// The texts of the open menu, a checked one in brackets.
+    std::vector<std::string> Items() const
+    {
+        std::vector<std::string> texts;
+        for (const GUI::SMenuItem& item : menu->GetItems())
+        {
+            texts.push_back(item.isChecked ? "[" + item.text + "]" : item.text);
+        }
+        return texts;
+    }
+
+    Tests::CTestInstance listed{WithPresets()};
+
+private:
+    const Tests::CTestPlaces& WithPresets() const
+    {
+        places.WriteData("Presets/factory.presets",
+                         "<Presets><PresetCount>3</PresetCount><Preset0><progName>First</progName></Preset0>"
+                         "<Preset1><progName>Second</progName></Preset1>"
+                         "<Preset2><progName>Third</progName></Preset2></Presets>");
+        return places;
+    }
+};
+
+TEST_F(CFactoryPresetsTest, TheMenuOfPresetsChecksThePresentOne)
+{
+    Run("OpenPresetMenu");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_THAT(Items(), ElementsAre("First", "Second", "Third")) << "\"User\" is none of them";
+    menu->GetItems()[1].command->Execute();
+    Pump();
+    EXPECT_EQ(listed.internals.GetCurrentPresetName(), "Second");
+    Run("OpenPresetMenu");
+    EXPECT_THAT(Items(), ElementsAre("First", "[Second]", "Third"));
+    Run("OpenMenu");
+    const GUI::SMenuItem* sub = FindItem("Factory Presets");
+    ASSERT_NE(sub, nullptr);
+    EXPECT_TRUE(sub->subMenu->GetItems()[1].isChecked);
+}
+
+TEST_F(CFactoryPresetsTest, NextAndPreviousGoRoundTheList)
+{
+    EXPECT_EQ(NameAfter("LoadNextPreset"), "First") << "from a state that is none of them";
+    EXPECT_EQ(NameAfter("LoadNextPreset"), "Second");
+    EXPECT_EQ(NameAfter("LoadNextPreset"), "Third");
+    EXPECT_EQ(NameAfter("LoadNextPreset"), "First");
+    EXPECT_EQ(NameAfter("LoadPreviousPreset"), "Third");
+    EXPECT_EQ(NameAfter("LoadPreviousPreset"), "Second");
+    listed.LoadKeys("<progName>Mine</progName>");
+    EXPECT_EQ(NameAfter("LoadPreviousPreset"), "Third");
+}
+
+TEST_F(CAudioPluginSkinGUITest, WithoutFactoryPresetsThereIsNoneToStepTo)
+{
+    WriteActionsSkin();
+    ASSERT_TRUE(Open());
+    Run("LoadNextPreset");
+    Run("LoadPreviousPreset");
+    EXPECT_EQ(instance.internals.GetCurrentPresetName(), "User");
+}
+
+TEST_F(CAudioPluginSkinGUITest, TheSkinSeesTheNameOfThePresentState)
+{
+    WriteSkin("default.xml", 90, "<TEXT_FIELD string_id=\"preset.name\"/>");
+    ASSERT_TRUE(Open());
+    const auto shown = [this]
+    {
+        PumpFor(150);
+        const auto* object = editor->GetSkinWindow()->GetObjectsDictionary().Find("preset.name");
+        return std::string(
+            SkinEngine::FindInterface<DataModel::Objects::IConstCaptureString>(*object)->GetValue());
+    };
+    EXPECT_EQ(shown(), "User");
+    std::thread([this] { instance.LoadKeys("<progName>Mine</progName>"); }).join();
+    EXPECT_EQ(shown(), "Mine");
+    const std::string path = places.folder.GetPath("saved.preset");
+    EXPECT_TRUE(SavePreset(instance.internals, path.c_str()));
+    instance.LoadKeys("");
+    EXPECT_EQ(shown(), "Default");
+    EXPECT_TRUE(LoadPreset(path.c_str(), instance.internals));
+    EXPECT_EQ(shown(), "Mine");
+}
+
+TEST_F(CAudioPluginSkinGUITest, ARightClickOnAnInputIsTheHosts)
+{
+    WriteSkin("default.xml", 90,
+              "<PARAM id=\"own\"/><ROW>"
+              "<INVISIBLE_PARAM_BUTTON param_id=\"dsp.input2\" width=\"30\" height=\"30\"/>"
+              "<INVISIBLE_PARAM_BUTTON param_id=\"own\" width=\"30\" height=\"30\"/>"
+              "<INVISIBLE_PARAM_BUTTON param_id=\"midi.input2.cc\" width=\"30\" height=\"30\"/></ROW>");
+    std::vector<int> clicked;
+    ASSERT_TRUE(
+        instance.internals.GetEditor().Open({0, 1, [&clicked](int input) { clicked.push_back(input); }}));
+    editor->Show();
+    auto* platform = dynamic_cast<GUI::COffscreenPlatform*>(editor->GetPlatform());
+    ASSERT_NE(platform, nullptr);
+    const auto click = [platform](int x)
+    {
+        platform->MovePointer({x, 15});
+        platform->PressButton(GUI::EMouseButton::Right);
+        platform->ReleaseButton(GUI::EMouseButton::Right);
+    };
+    click(15);
+    EXPECT_THAT(clicked, IsEmpty()) << "not from within the widget's handler";
+    Pump();
+    EXPECT_THAT(clicked, ElementsAre(2));
+    click(45);
+    click(75);
+    Pump();
+    EXPECT_THAT(clicked, ElementsAre(2)) << "the host knows the inputs alone";
+}
+
+TEST_F(CAudioPluginSkinGUITest, ARightClickInAPlaceWithoutAHostIsNobodys)
+{
+    WriteSkin("default.xml", 90,
+              "<INVISIBLE_PARAM_BUTTON param_id=\"dsp.input2\" width=\"30\" height=\"30\"/>");
+    ASSERT_TRUE(Open());
+    editor->Show();
+    auto* platform = dynamic_cast<GUI::COffscreenPlatform*>(editor->GetPlatform());
+    ASSERT_NE(platform, nullptr);
+    const float before = instance.GetInput(2);
+    platform->MovePointer({15, 15});
+    platform->PressButton(GUI::EMouseButton::Right);
+    platform->ReleaseButton(GUI::EMouseButton::Right);
+    Pump();
+    EXPECT_EQ(instance.GetInput(2), before);
 }
 
 TEST_F(CAudioPluginSkinGUITest, SettingsOfThePresetAreSwitchedInTheMenu)

@@ -1,6 +1,7 @@
 #include "Mirel/Audio/Plugin/CPluginModelObjects.h"
 
 #include "Mirel/Audio/Plugin/CConstOutputCurveTimerProxy.h"
+#include "Mirel/Audio/Plugin/CPresetName.h"
 #include "Mirel/Audio/Plugin/MIDIModelObjects.h"
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
@@ -15,6 +16,7 @@
 
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace Mirel::Audio::Plugin
@@ -58,6 +60,7 @@ struct CPluginModelObjectsTest : testing::Test
         bindings.outputMIDISettings = &outputMIDI;
         bindings.lastMIDIMessage = &message;
         bindings.outputCaptures = &captures;
+        bindings.presetName = &presetName;
         bindings.filter = &effect;
         model = std::make_unique<CSkinModel>(&log);
     }
@@ -102,6 +105,7 @@ struct CPluginModelObjectsTest : testing::Test
     CMIDICCSettings inputMIDI;
     CMIDICCSettings outputMIDI;
     CMIDICCMessage message;
+    CPresetName presetName{"User"};
     CAudioPluginBindings bindings;
     CoreUtilities::CMemMessageLog log;
     Tests::CFakeTimerProvider timers;
@@ -139,9 +143,10 @@ TEST_F(CPluginModelObjectsTest, AWantForEverythingBuildsEveryRow)
         addParam(std::string(id) + ".paused");
     }
     expected.insert(expected.end(), {"dsp.output_curve0", "dsp.output_curve0.x_info",
-                                     "dsp.output_curve0.y_info", "dsp.output_string0"});
+                                     "dsp.output_curve0.y_info", "dsp.output_string0", "preset.name"});
     addParam("dsp.output_curve0.paused");
     addParam("dsp.output_string0.paused");
+    addParam("preset.name.paused");
     addParam("midi.last_message.channel");
     addParam("midi.last_message.cc");
     for (const char* suffix : {".info", ".default", ".min", ".max"})
@@ -288,9 +293,28 @@ TEST_F(CPluginModelObjectsTest, AStringFollowsAtTheTick)
     EXPECT_EQ(changes.Take(), 0);
 }
 
+TEST_F(CPluginModelObjectsTest, ThePresetsNameFollowsAtTheTick)
+{
+    Build({"preset.name"});
+    auto& name = Get<IConstCaptureString>("preset.name");
+    EXPECT_STREQ(name.GetInfo().GetName(), "Preset");
+    EXPECT_STREQ(name.GetValue(), "User");
+    EXPECT_EQ(FindObject<ICaptureString>(model->GetObjects(), "preset.name"), nullptr) << "is read only";
+    CEventCounter changes(name.GetValueChangedEventProvider());
+    std::thread([this] { presetName.SetText("Drums"); }).join();
+    EXPECT_STREQ(name.GetValue(), "User") << "the text of the last tick";
+    timers.Tick(2);
+    EXPECT_STREQ(name.GetValue(), "Drums");
+    EXPECT_EQ(changes.Take(), 1);
+    presetName.SetText("Drums");
+    timers.Tick();
+    EXPECT_EQ(changes.Take(), 0);
+}
+
 TEST_F(CPluginModelObjectsTest, PausedStopsThePolling)
 {
-    for (const char* id : {"dsp.input1", "dsp.output0", "dsp.output_curve0", "dsp.output_string0"})
+    for (const char* id :
+         {"dsp.input1", "dsp.output0", "dsp.output_curve0", "dsp.output_string0", "preset.name"})
     {
         SCOPED_TRACE(id);
         timers.trace.clear();

@@ -298,6 +298,22 @@ TEST(CParamControl, SteppedControlWritesStops)
     EXPECT_FLOAT_EQ(control.GetPosition(), 2.0F / 6.0F);
 }
 
+TEST(CParamControl, EachNoticeOfTheRightButtonIsTold)
+{
+    CCaptureParam param(Real(0.0F, 1.0F));
+    CParamControl control(param);
+    CEventCounter notices(control.GetRightClickEventProvider());
+
+    control.NotifyRightClick(true);
+    EXPECT_EQ(notices.Take(), 1);
+    EXPECT_TRUE(control.IsRightDown());
+    control.NotifyRightClick(true);
+    EXPECT_EQ(notices.Take(), 1);
+    control.NotifyRightClick(false);
+    EXPECT_EQ(notices.Take(), 1);
+    EXPECT_FALSE(control.IsRightDown());
+}
+
 TEST(CParamControl, ConnectionsEndWithTheControl)
 {
     CCaptureParam param(Real(0.0F, 10.0F));

@@ -165,6 +165,8 @@ TEST(UIAttributes, ReadTextFormats)
     EXPECT_TRUE(ReadTextFormat(With("multiline", "true")).Has(CTextFormat::noWrap));
     EXPECT_TRUE(ReadTextFormat(With("word_break", "true")).Has(CTextFormat::multiline));
     EXPECT_FALSE(ReadTextFormat(With("word_break", "true")).Has(CTextFormat::noWrap));
+    EXPECT_TRUE(ReadTextFormat(With("ellipsis", "true")).Has(CTextFormat::ellipsis));
+    EXPECT_FALSE(ReadTextFormat(With("ellipsis", "true")).Has(CTextFormat::multiline));
 }
 
 TEST(UIAttributes, ReadWhatACellAsks)

@@ -421,6 +421,50 @@ TEST(UIWidgets, ButtonsAndSwitchesStandOnParameters)
     EXPECT_TRUE(rig.Has("s.pushed"));
 }
 
+TEST(UIWidgets, EveryWidgetThatMovesAParameterTellsOfRightClicks)
+{
+    std::vector<std::string> clicked;
+    CUIRig rig;
+    rig.AddParam("p");
+    rig.AddParam("q");
+    rig.WriteImage("i.png", 20, 40);
+    rig.services.onParamRightClick = [&clicked](const char* id) { clicked.emplace_back(id); };
+    EXPECT_TRUE(rig.Build("<IMAGE_PARAM_KNOB param_id='p' image='i.png'/>"
+                          "<IMAGE_PARAM_SLIDER param_id='q' thumb_image='i.png'/>"
+                          "<PARAM_TEXT_CONTROL param_id='p' width='30' height='9'/>"
+                          "<IMAGE_PARAM_BUTTON x_param_id='q' image='i.png'/>"
+                          "<INVISIBLE_PARAM_BUTTON param_id='p' width='30' height='9'/>"
+                          "<IMAGE_PARAM_TOGGLE_SWITCH param_id='q' image='i.png'/>"
+                          "<INVISIBLE_PARAM_TOGGLE_SWITCH param_id='p' width='30' height='9'/>"
+                          "<IMAGE_PARAM_MENU_BUTTON param_id='q' image='i.png'/>"
+                          "<INVISIBLE_PARAM_MENU_BUTTON param_id='p' width='30' height='9'/>"));
+    EXPECT_THAT(rig.TakeMessages(), IsEmpty());
+    constexpr int widgets = 9;
+    for (int i = 0; i < widgets; ++i)
+    {
+        GUI::CMouseTarget* target = rig.Widget(i)->GetMouseTarget();
+        ASSERT_NE(target, nullptr) << i;
+        target->OnRightUp({});
+        EXPECT_THAT(clicked, IsEmpty()) << i << ": the button was pressed elsewhere";
+        target->OnRightDown({});
+        EXPECT_THAT(clicked, IsEmpty()) << i << ": while the button is held the pointer is the editor's";
+        target->OnRightUp({});
+        EXPECT_THAT(std::exchange(clicked, {}), ElementsAre(i % 2 == 0 ? "p" : "q")) << i;
+    }
+}
+
+TEST(UIWidgets, ARightClickOnAWidgetWithoutAParameterIsNobodys)
+{
+    int clicks = 0;
+    CUIRig rig;
+    rig.services.onParamRightClick = [&clicks](const char*) { ++clicks; };
+    EXPECT_TRUE(rig.Build("<INVISIBLE_PARAM_BUTTON width='30' height='9'/>"));
+    EXPECT_THAT(rig.TakeMessages(), testing::SizeIs(1));
+    rig.Widget(0)->GetMouseTarget()->OnRightDown({});
+    rig.Widget(0)->GetMouseTarget()->OnRightUp({});
+    EXPECT_EQ(clicks, 0);
+}
+
 TEST(UIWidgets, ActionButtonsRunActionsOfTheModelOrTheProgram)
 {
     int modelRuns = 0;

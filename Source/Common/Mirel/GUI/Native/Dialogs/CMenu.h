@@ -3,6 +3,7 @@
 #include "Mirel/Core/ICommand.h"
 #include "Mirel/Core/TOwnership.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +30,7 @@ class CMenu
 public:
     /// The item may be changed until the next one is added. A null command makes an item that does nothing.
     SMenuItem& AddItem(const std::string& text, Core::ICommand* command, bool owned);
+    SMenuItem& AddItem(const std::string& text, std::function<void()> action);
     void AddSeparator();
 
     /// The new menu belongs to this one.

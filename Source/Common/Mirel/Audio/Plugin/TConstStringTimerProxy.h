@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Mirel/Audio/Plugin/CStringCapture.h"
 #include "Mirel/Audio/Plugin/TConstOutputTimerProxy.h"
 #include "Mirel/DataModel/Objects/CStringInfo.h"
 #include "Mirel/DataModel/Objects/CaptureObjects.h"
@@ -11,16 +10,17 @@
 namespace Mirel::Audio::Plugin
 {
 
-/// An output string; see TConstOutputTimerProxy. The text lives until the next tick.
-class CConstOutputStringTimerProxy
+/// A text that other threads write, such as an output string; see TConstOutputTimerProxy. What GetValue gives
+/// lives until the next tick.
+template <class Capture>
+class TConstStringTimerProxy
     : public TConstOutputTimerProxy<const char*, DataModel::Objects::IConstStringInfo,
-                                    DataModel::Objects::CStringInfo, CStringCapture>
+                                    DataModel::Objects::CStringInfo, Capture>
 {
 public:
-    CConstOutputStringTimerProxy(const CStringCapture& source,
-                                 const DataModel::Objects::IConstStringInfo& stringInfo,
-                                 System::ITimerProvider& timerProvider)
-        : TConstOutputTimerProxy(source, stringInfo, timerProvider),
+    TConstStringTimerProxy(const Capture& source, const DataModel::Objects::IConstStringInfo& stringInfo,
+                           System::ITimerProvider& timerProvider)
+        : TConstStringTimerProxy::TConstOutputTimerProxy(source, stringInfo, timerProvider),
           text(source.GetText())
     {
     }
@@ -28,7 +28,7 @@ public:
     const char* GetValue() const override { return text.c_str(); }
 
 protected:
-    bool TakeOver(const CStringCapture& source) override
+    bool TakeOver(const Capture& source) override
     {
         std::string latest = source.GetText();
         const bool differs = latest != text;
