@@ -158,6 +158,15 @@ TEST_F(SkinCheckProgram, KnowsTheEditorsActions)
     EXPECT_EQ(Check("<SKIN><INVISIBLE_ACTION_BUTTON action_id='Explode' width='9' height='9'/></SKIN>"), 1);
 }
 
+TEST_F(SkinCheckProgram, KnowsTheObjectsOfTheWindow)
+{
+    const std::string skin =
+        "<SKIN><PARAM_TEXT param_id='window.opacity'/><PARAM_TEXT param_id='window.loaded'/>"
+        "<PARAM_LINK from='window.loaded' to='window.opacity'/></SKIN>";
+    EXPECT_EQ(Check(skin), 0) << out;
+    EXPECT_THAT(out, IsEmpty());
+}
+
 TEST_F(SkinCheckProgram, GivesASkinTheModelThatIsNamed)
 {
     folder.Write("b.model", "<MODEL><PARAM id='mine' max='7'/></MODEL>");

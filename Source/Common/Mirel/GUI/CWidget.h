@@ -44,7 +44,7 @@ public:
     void SetCursor(CSharedCursor newCursor);
     const CSharedCursor& GetCursor() const { return cursor; }
 
-    /// UTF-8; empty for none.
+    /// UTF-8; empty for none. Of a host of light widgets CHostTooltips shows it.
     void SetTooltip(const std::string& newTooltip) { tooltip = newTooltip; }
     const std::string& GetTooltip() const { return tooltip; }
 

@@ -16,7 +16,7 @@ public:
         : CLightWidget(parent_),
           viewer(param),
           graphics(images, CLinearParamGraphics::EFill::ToPosition, viewer),
-          enabledConnection(&GetEnabledChangedEvent(), &stateChanged)
+          stateConnections(*this, stateChanged)
     {
         SetGraphics(&graphics, false);
     }
@@ -33,7 +33,7 @@ private:
     Controls::CBaseParamViewer viewer;
     CLinearParamGraphics graphics;
     Core::TCommand<CGUIImageParamLinearMeter> stateChanged{this, &CGUIImageParamLinearMeter::UpdateState};
-    CoreUtilities::CCallbackHelper enabledConnection;
+    CWidgetStateConnections stateConnections;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

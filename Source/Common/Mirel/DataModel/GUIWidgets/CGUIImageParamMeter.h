@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Mirel/DataModel/GUIWidgets/CParamKnobGraphics.h"
+#include "Mirel/DataModel/GUIWidgets/WidgetState.h"
 #include "Mirel/GUI/CLightWidget.h"
 
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// A film strip that shows a parameter and takes no input. GUI thread.
+/// A film strip that shows a parameter and takes no input. Its catalog is as that of CGUIImageParamKnob. GUI
+/// thread.
 class CGUIImageParamMeter : public GUI::CLightWidget
 {
 public:
@@ -17,7 +19,8 @@ public:
                         GUI::CLightWidget* parent_ = nullptr)
         : CLightWidget(parent_),
           viewer(param),
-          graphics(catalog, owned, framesCount, orientation, viewer)
+          graphics(catalog, owned, framesCount, orientation, viewer),
+          stateConnections(*this, stateChanged)
     {
         SetGraphics(&graphics, false);
     }
@@ -27,8 +30,12 @@ public:
     CParamKnobGraphics& GetMeterGraphics() { return graphics; }
 
 private:
+    void UpdateState() { graphics.SetState(GetWidgetState(*this, false)); }
+
     Controls::CBaseParamViewer viewer;
     CParamKnobGraphics graphics;
+    Core::TCommand<CGUIImageParamMeter> stateChanged{this, &CGUIImageParamMeter::UpdateState};
+    CWidgetStateConnections stateConnections;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

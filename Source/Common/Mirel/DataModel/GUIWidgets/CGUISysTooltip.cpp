@@ -53,7 +53,7 @@ void CGUISysTooltip::Announce()
     const auto makeTip = [this]
     {
         GUI::STooltip tip = style;
-        tip.text = GetTipText();
+        tip.text = IsShown() ? GetTipText() : std::string();
         return tip;
     };
     if (tips != nullptr)

@@ -17,7 +17,8 @@ public:
     CGUISysTooltip& operator=(const CGUISysTooltip&) = delete;
     ~CGUISysTooltip() override;
 
-    /// Another widget than this one, which must outlive it; null for this one.
+    /// Another widget than this one, which must outlive it; null for this one. A tooltip that is hidden
+    /// explains nothing.
     void Explain(GUI::CLightWidget* newSubject);
 
     /// How it looks, and when it shows; the text of it does not count.

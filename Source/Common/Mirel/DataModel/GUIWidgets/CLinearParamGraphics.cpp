@@ -127,9 +127,9 @@ CRect CLinearParamGraphics::GetThumbArea() const
     return {origin, thumb};
 }
 
-int CLinearParamGraphics::GetThumbState() const
+int CLinearParamGraphics::GetStateIn(CImageCatalog& images) const
 {
-    return state == StateSelected && thumbImages->GetEntry(StateSelected) == nullptr ? StatePushed : state;
+    return state == StateSelected && images.GetEntry(StateSelected) == nullptr ? StatePushed : state;
 }
 
 void CLinearParamGraphics::UpdatePosition()

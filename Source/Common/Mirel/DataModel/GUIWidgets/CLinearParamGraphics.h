@@ -75,13 +75,14 @@ public:
     Graphics::CRect GetThumbArea() const;
 
     /// The state of the thumb in its catalog.
-    int GetThumbState() const;
+    int GetThumbState() const { return GetStateIn(*thumbImages); }
 
 private:
     void UpdatePosition();
     int GetPixel() const { return track.GetPixel(GetSize(), GetThumbLength(), position); }
     int GetThumbLength() const;
-    int GetTrackState() const { return state == StateSelected ? StatePushed : state; }
+    int GetTrackState() const { return GetStateIn(*trackImages); }
+    int GetStateIn(Graphics::CImageCatalog& images) const;
     Graphics::CRect GetTrackArea() const;
     Graphics::CRect GetFilledArea() const;
 

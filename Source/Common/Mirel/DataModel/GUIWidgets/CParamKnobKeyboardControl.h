@@ -41,7 +41,7 @@ private:
     Controls::CParamControl& control;
     IFineEditOpener* opener;
     std::function<Core::CPoint()> getPlace;
-    float pixelRange = -1.0F;
+    float pixelRange = noPixelRange;
     int pageSize = defaultPageSize;
     Core::CLifeToken life; ///< A change of the value may destroy the widget.
 };

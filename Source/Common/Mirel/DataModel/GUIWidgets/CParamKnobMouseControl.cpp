@@ -41,7 +41,7 @@ bool CParamKnobMouseControl::OnMouseDrag(const GUI::COSXMouseEvent& event)
     lastPoint = event.position;
     fineAtLastEvent = control.IsFineMode();
     const float range = GUIWidgets::GetPixelRange(pixelRange);
-    if (range > 0.0F)
+    if (MovesKnob(range))
     {
         const double pixels = horizontal ? static_cast<double>(lastPoint.x) - anchor.x
                                          : static_cast<double>(anchor.y) - lastPoint.y;

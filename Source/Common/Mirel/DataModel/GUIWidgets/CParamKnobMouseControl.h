@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// Pixels for the whole range; 0 for none, negative (as at first) for the default.
+    /// Pixels for the whole range: see KnobSteps.h. At first none is given.
     void SetPixelRange(float newPixelRange) { pixelRange = newPixelRange; }
     float GetPixelRange() const { return pixelRange; }
 
@@ -55,7 +55,7 @@ private:
 
     Controls::CParamControl& control;
     IFineEditOpener* opener;
-    float pixelRange = -1.0F;
+    float pixelRange = noPixelRange;
     bool horizontal = false;
     bool dragging = false;
     bool fineAtLastEvent = false;

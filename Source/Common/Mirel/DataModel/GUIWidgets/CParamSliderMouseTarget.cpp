@@ -8,7 +8,7 @@ bool CParamSliderMouseTarget::OnLeftDown(const GUI::COSXMouseEvent& event)
     // A slider that the pointer does not move is not moved by a press either.
     const bool goesThere = !IsDragging() && !event.IsModifierDown(GUI::EModifierKey::Alternate) &&
                            !graphics.IsOnThumb(event.position) &&
-                           GUIWidgets::GetPixelRange(GetPixelRange()) > 0.0F;
+                           MovesKnob(GUIWidgets::GetPixelRange(GetPixelRange()));
     CParamKnobMouseControl::OnLeftDown(event);
     if (goesThere)
     {

@@ -55,7 +55,8 @@ void CSkinLinearParamSlider::UpdateState()
 
 void CSkinLinearParamSlider::UpdateRange()
 {
-    const float range = pixelRange < 0.0F ? static_cast<float>(graphics.GetTrackLength()) : pixelRange;
+    const float range =
+        IsPixelRangeGiven(pixelRange) ? pixelRange : static_cast<float>(graphics.GetTrackLength());
     mouseTarget.SetPixelRange(range);
     keyboardControl.SetPixelRange(range);
 }

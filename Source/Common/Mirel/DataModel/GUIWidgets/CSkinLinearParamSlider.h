@@ -25,8 +25,8 @@ public:
 
     void SetTrack(const CLinearTrack& track);
 
-    /// Pixels of the pointer for the whole range; 0 for none, negative (as at first) for the way of the
-    /// thumb, which then stays under the pointer.
+    /// As in CParamKnobMouseControl, but without one given (as at first) it is the way of the thumb, which
+    /// then stays under the pointer.
     void SetPixelRange(float newPixelRange);
 
 private:
@@ -37,7 +37,7 @@ private:
     CLinearParamGraphics graphics;
     CParamSliderMouseTarget mouseTarget;
     CParamKnobKeyboardControl keyboardControl;
-    float pixelRange = -1.0F;
+    float pixelRange = noPixelRange;
     Core::TCommand<CSkinLinearParamSlider> stateChanged{this, &CSkinLinearParamSlider::UpdateState};
     Core::TCommand<CSkinLinearParamSlider> sizeChanged{this, &CSkinLinearParamSlider::UpdateRange};
     CWidgetStateConnections stateConnections;

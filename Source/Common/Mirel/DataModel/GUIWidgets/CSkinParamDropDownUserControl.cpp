@@ -165,6 +165,7 @@ bool CSkinParamDropDownUserControl::OpenList()
                                   new CChoose(*opening, stop, last), true);
         item.isChecked = stop == current;
     }
+    opening->menu.SetCurrent(current);
     list = opening;
     const auto closed = [opening]
     {

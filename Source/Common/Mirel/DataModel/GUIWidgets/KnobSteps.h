@@ -5,14 +5,28 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
+/// Stands for no range given, as NaN does. 0 is a knob that the pointer does not move, and any other negative
+/// range one that turns the other way.
+inline constexpr float noPixelRange = -1.0F;
+
 /// Pixels that the pointer moves for the whole range of a knob that nobody gave a range.
 inline constexpr float defaultPixelRange = 200.0F;
 
-/// The range given, or the default one for a negative range, which stands for none given. 0 is a knob that
-/// the pointer does not move.
+inline bool IsPixelRangeGiven(float range)
+{
+    return range < noPixelRange || range > noPixelRange;
+}
+
+/// The range given, or the default one.
 inline float GetPixelRange(float given)
 {
-    return given < 0.0F ? defaultPixelRange : given;
+    return IsPixelRangeGiven(given) ? given : defaultPixelRange;
+}
+
+/// Whether the pointer moves a knob of that range.
+inline bool MovesKnob(float pixelRange)
+{
+    return pixelRange < 0.0F || pixelRange > 0.0F;
 }
 
 /// By what movements are multiplied: less than 1 in fine mode.
@@ -29,7 +43,7 @@ inline float GetSteps(const Controls::CParamControl& control, float pixelRange, 
     {
         return positions > 1 ? amount / static_cast<float>(positions - 1) : 0.0F;
     }
-    return pixelRange < 0.0F || pixelRange > 0.0F ? amount * GetFineScale(control) / pixelRange : 0.0F;
+    return MovesKnob(pixelRange) ? amount * GetFineScale(control) / pixelRange : 0.0F;
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -19,6 +19,10 @@ struct CLimits
 
     /// Items of a list of values: more fit on no screen, and no list opens for a parameter that has more.
     static constexpr int maxListItems = 1 << 10;
+
+    /// Texts that are measured to find the longest one of a parameter. The names of a choice are fewer; of
+    /// more whole numbers the ends and the default tell enough.
+    static constexpr int maxMeasuredTexts = 1 << 6;
 };
 
 } // namespace Mirel::DataModel::GUIWidgets

@@ -14,7 +14,7 @@ enum EWidgetState
     StateHover = 2,
     StateFocus = 3,
     StatePushed = 4,
-    StateSelected = 5, ///< a slider's thumb that is held; shown as pushed where the catalog has none
+    StateSelected = 5, ///< a slider that is held; shown as pushed where the catalog has none
 };
 
 /// Which of them a widget shows.

@@ -111,7 +111,10 @@ void CDrawnTooltips::OpenAt(CPoint screenPosition)
         Hide();
         return;
     }
-    leaveTimer = platform.GetRunLoop().AddTimer(leavePeriodMs, [this] { HideIfLeft(); });
+    if (!tip.isForPress)
+    {
+        leaveTimer = platform.GetRunLoop().AddTimer(leavePeriodMs, [this] { HideIfLeft(); });
+    }
     LimitTime();
 }
 

@@ -7,16 +7,25 @@
 namespace Mirel::GUI
 {
 
-CHostTooltips::CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_)
+CHostTooltips::CHostTooltips(CLightWidgetAdapter& host_, ITooltipPresenter& presenter_, CWidget* behind_)
     : host(host_),
-      presenter(presenter_)
+      presenter(presenter_),
+      behind(behind_)
 {
     host.AddEventsTarget(this);
+    if (behind != nullptr)
+    {
+        behind->AddEventsTarget(this);
+    }
 }
 
 CHostTooltips::~CHostTooltips()
 {
     host.RemoveEventsTarget(this);
+    if (behind != nullptr)
+    {
+        behind->RemoveEventsTarget(this);
+    }
     presenter.Hide();
 }
 
@@ -39,7 +48,7 @@ void CHostTooltips::Refresh(CLightWidget& widget)
 {
     if (current == &widget)
     {
-        presenter.SetTipText(tips.at(&widget).source().text);
+        presenter.SetTipText(GetTip(widget).text);
     }
 }
 
@@ -71,7 +80,7 @@ void CHostTooltips::OnMouse(const SNativeMouseEvent& event)
         presenter.Hide();
         current = under;
         const bool isPress = (event.buttons & ButtonFlag(event.button)) != 0;
-        if (isPress && under != nullptr && tips.at(under).showOnClick)
+        if (isPress && under != nullptr && ShowsOnClick(*under))
         {
             Show(under, true, event.screenPosition);
         }
@@ -83,7 +92,7 @@ void CHostTooltips::OnMouse(const SNativeMouseEvent& event)
     }
 }
 
-void CHostTooltips::Show(CLightWidget* widget, bool atOnce, CPoint screenPosition)
+void CHostTooltips::Show(CLightWidget* widget, bool forPress, CPoint screenPosition)
 {
     presenter.Hide();
     const CWindowBase* const window = host.GetWindow();
@@ -91,10 +100,11 @@ void CHostTooltips::Show(CLightWidget* widget, bool atOnce, CPoint screenPositio
     {
         return;
     }
-    STooltip tip = tips.at(widget).source();
-    if (atOnce)
+    STooltip tip = GetTip(*widget);
+    if (forPress)
     {
         tip.delayMs = 0;
+        tip.isForPress = true;
     }
     if (!tip.text.empty())
     {
@@ -102,26 +112,56 @@ void CHostTooltips::Show(CLightWidget* widget, bool atOnce, CPoint screenPositio
     }
 }
 
-/// The innermost of those with a tooltip that the place is on, whether they take the mouse or not.
+/// The host stands behind all, by its root, if it has a tooltip of its own.
 CLightWidget* CHostTooltips::Find(CPoint devicePosition) const
 {
     const CWindowBase* const window = host.GetWindow();
-    if (window == nullptr)
+    CLightWidget* const root = host.GetLightRoot();
+    if (window == nullptr || root == nullptr || !host.IsVisible())
     {
         return nullptr;
     }
     const CPoint place = Minus(window->ToSkin(devicePosition), host.GetPositionInWindow());
-    CLightWidget* found = nullptr;
-    for (const auto& [widget, tip] : tips)
+    CLightWidget* const found = FindIn(*root, place);
+    const bool isOnHost = CRect(CPoint(), host.GetSize()).Contains(place);
+    return found == nullptr && isOnHost && !host.GetTooltip().empty() ? root : found;
+}
+
+/// The innermost and foremost of those with a tooltip that the place is on, whether they take the mouse or
+/// not.
+CLightWidget* CHostTooltips::FindIn(CLightWidget& widget, CPoint place) const
+{
+    place = Minus(place, widget.GetPosition());
+    if (!widget.IsShown() || !CRect(CPoint(), widget.GetSize()).Contains(place))
     {
-        const bool isOver =
-            widget->IsVisible() && CRect(widget->GetAbsolutePosition(), widget->GetSize()).Contains(place);
-        if (isOver && (found == nullptr || widget->StandsIn(*found)))
+        return nullptr;
+    }
+    for (int i = widget.GetChildCount() - 1; i >= 0; --i)
+    {
+        if (CLightWidget* const inner = FindIn(*widget.GetChild(i), place))
         {
-            found = widget;
+            return inner;
         }
     }
-    return found;
+    return tips.contains(&widget) ? &widget : nullptr;
+}
+
+STooltip CHostTooltips::GetTip(CLightWidget& widget) const
+{
+    const auto found = tips.find(&widget);
+    if (found != tips.end())
+    {
+        return found->second.source();
+    }
+    STooltip tip;
+    tip.text = host.GetTooltip();
+    return tip;
+}
+
+bool CHostTooltips::ShowsOnClick(CLightWidget& widget) const
+{
+    const auto found = tips.find(&widget);
+    return found != tips.end() && found->second.showOnClick;
 }
 
 } // namespace Mirel::GUI

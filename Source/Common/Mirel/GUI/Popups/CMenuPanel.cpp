@@ -27,6 +27,13 @@ CMenuPanel::CMenuPanel(INativePlatform& platform_, const CMenu& menu, const CPop
       layout(menu, look_),
       listener(listener_)
 {
+    if (layout.IsSelectable(menu.GetCurrent()))
+    {
+        selected = menu.GetCurrent();
+        const CRect rect = layout.GetItemRect(selected);
+        const int toMiddle = rect.y + arrowStrip - (GetSkinSize().height - rect.height) / 2;
+        scroll = std::clamp(toMiddle, 0, GetLargestScroll());
+    }
 }
 
 CMenuPanel::~CMenuPanel()

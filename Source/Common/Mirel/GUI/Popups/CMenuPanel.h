@@ -27,8 +27,8 @@ public:
     virtual ~IMenuPanelListener() = default;
 };
 
-/// The window of one menu, without its sub-menus. It scrolls if the screen is too low for it. GUI thread
-/// only.
+/// The window of one menu, without its sub-menus. It scrolls if the screen is too low for it, and begins with
+/// the menu's current item in the middle. GUI thread only.
 class CMenuPanel : public CPopupWindow
 {
 public:

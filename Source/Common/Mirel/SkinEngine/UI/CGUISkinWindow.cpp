@@ -1,9 +1,5 @@
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
 
-#include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
-#include "Mirel/DataModel/Objects/CEnumToText.h"
-#include "Mirel/DataModel/Objects/CParamValueToText.h"
-#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CLightWidgetAdapter.h"
 #include "Mirel/GUI/CLightWidgetLayoutCell.h"
 #include "Mirel/GUI/CWidgetLayoutCell.h"
@@ -12,6 +8,7 @@
 #include "Mirel/SkinEngine/Language/MessagePresentation.h"
 #include "Mirel/SkinEngine/UI/CGUISkinData.h"
 #include "Mirel/SkinEngine/UI/CSkinUIElementsHandler.h"
+#include "Mirel/SkinEngine/UI/ExposedObjects.h"
 
 #include <filesystem>
 #include <utility>
@@ -222,20 +219,9 @@ void CGUISkinWindow::ExposeWindow()
     thread->AddInterface<System::IThreadInvoker>("IThreadInvoker", &timers.GetInvoker(), false);
     model.AddObject("model_thread", thread.release(), true);
 
-    const ISkinModelExposure& wanted = load->model.GetExposure();
-    const CParamInfo opacityInfo(ValueKindReal, 0.0F, 1.0F, 1.0F, "Window Opacity", "", "",
-                                 new CParamValueToText("%.2f", false, "{value}"));
-    model.AddParam("window.opacity",
-                   new CCaptureParamWrapper(
-                       opacityInfo, [this] { return GetOpacity(); },
-                       [this](float value) { SetOpacity(value); }, &opacityChanged),
-                   wanted.GetParamFlags("window.opacity"), true);
-    const CParamInfo loadedInfo(ValueKindInteger, 0.0F, 1.0F, 0.0F, "Window Loaded", "", "",
-                                new CEnumToText({"Not loaded", "Loaded"}));
-    model.AddConstParam("window.loaded",
-                        new CConstCaptureParamWrapper(
-                            loadedInfo, [this] { return loaded ? 1.0F : 0.0F; }, &loadedChanged),
-                        wanted.GetParamFlags("window.loaded"), true);
+    ExposeWindowProperties(
+        load->data, [this] { return GetOpacity(); }, [this](float value) { SetOpacity(value); },
+        &opacityChanged, [this] { return loaded; }, &loadedChanged);
 }
 
 SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)

@@ -152,7 +152,7 @@ void CUIElement::PlaceRoot(const SSkinPlace& place, bool lightMode)
     inside.light = place.light;
     inside.native = place.native;
     inside.group = place.group;
-    inside.tips = place.light == nullptr ? nullptr : MakeTips(*place.light);
+    inside.tips = place.light == nullptr ? nullptr : MakeTips(*place.light, place.native);
     if (place.group != nullptr)
     {
         place.group->SetInternalAlign(ReadAlign(attributes, "internal_h_align"),
@@ -173,23 +173,25 @@ void CUIElement::PlaceInRow(Layout::CTableLayoutCell& table)
     build.Push(std::move(inside));
 }
 
-void CUIElement::PlaceInWidget(GUI::CLightWidget& widget)
+bool CUIElement::PlaceInWidget(GUI::CLightWidget& widget)
 {
     if (inside.light != nullptr)
     {
         inside.light->AddChild(&widget);
     }
     build.GetData().AddWidget(widget);
+    const bool exposed = PlaceVisibility([&widget](bool shown) { widget.Show(shown); });
     build.Push(std::move(inside));
+    return exposed;
 }
 
-GUI::CHostTooltips* CUIElement::MakeTips(GUI::CLightWidget& light) const
+GUI::CHostTooltips* CUIElement::MakeTips(GUI::CLightWidget& light, GUI::CWidget* behind) const
 {
     auto* const host = dynamic_cast<GUI::CLightWidgetAdapter*>(light.GetRootWidget());
     GUI::ITooltipPresenter* const presenter = build.GetServices().tooltips;
     return host == nullptr || presenter == nullptr
                ? nullptr
-               : &build.GetData().Own(std::make_unique<GUI::CHostTooltips>(*host, *presenter));
+               : &build.GetData().Own(std::make_unique<GUI::CHostTooltips>(*host, *presenter, behind));
 }
 
 /// Into the light tree, or into a native host of its own.
@@ -214,7 +216,7 @@ CGroupLayoutCell& CUIElement::Attach(GUI::CLightWidget& widget)
     around.native->AddChild(&adapter, false);
     data.AddWidget(static_cast<GUI::CWidget&>(adapter));
     inside.native = &adapter;
-    inside.tips = MakeTips(widget);
+    inside.tips = MakeTips(widget, nullptr);
     return adapter.GetCell();
 }
 
@@ -299,16 +301,21 @@ bool CUIElement::PlaceCell(CBaseGroupLayoutCell& cell, std::function<void(bool)>
     {
         build.Warn(build.GetElement() + ": element of a TABLE outside a TABLE_ROW.");
     }
-    CSkinVisibility& visibility =
-        build.GetData().Own(std::make_unique<CSkinVisibility>(around.visibility, std::move(show)));
-    visibility.SetVisible(IsNotFalse(attributes, "visible"));
-    inside.visibility = &visibility;
     inside.group = &cell;
-    bool exposed = ExposeSwitch(
-        ".visible", hideShow, [&visibility] { return visibility.IsVisible(); },
-        [&visibility](bool on) { visibility.SetVisible(on); }, &visibility.GetChangedEventProvider());
+    bool exposed = PlaceVisibility(std::move(show));
     exposed = ExposeCell(cell) && exposed;
     return (options == nullptr || ExposeOptions(*options)) && exposed;
+}
+
+bool CUIElement::PlaceVisibility(std::function<void(bool)> show)
+{
+    CSkinVisibility& visibility =
+        build.GetData().Own(std::make_unique<CSkinVisibility>(build.GetScope().visibility, std::move(show)));
+    visibility.SetVisible(IsNotFalse(attributes, "visible"));
+    inside.visibility = &visibility;
+    return ExposeSwitch(
+        ".visible", hideShow, [&visibility] { return visibility.IsVisible(); },
+        [&visibility](bool on) { visibility.SetVisible(on); }, &visibility.GetChangedEventProvider());
 }
 
 bool CUIElement::Expose(const char* suffix, const SExposedProperty& property, std::function<float()> get,

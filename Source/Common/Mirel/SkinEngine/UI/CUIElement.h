@@ -59,7 +59,7 @@ public:
     bool PlaceBox(GUI::CLightWidget& widget);
 
     /// A widget without room of its own, which belongs to the one that the element stands in.
-    void PlaceInWidget(GUI::CLightWidget& widget);
+    bool PlaceInWidget(GUI::CLightWidget& widget);
     bool Place(Layout::CGroupLayoutCell& cell);
     bool Place(Layout::CTableLayoutCell& cell);
 
@@ -86,12 +86,13 @@ private:
     };
 
     bool PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds holds);
-    GUI::CHostTooltips* MakeTips(GUI::CLightWidget& light) const;
+    GUI::CHostTooltips* MakeTips(GUI::CLightWidget& light, GUI::CWidget* behind) const;
     Layout::CGroupLayoutCell& Attach(GUI::CLightWidget& widget);
     void ReadWidget(GUI::CLightWidget& widget, EInput input) const;
     void ReadCursor(GUI::CLightWidget& widget) const;
     void ReadGroup(Layout::CBaseGroupLayoutCell& cell) const;
     bool PlaceCell(Layout::CBaseGroupLayoutCell& cell, std::function<void(bool)> show);
+    bool PlaceVisibility(std::function<void(bool)> show);
     bool ExposeWidget(GUI::CLightWidget& widget);
     bool ExposeCell(Layout::CBaseGroupLayoutCell& cell);
     bool ExposeMargins(Layout::CBaseGroupLayoutCell& cell);

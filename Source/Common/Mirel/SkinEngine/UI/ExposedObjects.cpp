@@ -3,6 +3,7 @@
 #include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
 #include "Mirel/DataModel/Objects/CEnumToText.h"
 #include "Mirel/DataModel/Objects/CParamValueToText.h"
+#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/SkinEngine/Model/ModelAttributes.h"
 
 namespace Mirel::SkinEngine
@@ -56,6 +57,19 @@ bool ExposeFlag(CGUISkinData& data, const std::string& id, const SExposedPropert
     return ExposeProperty(
         data, id, property, [get = std::move(get)] { return get() ? 1.0F : 0.0F; }, std::move(setFlag),
         changed);
+}
+
+bool ExposeWindowProperties(CGUISkinData& data, std::function<float()> getOpacity,
+                            std::function<void(float)> setOpacity, Core::IEventProvider* opacityChanged,
+                            std::function<bool()> isLoaded, Core::IEventProvider* loadedChanged)
+{
+    const bool exposed =
+        ExposeProperty(data, "window.opacity", {"Window Opacity", 0.0F, 1.0F, ValueKindReal, nullptr, "%.2f"},
+                       std::move(getOpacity), std::move(setOpacity), opacityChanged);
+    return ExposeFlag(data, "window.loaded",
+                      {"Window Loaded", 0.0F, 1.0F, ValueKindInteger, "Not loaded;Loaded", nullptr},
+                      std::move(isLoaded), nullptr, loadedChanged) &&
+           exposed;
 }
 
 } // namespace Mirel::SkinEngine

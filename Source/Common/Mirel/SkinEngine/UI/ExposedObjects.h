@@ -31,4 +31,9 @@ bool ExposeProperty(CGUISkinData& data, const std::string& id, const SExposedPro
 bool ExposeFlag(CGUISkinData& data, const std::string& id, const SExposedProperty& property,
                 std::function<bool()> get, std::function<void(bool)> set, Core::IEventProvider* changed);
 
+/// "window.opacity" and "window.loaded", as ExposeProperty does.
+bool ExposeWindowProperties(CGUISkinData& data, std::function<float()> getOpacity,
+                            std::function<void(float)> setOpacity, Core::IEventProvider* opacityChanged,
+                            std::function<bool()> isLoaded, Core::IEventProvider* loadedChanged);
+
 } // namespace Mirel::SkinEngine

@@ -76,7 +76,7 @@ bool BuildTableRow(CUIBuild& build, const CNamedAttributes& attributes)
     if (text.ends_with('%'))
     {
         float percents = 0.0F;
-        ratio = ReadNumber(attributes, "height", percents) ? percents * 0.01F : ratio;
+        ratio = ReadNumber(attributes, "height", percents) ? FromPercent(percents) : ratio;
     }
     else
     {

@@ -31,13 +31,6 @@ SLinearImages ReadLinearImages(CUIBuild& build, const CNamedAttributes& attribut
     return {track.release(), thumb.release(), true};
 }
 
-float ReadPixelRange(const CNamedAttributes& attributes)
-{
-    float pixelRange = -1.0F;
-    ReadNumber(attributes, "pixel_range", pixelRange);
-    return pixelRange;
-}
-
 } // namespace
 
 bool BuildImageParamKnob(CUIBuild& build, const CNamedAttributes& attributes)

@@ -2,6 +2,7 @@
 
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
+#include "Mirel/DataModel/GUIWidgets/KnobSteps.h"
 #include "Mirel/DataModel/GUIWidgets/WidgetState.h"
 
 #include <array>
@@ -55,17 +56,27 @@ private:
 
 } // namespace
 
-SParamName FindParam(const CUIElement& element)
+SParamName FindGivenParam(const CNamedAttributes& attributes)
 {
     for (const char* prefix : {"", "x_", "y_", "z_"})
     {
-        if (const char* id = FindText(element.GetAttributes(), std::string(prefix) + "param_id"))
+        if (const char* id = FindText(attributes, std::string(prefix) + "param_id"))
         {
             return {id, prefix};
         }
     }
-    element.GetBuild().Warn(element.GetBuild().GetElement() + ", not connected to any parameter (x, y or z)");
     return {nullptr, ""};
+}
+
+SParamName FindParam(const CUIElement& element)
+{
+    const SParamName found = FindGivenParam(element.GetAttributes());
+    if (found.id == nullptr)
+    {
+        const CUIBuild& build = element.GetBuild();
+        build.Warn(build.GetElement() + ", not connected to any parameter (x, y or z)");
+    }
+    return found;
 }
 
 std::unique_ptr<CImageCatalog> ReadStates(CUIBuild& build, const CNamedAttributes& attributes,
@@ -110,6 +121,13 @@ Graphics::CMultiFilmStripDrawer::EOrientation ReadImageOrientation(const CNamedA
     return std::string_view(GetText(attributes, "image_orientation")) == "horizontal"
                ? EOrientation::Horizontal
                : EOrientation::Vertical;
+}
+
+float ReadPixelRange(const CNamedAttributes& attributes)
+{
+    float pixelRange = DataModel::GUIWidgets::noPixelRange;
+    ReadNumber(attributes, "pixel_range", pixelRange);
+    return pixelRange;
 }
 
 void ReadControl(const CUIElement& element, const SParamName& param, CParamControl& control)

@@ -17,7 +17,10 @@ struct SParamName
     std::string prefix;
 };
 
-/// `param_id`, or that of an axis, such as `x_param_id`.
+/// `param_id`, or that of an axis, such as `x_param_id`. Null, without a report, if there is none.
+SParamName FindGivenParam(const Containers::CNamedAttributes& attributes);
+
+/// The same with the report.
 SParamName FindParam(const CUIElement& element);
 
 /// The images of a widget's states, with masks: 0 plain, 1 disabled, 2 hover, 3 focus, 4 pushed. One that the
@@ -38,6 +41,9 @@ int ReadImagesCount(const Containers::CNamedAttributes& attributes, int missing)
 /// `image_orientation`.
 Graphics::CMultiFilmStripDrawer::EOrientation
 ReadImageOrientation(const Containers::CNamedAttributes& attributes);
+
+/// `pixel_range`.
+float ReadPixelRange(const Containers::CNamedAttributes& attributes);
 
 /// `fine_ratio`; and the program is told of right clicks from now on. The control is that of a widget of the
 /// skin.

@@ -21,17 +21,13 @@ void ReadText(const CUIElement& element, CTextLightWidget& widget)
     element.ReadSize(widget);
 }
 
-bool NeedsSize(const CUIElement& element, const char* axis)
-{
-    return !ReadPixels(element.GetAttributes(), axis) && !ReadRatio(element.GetAttributes(), axis);
-}
-
 bool BuildStringViewer(CUIElement& element)
 {
     auto& widget = element.Make<CGUIStringViewer>(
         element.GetBuild().GetString(GetText(element.GetAttributes(), "string_id")));
     ReadText(element, widget);
-    widget.FitToText(NeedsSize(element, "width"), NeedsSize(element, "height"));
+    widget.FitToText(NeedsSize(element.GetAttributes(), "width"),
+                     NeedsSize(element.GetAttributes(), "height"));
     return element.Place(widget, CUIElement::EInput::None);
 }
 
@@ -63,11 +59,11 @@ bool BuildText(CUIBuild& build, const CNamedAttributes& attributes)
     auto& widget = element.Make<CTextLightWidget>();
     widget.SetText(GetText(attributes, "value"));
     ReadText(element, widget);
-    const bool needsWidth = NeedsSize(element, "width");
+    const bool needsWidth = NeedsSize(attributes, "width");
     Core::CSize size = widget.GetSize();
     const Core::CSize natural = widget.GetTextDrawer().GetNaturalSize(needsWidth ? 0 : size.width);
     size.width = needsWidth ? natural.width : size.width;
-    size.height = NeedsSize(element, "height") ? natural.height : size.height;
+    size.height = NeedsSize(attributes, "height") ? natural.height : size.height;
     widget.SetSize(size);
     return element.Place(widget, CUIElement::EInput::None);
 }

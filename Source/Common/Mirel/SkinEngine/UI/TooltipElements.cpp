@@ -1,6 +1,6 @@
 #include "Mirel/DataModel/GUIWidgets/CGUISysParamTooltip.h"
 #include "Mirel/DataModel/GUIWidgets/CGUISysStringTooltip.h"
-#include "Mirel/SkinEngine/UI/CUIElement.h"
+#include "Mirel/SkinEngine/UI/ParamSettings.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
 
 #include <string_view>
@@ -35,7 +35,7 @@ CGUISysTooltip& MakeTooltip(CUIElement& element, GUI::CHostTooltips* tips)
 {
     const CNamedAttributes& attributes = element.GetAttributes();
     CUIBuild& build = element.GetBuild();
-    if (const char* id = FindText(attributes, "param_id"))
+    if (const char* id = FindGivenParam(attributes).id)
     {
         return element.Make<CGUISysParamTooltip>(build.GetConstParam(id), tips);
     }
@@ -43,7 +43,12 @@ CGUISysTooltip& MakeTooltip(CUIElement& element, GUI::CHostTooltips* tips)
     {
         return element.Make<CGUISysStringTooltip>(build.GetString(id), tips);
     }
-    return element.Make<CGUISysStringTooltip>(GetText(attributes, "text"), tips);
+    const char* const text = FindText(attributes, "text");
+    if (text == nullptr && build.GetElement() == "PARAM_TOOLTIP")
+    {
+        FindParam(element); // for its report
+    }
+    return element.Make<CGUISysStringTooltip>(text, tips);
 }
 
 } // namespace
@@ -59,8 +64,12 @@ bool BuildTooltip(CUIBuild& build, const CNamedAttributes& attributes)
     if (around.widget != nullptr)
     {
         tooltip.Explain(around.widget);
-        element.PlaceInWidget(tooltip);
-        return true;
+        return element.PlaceInWidget(tooltip);
+    }
+    if (FindText(attributes, "flex") == nullptr &&
+        (NeedsSize(attributes, "width") || NeedsSize(attributes, "height")))
+    {
+        build.Warn(build.GetElement() + ": in no widget and without a size it is never shown.");
     }
     element.ReadSize(tooltip);
     return element.Place(tooltip, CUIElement::EInput::None);

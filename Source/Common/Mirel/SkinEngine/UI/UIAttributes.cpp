@@ -36,8 +36,6 @@ constexpr std::array<SNamedColor, 16> namedColors = {{{"black", {0, 0, 0}},
                                                       {"teal", {0, 128, 128}},
                                                       {"aqua", {0, 255, 255}}}};
 
-constexpr float percent = 0.01F;
-
 std::string_view GetView(const CNamedAttributes& attributes, const std::string& name)
 {
     return GetText(attributes, name);
@@ -244,7 +242,7 @@ std::optional<float> ReadRatio(const CNamedAttributes& attributes, const std::st
     {
         return std::nullopt;
     }
-    return value * percent;
+    return FromPercent(value);
 }
 
 std::optional<int> ReadPixels(const CNamedAttributes& attributes, const std::string& name)
@@ -257,12 +255,17 @@ std::optional<int> ReadPixels(const CNamedAttributes& attributes, const std::str
     return value;
 }
 
+bool NeedsSize(const CNamedAttributes& attributes, const std::string& axis)
+{
+    return !ReadPixels(attributes, axis) && !ReadRatio(attributes, axis);
+}
+
 float ReadOpacity(const CNamedAttributes& attributes)
 {
     const bool inPercent = GetView(attributes, "opacity").find('%') != std::string_view::npos;
     float value = inPercent ? 100.0F : 1.0F;
     ReadNumber(attributes, "opacity", value);
-    value = inPercent ? value * percent : value;
+    value = inPercent ? FromPercent(value) : value;
     return value > 0.0F ? std::min(value, 1.0F) : 0.0F;
 }
 

@@ -34,11 +34,20 @@ Graphics::CTextFormat ReadTextFormat(const Containers::CNamedAttributes& attribu
 /// `stretch` and `repeat`.
 Graphics::CImageGraphics::ETileMode ReadTileMode(const Containers::CNamedAttributes& attributes);
 
+/// The nearest float to a hundredth: the product of two floats would make 5% of 100 pixels less than 5.
+inline float FromPercent(float percents)
+{
+    return static_cast<float>(static_cast<double>(percents) * 0.01);
+}
+
 /// The share that a value such as "25%" names; none for a text whose first "%" is not its last character.
 std::optional<float> ReadRatio(const Containers::CNamedAttributes& attributes, const std::string& name);
 
 /// The pixels that a plain number names; none for a share, a text without a number, and -1.
 std::optional<int> ReadPixels(const Containers::CNamedAttributes& attributes, const std::string& name);
+
+/// Whether the element says nothing of its size along that axis, neither pixels nor a share.
+bool NeedsSize(const Containers::CNamedAttributes& attributes, const std::string& axis);
 
 /// `opacity`, from 0 to 1, 1 if it is missing.
 float ReadOpacity(const Containers::CNamedAttributes& attributes);

@@ -82,6 +82,47 @@ TEST(CGUIImageParamButton, ContinuousParameterHasNoSteps)
     EXPECT_EQ(rig.Take(), "[0.25 ]");
 }
 
+TEST(CGUIImageParamButton, StepsThroughTheStopsOfItsWindow)
+{
+    CButton rig(Tests::Real(0.0F, 1.0F));
+    rig.widget->GetControl().SetPositionsCount(5);
+    rig.widget->GetControl().SetZoom(2.0F); // (5 - 1) / 2 + 1 = 3 stops, from 0 to 0.5
+    for (const char* expected : {"[0.25 ]", "[0.50 ]", "[]"})
+    {
+        rig.Click(15, 15);
+        EXPECT_EQ(rig.Take(), expected);
+        rig.Rest();
+    }
+    rig.widget->GetPushGraphics().SetLoop(true);
+    rig.Click(15, 15);
+    EXPECT_EQ(rig.Take(), "[0.00 ]");
+}
+
+TEST(CGUIImageParamButton, StepsAReversedParameterDown)
+{
+    CButton rig(Tests::Integer(0.0F, 2.0F, 2.0F));
+    rig.widget->GetControl().SetReverse(true);
+    rig.noted.param.SetValue(2.0F);
+    rig.Take();
+    for (const char* expected : {"[1.00 ]", "[0.00 ]", "[]"})
+    {
+        rig.Click(15, 15);
+        EXPECT_EQ(rig.Take(), expected);
+        rig.Rest();
+    }
+}
+
+TEST(CGUIImageParamButton, OneStopHasNoSteps)
+{
+    CButton rig(Tests::Real(0.0F, 1.0F));
+    rig.widget->GetControl().SetPositionsCount(1);
+    rig.widget->GetPushGraphics().SetLoop(true);
+    rig.noted.param.SetValue(0.7F);
+    rig.Take();
+    rig.Click(15, 15);
+    EXPECT_EQ(rig.Take(), "[]");
+}
+
 TEST(CGUIImageParamButton, TakesEffectAtTheReleaseOnly)
 {
     CButton rig(Tests::TwoState(0, 0.0F, 1.0F));

@@ -63,11 +63,36 @@ TEST(CGUIImageParamDropDownList, OpensTheValuesBelowItAtTheReleaseOverIt)
     rig.Release();
     ASSERT_EQ(rig.menus.opened, 1);
     EXPECT_EQ(rig.menus.GetItems(), "*Flow|Loop|Trigger");
+    EXPECT_EQ(rig.menus.menu->GetCurrent(), 0);
     EXPECT_EQ(rig.menus.owner, rig.window->GetNativeWindow());
     const Core::CPoint origin = rig.Native().GetScreenPosition();
     EXPECT_EQ(rig.menus.place, (Core::CPoint{origin.x + 10, origin.y + 30}));
     EXPECT_TRUE(rig.IsPushed());
     EXPECT_EQ(rig.noted.Take(), ""); // no gesture yet
+}
+
+TEST(CGUIImageParamDropDownList, ListOfManyValuesBeginsAtThePresentOne)
+{
+    CList rig(Tests::Integer(-20.0F, 300.0F, 0.0F));
+    rig.noted.param.SetValue(180.0F);
+    rig.Open();
+    EXPECT_EQ(rig.menus.menu->GetItems().size(), 321U);
+    EXPECT_EQ(rig.menus.menu->GetCurrent(), 200);
+    EXPECT_EQ(rig.menus.menu->GetItems()[200].text, "180");
+    EXPECT_TRUE(rig.menus.menu->GetItems()[200].isChecked);
+}
+
+TEST(CGUIImageParamDropDownList, ValuesBeyondTheLimitOpenNoList)
+{
+    CList rig(Tests::Integer(0.0F, 1023.0F, 0.0F));
+    rig.Open();
+    EXPECT_EQ(rig.menus.menu->GetItems().size(), 1024U);
+    CList more(Tests::Integer(0.0F, 1024.0F, 0.0F));
+    more.Click(15, 15);
+    EXPECT_EQ(more.menus.menu, nullptr);
+    EXPECT_FALSE(more.IsPushed());
+    more.platform.TurnWheel(1.0);
+    EXPECT_EQ(more.noted.param.GetValue(), 1.0F) << "the wheel still steps";
 }
 
 TEST(CGUIImageParamDropDownList, ChoiceIsOneGesture)

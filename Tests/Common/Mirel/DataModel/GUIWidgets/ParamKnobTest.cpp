@@ -1,17 +1,17 @@
-#include "Common/Mirel/DataModel/Controls/AxisInfos.h"
 #include "Common/Mirel/Graphics/Changes.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamKnob.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobGraphics.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobKeyboardControl.h"
 #include "Mirel/DataModel/GUIWidgets/CParamKnobMouseControl.h"
-#include "Mirel/DataModel/Objects/CCaptureParam.h"
 #include "Mirel/GUI/InputEvents.h"
 #include "Mirel/GUI/Native/NativeEvents.h"
-#include "Mirel/Graphics/CImageCatalog.h"
-#include "Support/EventCounter.h"
+#include "PushRig.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <limits>
+#include <memory>
 #include <vector>
 
 using namespace Mirel;
@@ -172,6 +172,112 @@ TEST(CParamKnobMouseControl, RangeOfNoneDoesNotMove)
     EXPECT_EQ(knob.param.GetValue(), 0.5F);
 }
 
+TEST(CParamKnobMouseControl, NegativeRangeTurnsTheOtherWay)
+{
+    CKnob knob;
+    knob.mouse.SetPixelRange(-100.0F);
+    knob.keys.SetPixelRange(-100.0F);
+    knob.mouse.OnLeftDown(At(0, 50));
+    knob.mouse.OnMouseDrag(At(0, 40));
+    EXPECT_NEAR(knob.param.GetValue(), 0.4F, 1e-6F);
+    knob.mouse.OnLeftUp(At(0, 40));
+    knob.mouse.OnMouseWheel(Wheel(3.0F));
+    EXPECT_NEAR(knob.param.GetValue(), 0.37F, 1e-6F);
+    knob.Press(ENativeKey::Up);
+    EXPECT_NEAR(knob.param.GetValue(), 0.36F, 1e-6F);
+}
+
+TEST(CParamKnobMouseControl, RangeThatIsNotGivenIsTheDefaultOne)
+{
+    for (const float range : {-1.0F, std::numeric_limits<float>::quiet_NaN()})
+    {
+        CKnob knob;
+        knob.mouse.SetPixelRange(range);
+        knob.keys.SetPixelRange(range);
+        knob.mouse.OnLeftDown(At(0, 50));
+        knob.mouse.OnMouseDrag(At(0, 50 - 20));
+        EXPECT_NEAR(knob.param.GetValue(), 0.5F + 20.0F / defaultPixelRange, 1e-6F);
+        knob.mouse.OnLeftUp(At(0, 50 - 20));
+        knob.param.SetValue(0.5F);
+        knob.Press(ENativeKey::Up, 0, 10);
+        EXPECT_NEAR(knob.param.GetValue(), 0.5F + 10.0F / defaultPixelRange, 1e-6F);
+    }
+}
+
+TEST(CParamKnobMouseControl, EndlessRangeDoesNotMove)
+{
+    CKnob knob;
+    knob.mouse.SetPixelRange(std::numeric_limits<float>::infinity());
+    knob.mouse.OnLeftDown(At(0, 50));
+    knob.mouse.OnMouseDrag(At(0, -2000000000));
+    EXPECT_EQ(knob.param.GetValue(), 0.5F);
+}
+
+TEST(CParamKnobMouseControl, OneStopReadsTheMinimumWhateverMoves)
+{
+    CKnob knob;
+    knob.control.SetPositionsCount(1);
+    knob.mouse.OnLeftDown(At(0, 50));
+    knob.mouse.OnMouseDrag(At(0, 0));
+    EXPECT_EQ(knob.param.GetValue(), 0.0F);
+    knob.mouse.OnLeftUp(At(0, 0));
+    knob.mouse.OnMouseWheel(Wheel(3.0F));
+    knob.Press(ENativeKey::Up);
+    EXPECT_EQ(knob.param.GetValue(), 0.0F);
+}
+
+TEST(CParamKnobMouseControl, SteppedDragStandsOnItsStops)
+{
+    CKnob knob;
+    knob.control.SetPositionsCount(5);
+    knob.mouse.OnLeftDown(At(0, 50));
+    knob.mouse.OnMouseDrag(At(0, 40)); // 0.6 lies next to 0.5
+    EXPECT_EQ(knob.param.GetValue(), 0.5F);
+    knob.mouse.OnMouseDrag(At(0, 37)); // and 0.63 to 0.75
+    EXPECT_EQ(knob.param.GetValue(), 0.75F);
+}
+
+TEST(CParamKnobMouseControl, ReversedParameterIsDraggedDown)
+{
+    CKnob knob;
+    knob.control.SetReverse(true);
+    knob.mouse.OnLeftDown(At(0, 50));
+    knob.mouse.OnMouseDrag(At(0, 40));
+    EXPECT_NEAR(knob.param.GetValue(), 0.4F, 1e-6F);
+}
+
+TEST(CParamKnobMouseControl, RightButtonTellsTheControlDownAndUp)
+{
+    CKnob knob;
+    Tests::CEventCounter told(knob.control.GetRightClickEventProvider());
+    EXPECT_TRUE(knob.mouse.OnRightDown(At(1, 1)));
+    EXPECT_EQ(told.Take(), 1);
+    EXPECT_TRUE(knob.mouse.OnRightUp(At(1, 1)));
+    EXPECT_EQ(told.Take(), 1);
+    EXPECT_EQ(knob.begun.Take(), 0);
+}
+
+TEST(CParamKnobMouseControl, EveryEventReadsTheFineModeFromShift)
+{
+    const std::vector<std::function<void(CKnob&, std::uint32_t)>> events = {
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnLeftDown(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnLeftUp(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnMouseDrag(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnLeftDoubleClick(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnRightDown(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.mouse.OnRightUp(At(0, 0, flags)); },
+        [](CKnob& knob, std::uint32_t flags) { knob.Press(ENativeKey::Up, 0, 1, flags); },
+    };
+    for (std::size_t i = 0; i < events.size(); ++i)
+    {
+        CKnob knob;
+        events[i](knob, shift);
+        EXPECT_TRUE(knob.control.IsFineMode()) << i;
+        events[i](knob, 0);
+        EXPECT_FALSE(knob.control.IsFineMode()) << i;
+    }
+}
+
 TEST(CParamKnobMouseControl, ValueStaysInItsRange)
 {
     CKnob knob;
@@ -262,6 +368,28 @@ TEST(CParamKnobKeyboardControl, ShiftMakesStepsFine)
     EXPECT_NEAR(knob.param.GetValue(), 0.501F, 1e-6F);
 }
 
+TEST(CParamKnobKeyboardControl, StepsOfASteppedParameterAreItsStops)
+{
+    CKnob knob;
+    knob.control.SetPositionsCount(5);
+    knob.Press(ENativeKey::Up);
+    EXPECT_EQ(knob.param.GetValue(), 0.75F);
+    knob.Press(ENativeKey::Character, U'-', 2);
+    EXPECT_EQ(knob.param.GetValue(), 0.25F);
+    knob.Press(ENativeKey::PageUp);
+    EXPECT_EQ(knob.param.GetValue(), 1.0F);
+}
+
+TEST(CParamKnobKeyboardControl, PageIsAsManyStepsAsItsSize)
+{
+    CKnob knob;
+    knob.keys.SetPageSize(7);
+    knob.Press(ENativeKey::PageUp, 0, 2);
+    EXPECT_NEAR(knob.param.GetValue(), 0.64F, 1e-6F);
+    knob.Press(ENativeKey::PageDown);
+    EXPECT_NEAR(knob.param.GetValue(), 0.57F, 1e-6F);
+}
+
 TEST(CParamKnobKeyboardControl, DSetsTheDefaultAndEOpensTheWindow)
 {
     for (const char32_t key : {U'd', U'D'})
@@ -298,6 +426,24 @@ TEST(CParamKnobGraphics, HalfOf128FramesIsFrame64)
     EXPECT_EQ(CParamKnobGraphics::GetFrameOf(0.0F, 128), 0);
     EXPECT_EQ(CParamKnobGraphics::GetFrameOf(1.0F, 128), 127);
     EXPECT_EQ(CParamKnobGraphics::GetFrameOf(0.7F, 1), 0);
+}
+
+TEST(CParamKnobGraphics, CountBelowOneShowsNoFrame)
+{
+    for (const int count : {0, -1, -128})
+    {
+        CKnob knob;
+        auto catalog = std::make_unique<Graphics::CImageCatalog>();
+        catalog->SetEntry(
+            0, std::make_unique<Graphics::CNormalImageElement>(Tests::MakeFilled({10, 20}, {{1, 2, 3}})));
+        CParamKnobGraphics graphics(catalog.release(), true, count,
+                                    Graphics::CMultiFilmStripDrawer::EOrientation::Vertical, knob.control);
+        knob.param.SetValue(1.0F);
+        EXPECT_EQ(graphics.GetFrame(), 0);
+        EXPECT_EQ(graphics.GetSize(), Core::CSize());
+        graphics.SetSize({10, 20});
+        EXPECT_FALSE(graphics.HitTest({5, 5})) << count;
+    }
 }
 
 TEST(CParamKnobGraphics, OnlyAnotherFrameIsTold)
@@ -359,4 +505,19 @@ TEST(CGUIImageParamMeter, FollowsTheParameterAndTakesNoInput)
     EXPECT_EQ(widget.GetMeterGraphics().GetFrame(), 73);
     EXPECT_EQ(widget.GetMouseTarget(), nullptr);
     EXPECT_EQ(widget.GetKeyboardTarget(), nullptr);
+}
+
+TEST(CGUIImageParamMeter, StateOfThePictureFollowsTheWidget)
+{
+    CKnob knob;
+    CGUIImageParamMeter widget(knob.param, new Graphics::CImageCatalog(), true, 11,
+                               Graphics::CMultiFilmStripDrawer::EOrientation::Vertical);
+    EXPECT_EQ(widget.GetMeterGraphics().GetState(), 0);
+    widget.Enable(false);
+    EXPECT_EQ(widget.GetMeterGraphics().GetState(), 1);
+    widget.Enable(true);
+    widget.GetInnerMouseTarget().OnMouseEnter(At(1, 1));
+    EXPECT_EQ(widget.GetMeterGraphics().GetState(), 2);
+    widget.GetInnerMouseTarget().OnMouseLeave(At(1, 1));
+    EXPECT_EQ(widget.GetMeterGraphics().GetState(), 0);
 }

@@ -1,11 +1,17 @@
+#include "Common/Mirel/GUI/Popups/PopupRig.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIParamTextControl.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIParamTextWidget.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIStringViewer.h"
 #include "Mirel/DataModel/Objects/CCaptureString.h"
+#include "Mirel/DataModel/Objects/CEnumToText.h"
+#include "Mirel/DataModel/Objects/EValueKind.h"
+#include "Mirel/Graphics/TextPlacing.h"
 #include "PushRig.h"
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
+#include <vector>
 
 using namespace Mirel;
 using namespace Mirel::DataModel::GUIWidgets;
@@ -68,6 +74,31 @@ TEST(CGUIParamTextWidget, ShowsTheValueAndFollowsIt)
     noted.param.SetValue(0.5F);
     EXPECT_STREQ(widget.GetText(), "0.50");
     EXPECT_EQ(widget.GetMouseTarget(), nullptr);
+}
+
+TEST(CGUIParamTextWidget, FitsTheLongestOfItsTexts)
+{
+    using namespace DataModel::Objects;
+    const auto choice = [](const std::vector<std::string>& names)
+    {
+        const auto last = static_cast<float>(names.size() - 1);
+        return CParamInfo(ValueKindInteger, 0.0F, last, 0.0F, "", "", "", new CEnumToText(names, 0.0F), true);
+    };
+    const Graphics::CSharedFont font = Tests::TestLook().font;
+    const auto widthOf = [&font](const char* text)
+    { return Graphics::MeasureText(font.get(), text, {}).width; };
+    CCaptureParam param(choice({"a", "the longest name", "b"}));
+    CGUIParamTextWidget widget(param);
+    widget.GetTextDrawer().SetFont(font);
+    widget.SetSize({7, 8});
+    widget.FitToValues(true, false);
+    EXPECT_EQ(widget.GetSize().width, widthOf("the longest name"));
+    EXPECT_EQ(widget.GetSize().height, 8);
+    param.GetInfo().CopyFrom(choice({"up", "down", "elsewhere", "c"}));
+    EXPECT_EQ(widget.GetSize().width, widthOf("elsewhere"));
+    widget.FitToValues(false, false);
+    param.GetInfo().CopyFrom(choice({"a", "b"}));
+    EXPECT_EQ(widget.GetSize().width, widthOf("elsewhere"));
 }
 
 TEST(CGUIParamTextWidget, OnlyAnotherTextIsPainted)

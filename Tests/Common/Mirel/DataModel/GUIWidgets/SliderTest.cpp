@@ -252,6 +252,56 @@ TEST(CSkinLinearParamSlider, VerticalSliderRisesUpward)
     EXPECT_EQ(widget.GetSliderGraphics().GetThumbArea(), Graphics::CRect(4, 26, 12, 8));
 }
 
+TEST(CSkinLinearParamSlider, ReversedVerticalSliderFallsUpward)
+{
+    CControlRig rig({200, 200});
+    CNotedParam noted(Tests::Real(0.0F, 1.0F));
+    CSkinLinearParamSlider widget(noted.param, {Tests::MakeCatalog({20, 120}), MakeThumb({12, 8}), true},
+                                  nullptr, rig.root);
+    widget.SetTrack({false, 6, 6});
+    widget.GetControl().SetReverse(true);
+    EXPECT_EQ(widget.GetSliderGraphics().GetThumbArea(), Graphics::CRect(4, 6, 12, 8)); // 0 is at the top
+    rig.Move(10, 40);
+    rig.Press();
+    EXPECT_NEAR(noted.param.GetValue(), 0.3F, 1e-6F);
+    rig.Move(10, 30);
+    EXPECT_NEAR(noted.param.GetValue(), 0.2F, 1e-6F);
+    rig.Release();
+    rig.Type(ENativeKey::Down); // a pixel downward
+    EXPECT_NEAR(noted.param.GetValue(), 0.21F, 1e-6F);
+    rig.Type(ENativeKey::Character, U'+');
+    EXPECT_NEAR(noted.param.GetValue(), 0.22F, 1e-6F);
+}
+
+TEST(CSkinLinearParamSlider, ReversedSliderRunsFromTheRight)
+{
+    CSlider rig;
+    rig.widget->GetControl().SetReverse(true);
+    rig.Move(36, 20); // 0.16 from the left
+    rig.Press();
+    EXPECT_NEAR(rig.Value(), 0.84F, 1e-6F);
+    rig.Move(46, 20);
+    EXPECT_NEAR(rig.Value(), 0.74F, 1e-6F);
+    rig.Release();
+}
+
+TEST(CSkinLinearParamSlider, PixelRangeOfNoneDoesNotMoveAndANegativeOneMovesBack)
+{
+    CSlider rig;
+    rig.widget->SetPixelRange(0.0F);
+    rig.Move(36, 20);
+    rig.Press();
+    rig.Move(46, 20);
+    rig.Release();
+    EXPECT_EQ(rig.Value(), 0.5F);
+    rig.widget->SetPixelRange(-200.0F);
+    rig.Move(70, 20);
+    rig.Press();
+    rig.Move(90, 20);
+    rig.Release();
+    EXPECT_NEAR(rig.Value(), 0.4F, 1e-6F);
+}
+
 TEST(CSkinLinearParamSlider, MarkerFollowsTheZoomOfItsAxis)
 {
     CSlider rig;
@@ -323,6 +373,23 @@ TEST(CSkinLinearParamSlider, ShowsItsStateAndTheHeldThumbWhereThereIsOne)
     EXPECT_EQ(rig.widget->GetSliderGraphics().GetThumbState(), 5);
     EXPECT_EQ(rig.Seen(70, 20), 0x00F000U);
     EXPECT_EQ(rig.Seen(20, 15), Tests::ColorOf(4).Pack());
+}
+
+TEST(CSkinLinearParamSlider, ShowsTheHeldTrackWhereThereIsOne)
+{
+    CSlider rig;
+    auto* track = Tests::MakeCatalog({120, 20});
+    track->SetEntry(
+        5, std::make_unique<Graphics::CNormalImageElement>(Tests::MakeFilled({120, 20}, {{0, 0xE0, 0}})));
+    rig.widget = std::make_unique<CSkinLinearParamSlider>(
+        rig.noted.param, SLinearImages{track, MakeThumb({8, 12}), true}, nullptr, rig.root);
+    rig.widget->SetTrack({true, 6, 6});
+    rig.widget->Move({10, 10});
+    rig.Move(70, 20);
+    rig.Press();
+    EXPECT_EQ(rig.Seen(20, 15), 0x00E000U);
+    rig.Release();
+    EXPECT_EQ(rig.Seen(20, 15), Tests::ColorOf(2).Pack());
 }
 
 TEST(CSkinLinearParamSlider, DragThatCannotEndEndsOnce)
@@ -446,6 +513,34 @@ TEST(CGUIImageParamLinearMeter, RisesFromTheBottomWithItsThumbAtThePosition)
     EXPECT_EQ(rig.Seen(10, 50), thumbColor);
     EXPECT_EQ(rig.Seen(10, 51), Tests::ColorOf(0).Pack());
     EXPECT_EQ(rig.Seen(10, 99), Tests::ColorOf(0).Pack());
+}
+
+TEST(CGUIImageParamLinearMeter, PositionLiesBetweenItsMargins)
+{
+    CControlRig rig({200, 200});
+    CNotedParam noted(Tests::Real(0.0F, 1.0F));
+    CGUIImageParamLinearMeter meter(noted.param, {Tests::MakeCatalog({20, 100}), nullptr, true}, rig.root);
+    meter.SetTrack({false, 10, 30}); // a way of 60 pixels, from 70 up to 10
+    EXPECT_EQ(rig.Seen(10, 69), 0U);
+    EXPECT_EQ(rig.Seen(10, 70), Tests::ColorOf(0).Pack());
+    noted.param.SetValue(0.5F);
+    EXPECT_EQ(rig.Seen(10, 39), 0U);
+    EXPECT_EQ(rig.Seen(10, 40), Tests::ColorOf(0).Pack());
+    noted.param.SetValue(1.0F);
+    EXPECT_EQ(rig.Seen(10, 9), 0U);
+    EXPECT_EQ(rig.Seen(10, 10), Tests::ColorOf(0).Pack());
+}
+
+TEST(CGUIImageParamLinearMeter, ShowsItsState)
+{
+    CControlRig rig({200, 200});
+    CNotedParam noted(Tests::Real(0.0F, 1.0F));
+    CGUIImageParamLinearMeter meter(noted.param, {Tests::MakeCatalog({120, 20}), nullptr, true}, rig.root);
+    meter.SetTrack({true, 0, 0});
+    noted.param.SetValue(1.0F);
+    EXPECT_EQ(rig.Seen(39, 10), Tests::ColorOf(0).Pack());
+    meter.Enable(false);
+    EXPECT_EQ(rig.Seen(39, 10), Tests::ColorOf(1).Pack());
 }
 
 TEST(CGUIImageParamLinearMeter, OnlyAnotherPixelIsPainted)

@@ -220,3 +220,18 @@ TEST(CGUISysTooltip, HiddenOneDoesNotShow)
     rig.Move(10, 10);
     EXPECT_EQ(rig.Shown(), "-");
 }
+
+TEST(CGUISysTooltip, HiddenOneExplainsNothing)
+{
+    CTipRig rig;
+    Tests::CNotingLight subject(rig.root, {10, 10, 20, 20}, "subject", rig.script);
+    CGUISysStringTooltip tip("text", &rig.tips, rig.root);
+    tip.Explain(&subject);
+    tip.Show(false);
+    rig.Move(20, 20);
+    EXPECT_EQ(rig.Shown(), "-");
+    tip.Show(true);
+    rig.MoveAway();
+    rig.Move(20, 20);
+    EXPECT_EQ(rig.Shown(), "text");
+}

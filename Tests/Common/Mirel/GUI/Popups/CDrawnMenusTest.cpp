@@ -278,6 +278,49 @@ TEST_F(CDrawnMenusTest, MenuTallerThanTheScreenScrolls)
     EXPECT_TRUE(Tests::PumpUntil(rig.loop, [&] { return menus.GetPanel(0).GetScroll() == 0; }));
 }
 
+TEST_F(CDrawnMenusTest, OpensAtTheCurrentItem)
+{
+    menu.SetCurrent(presets);
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Selected(0), presets);
+    rig.PressKey(ENativeKey::Down);
+    EXPECT_EQ(Selected(0), quit);
+    rig.PressKey(ENativeKey::Return);
+    EXPECT_EQ(TakeScript(), "Quit closed ");
+    for (const int none : {-1, redo, separator, quit + 1})
+    {
+        menu.SetCurrent(none);
+        ASSERT_TRUE(Open());
+        EXPECT_EQ(Selected(0), CMenuLayout::none) << none;
+        menus.Close();
+    }
+}
+
+TEST_F(CDrawnMenusTest, MenuTallerThanTheScreenOpensWithTheCurrentItemInSight)
+{
+    CMenu tall;
+    for (int i = 0; i < 400; ++i)
+    {
+        Add(tall, "Item " + std::to_string(i));
+    }
+    for (const int current : {0, 200, 399})
+    {
+        tall.SetCurrent(current);
+        ASSERT_TRUE(Open(tall, {1010, 1010}));
+        const CMenuPanel& panel = menus.GetPanel(0);
+        const auto place = panel.GetItemFrame(current);
+        const int middle = place.y + place.height / 2;
+        if (current == 200)
+        {
+            EXPECT_NEAR(middle, 2048, 1);
+        }
+        EXPECT_GT(middle, 16) << current;
+        EXPECT_LT(middle, 4096 - 16) << current;
+        rig.PressKey(ENativeKey::Return);
+        EXPECT_EQ(TakeScript(), "Item " + std::to_string(current) + " closed ");
+    }
+}
+
 TEST_F(CDrawnMenusTest, AnotherMenuTakesThePlaceOfTheOpenOne)
 {
     ASSERT_TRUE(Open());

@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
 using namespace Mirel::GUI;
 using Tests::CPopupRig;
 
@@ -108,6 +113,24 @@ TEST_F(CDrawnTooltipsTest, GoesWhenThePointerHasLeftTheWindow)
     EXPECT_TRUE(Tests::PumpUntil(rig.loop, [&] { return Shown() == nullptr; }));
 }
 
+TEST_F(CDrawnTooltipsTest, StaysOutsideOfTheWindowWhileAPressHoldsThePointer)
+{
+    STooltip tip;
+    tip.text = "0.50";
+    tip.delayMs = 0;
+    tip.isForPress = true;
+    tips.ShowTip(tip, owner, {1010, 1010});
+    rig.platform.MovePointer({10, 10});
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
+    while (std::chrono::steady_clock::now() < end)
+    {
+        rig.loop.Pump(10);
+    }
+    EXPECT_NE(Shown(), nullptr);
+    tips.Hide();
+    EXPECT_EQ(Shown(), nullptr);
+}
+
 TEST_F(CDrawnTooltipsTest, HundredTooltipsLeaveNoWindow)
 {
     for (int i = 0; i < 100; ++i)
@@ -131,6 +154,7 @@ public:
     void ShowTip(const STooltip& tip, const INativeWindow& owner, Mirel::GUI::CPoint place) override
     {
         delay = tip.delayMs;
+        isForPress = tip.isForPress;
         Show(tip.text, owner, place);
     }
 
@@ -147,6 +171,7 @@ public:
 
     std::string script;
     int delay = -1;
+    bool isForPress = false;
 };
 
 class CHostTooltipsTest : public testing::Test
@@ -189,9 +214,68 @@ TEST_F(CHostTooltipsTest, InnermostWidgetShowsItsOwn)
     rig.Move(20, 20);
     EXPECT_EQ(presenter.Take(), "- inner ");
     EXPECT_EQ(presenter.delay, 500);
+    EXPECT_FALSE(presenter.isForPress);
     rig.Move(65, 15);
     EXPECT_EQ(presenter.Take(), "- ");
     rig.Move(90, 90);
+    EXPECT_EQ(presenter.Take(), "- ");
+}
+
+TEST_F(CHostTooltipsTest, FrontmostOfOverlappingSiblingsShowsItsOwn)
+{
+    const auto say = [](const char* text)
+    {
+        return [text]
+        {
+            STooltip tip;
+            tip.text = text;
+            return tip;
+        };
+    };
+    std::vector<std::unique_ptr<Tests::CNotingLight>> pile;
+    for (const char* name : {"a", "b", "c", "d", "e"})
+    {
+        pile.push_back(
+            std::make_unique<Tests::CNotingLight>(rig.root, CRect{60, 60, 20, 20}, name, rig.script));
+        tooltips.Set(*pile.back(), say(name));
+    }
+    while (!pile.empty())
+    {
+        const std::string front(1, static_cast<char>('a' + pile.size() - 1));
+        rig.Move(90, 90);
+        presenter.Take();
+        rig.Move(70, 70);
+        EXPECT_EQ(presenter.Take(), "- " + front + " ");
+        tooltips.Remove(*pile.back());
+        pile.pop_back();
+    }
+}
+
+TEST_F(CHostTooltipsTest, PartOfAChildOutsideOfItsParentShowsNone)
+{
+    inner.SetSize({100, 10});
+    rig.Move(55, 20);
+    EXPECT_EQ(presenter.Take(), "");
+    rig.Move(45, 20);
+    EXPECT_EQ(presenter.Take(), "- inner ");
+}
+
+TEST_F(CHostTooltipsTest, TooltipOfTheHostShowsWhereNoWidgetHasOne)
+{
+    rig.adapter->SetTooltip("host");
+    rig.Move(80, 80);
+    EXPECT_EQ(presenter.Take(), "- host ");
+    rig.Move(40, 40);
+    EXPECT_EQ(presenter.Take(), "- outer ");
+    rig.Move(80, 80);
+    EXPECT_EQ(presenter.Take(), "- host ");
+    rig.Press();
+    EXPECT_EQ(presenter.Take(), "- ");
+    rig.Release();
+    rig.adapter->SetTooltip("");
+    rig.Move(40, 40);
+    presenter.Take();
+    rig.Move(80, 80);
     EXPECT_EQ(presenter.Take(), "- ");
 }
 
@@ -220,6 +304,7 @@ TEST_F(CHostTooltipsTest, ShowOnClickShowsAtOnce)
     rig.Press();
     EXPECT_EQ(presenter.Take(), "- inner ");
     EXPECT_EQ(presenter.delay, 0);
+    EXPECT_TRUE(presenter.isForPress);
 }
 
 TEST_F(CHostTooltipsTest, HiddenWidgetsAndRemovedOnesShowNone)

@@ -33,6 +33,7 @@ struct SkinWindowRig : testing::Test
         SSkinWindowServices services;
         services.dataFolder = Tests::GetDataFolder();
         services.dialogs = &dialogs;
+        services.tooltips = tooltips;
         services.fillModel = std::move(fillModel);
         window = std::make_unique<CGUISkinWindow>(platform, services);
         window->Show(true);
@@ -112,6 +113,7 @@ struct SkinWindowRig : testing::Test
     GUI::CNativeRunLoop loop;
     GUI::COffscreenPlatform platform{loop};
     GUI::CFrameWindow frame{platform, "Test", {300, 200}};
+    GUI::ITooltipPresenter* tooltips = nullptr; ///< Of the next window that is made.
     std::unique_ptr<CGUISkinWindow> window;
 };
 

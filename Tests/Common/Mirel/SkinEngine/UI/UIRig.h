@@ -90,6 +90,19 @@ public:
         return Mirel::SkinEngine::FindObject<I>(model.GetObjects(), id.c_str());
     }
 
+    std::vector<std::string> GetIds() const
+    {
+        const Mirel::SkinEngine::CSkinModel& seen = model;
+        std::vector<std::string> ids;
+        for (const std::unique_ptr<Mirel::SkinEngine::ISkinDynamicObjectsConstIterator> each(
+                 seen.GetObjects().CreateIterator());
+             each->IsValid(); each->Next())
+        {
+            ids.emplace_back(each->GetId());
+        }
+        return ids;
+    }
+
     bool Has(const std::string& id) { return model.GetObjects().Find(id.c_str()) != nullptr; }
 
     ICaptureParam& Param(const std::string& id)

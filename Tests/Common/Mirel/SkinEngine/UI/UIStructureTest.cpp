@@ -100,6 +100,65 @@ TEST(UIStructure, TablesLineUpTheirColumns)
     EXPECT_EQ(rig.Place(3), (std::vector<int>{213, 152, 20, 10}));
 }
 
+TEST(UIStructure, SpacingOfATableIsThatOfBothAxesUnlessTheySayOtherwise)
+{
+    const struct
+    {
+        std::string attributes;
+        int right; ///< of the second column and row, from the first
+        int down;
+    } rows[] = {{"", 20, 10},
+                {"spacing='4'", 24, 14},
+                {"spacing='4' h_spacing='6'", 26, 14},
+                {"spacing='4' v_spacing='-3'", 24, 7},
+                {"h_spacing='6' v_spacing='7'", 26, 17}};
+    for (const auto& row : rows)
+    {
+        CUIRig rig;
+        EXPECT_TRUE(rig.Build("<TABLE " + row.attributes + "><TABLE_ROW>" + box + box +
+                              "</TABLE_ROW><TABLE_ROW>" + box + box + "</TABLE_ROW></TABLE>"));
+        EXPECT_EQ(rig.Place(3)[0] - rig.Place(0)[0], row.right) << row.attributes;
+        EXPECT_EQ(rig.Place(3)[1] - rig.Place(0)[1], row.down) << row.attributes;
+    }
+}
+
+TEST(UIStructure, GroupsAreAsLargeAsTheirContentUnlessTheySayOtherwise)
+{
+    const struct
+    {
+        std::string attributes;
+        std::vector<int> place; ///< of the group box, in the middle of 400 by 300
+    } rows[] = {{"", {190, 145, 20, 10}},
+                {"width='-1' height='-1'", {190, 145, 20, 10}},
+                {"width='60' height='-1'", {170, 145, 60, 10}},
+                {"width='60' height='40'", {170, 130, 60, 40}},
+                {"height='40'", {190, 130, 20, 40}},
+                {"width='50%' height='20%'", {100, 120, 200, 60}},
+                {"width='none' height=''", {190, 145, 20, 10}}};
+    for (const auto& row : rows)
+    {
+        CUIRig rig;
+        EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX " + row.attributes + ">" + box + "</IMAGE_GROUP_BOX>"));
+        EXPECT_EQ(rig.Place(0), row.place) << row.attributes;
+    }
+}
+
+TEST(UIStructure, SharesOfRoundSizesAreWholePixels)
+{
+    for (const int percents : {1, 2, 5, 10, 20, 40, 80, 100})
+    {
+        const std::string share = std::to_string(percents) + "%";
+        CUIRig rig;
+        EXPECT_TRUE(rig.Build("<TEXT width='" + share + "' height='" + share + "'/>"));
+        EXPECT_EQ(rig.Place(0)[2], 4 * percents) << share;
+        EXPECT_EQ(rig.Place(0)[3], 3 * percents) << share;
+        CUIRig table;
+        EXPECT_TRUE(table.Build("<TABLE height='300'><TABLE_ROW height='" + share +
+                                "'><TEXT width='20' height='100%'/></TABLE_ROW></TABLE>"));
+        EXPECT_EQ(table.Place(0)[3], 3 * percents) << share;
+    }
+}
+
 TEST(UIStructure, RowsOfTablesHaveSharesPixelsOrNeither)
 {
     CUIRig rig;
@@ -467,9 +526,9 @@ TEST(UIStructure, ClosingTakesEverythingBack)
 TEST(UIStructure, SystemWidgetsHaveNativeHosts)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build(
-        "<IMAGE_GROUP_BOX width='100' height='50'>"
-        "<TEXT width='20' height='10' system_widget='true' offscreen_type='card'/></IMAGE_GROUP_BOX>"));
+    EXPECT_TRUE(rig.Build("<IMAGE_GROUP_BOX width='100' height='50'>"
+                          "<TEXT id='t' width='20' height='10' system_widget='true' "
+                          "offscreen_type='card'/></IMAGE_GROUP_BOX>"));
     ASSERT_EQ(rig.window.GetChildCount(), 1);
     const auto* host = dynamic_cast<CSkinWidgetAdapter*>(rig.window.GetChild(0));
     ASSERT_NE(host, nullptr);
@@ -478,6 +537,10 @@ TEST(UIStructure, SystemWidgetsHaveNativeHosts)
     // In the middle of the box, which stands in the middle of the root.
     EXPECT_EQ(host->GetPosition(), (GUI::CPoint{190, 145}));
     EXPECT_EQ(host->GetSize(), (GUI::CSize{20, 10}));
+    EXPECT_TRUE(host->IsShown());
+    rig.Param("t.visible").SetValue(0);
+    EXPECT_FALSE(host->IsShown());
+    rig.Param("t.visible").SetValue(1);
     EXPECT_TRUE(host->IsShown());
 }
 

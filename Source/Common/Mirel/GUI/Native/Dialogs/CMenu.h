@@ -38,10 +38,20 @@ public:
 
     const std::vector<SMenuItem>& GetItems() const { return items; }
 
-    void Clear() { items.clear(); }
+    /// The index of the item that the menu begins at: selected and in sight as it opens. Negative, as at
+    /// first, for none.
+    void SetCurrent(int index) { current = index; }
+    int GetCurrent() const { return current; }
+
+    void Clear()
+    {
+        items.clear();
+        current = -1;
+    }
 
 private:
     std::vector<SMenuItem> items;
+    int current = -1;
 };
 
 } // namespace Mirel::GUI

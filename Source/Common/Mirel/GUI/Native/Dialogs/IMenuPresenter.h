@@ -35,6 +35,7 @@ struct STooltip
     int delayMs = 500;     ///< until it shows; 0 or less for at once
     int showTimeMs = 8000; ///< until it hides by itself; 0 or less for never
     bool isBalloon = false;
+    bool isForPress = false; ///< stays while the pointer is outside of the window, which holds it by a press
     std::optional<Graphics::CColor> background; ///< none for the presenter's own
     std::optional<Graphics::CColor> textColor;
 };
