@@ -36,7 +36,7 @@ void CSkinCollectionBase::FillItemAttributes(Containers::CNamedAttributes&, int)
 void CSkinCollectionBase::ApplyCount(int newCount)
 {
     newCount = std::max(newCount, 0);
-    if (factory == nullptr || factory->GetCount() == newCount)
+    if (factory == nullptr || factory->GetCount() == newCount || (!growing && newCount > count))
     {
         return;
     }

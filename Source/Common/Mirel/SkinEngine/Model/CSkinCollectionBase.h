@@ -39,6 +39,12 @@ public:
     /// Until there is one, the count stays what it is.
     void SetItemFactory(std::unique_ptr<ISkinCollectionItemFactory> newFactory);
 
+    /// The items that are there at this moment: not the count yet while that changes.
+    int GetItemCount() const { return factory == nullptr ? 0 : factory->GetCount(); }
+
+    /// No item is made any more: for a skin that goes.
+    void StopGrowing() { growing = false; }
+
     /// Null where there is no such item.
     ISkinCollectionItem* GetItem(int index) const;
 
@@ -70,6 +76,7 @@ private:
     std::string itemName;
     std::unique_ptr<ISkinCollectionItemFactory> factory;
     int count = 0;
+    bool growing = true;
     Core::CLifeToken life;
     // Listening changes nothing of the collection.
     mutable Core::TArgEventProvider<int> beforeChange;
