@@ -44,8 +44,10 @@ void CSkinCollectionBase::ApplyCount(int newCount)
     const std::shared_ptr<CSkinCollectionContext> keptContext = context;
     const CSkinCollectionContext::CChange change(*keptContext);
     const int before = count;
+    targetCount = newCount;
     beforeChange.Notify(newCount);
     newCount < before ? Shrink(newCount) : Grow(newCount);
+    targetCount = count;
     if (watch.IsAlive() && count != before)
     {
         changed.Notify();
@@ -54,7 +56,17 @@ void CSkinCollectionBase::ApplyCount(int newCount)
 
 void CSkinCollectionBase::UnloadItemsFrom(int first)
 {
-    for (int i = first; factory != nullptr && i < factory->GetCount(); ++i)
+    if (factory != nullptr && first < factory->GetCount())
+    {
+        factory->Prepare(0);
+        Unload(first);
+        factory->Commit(0);
+    }
+}
+
+void CSkinCollectionBase::Unload(int first)
+{
+    for (int i = std::max(first, 0); i < factory->GetCount(); ++i)
     {
         if (ISkinCollectionItem* item = factory->GetItem(i))
         {
@@ -68,7 +80,7 @@ void CSkinCollectionBase::Shrink(int newCount)
 {
     const int oldCount = factory->GetCount();
     factory->Prepare(newCount - oldCount);
-    UnloadItemsFrom(newCount);
+    Unload(newCount);
     for (int i = newCount; i < oldCount; ++i)
     {
         factory->DestroyItem(i);
@@ -99,6 +111,7 @@ void CSkinCollectionBase::DestroyItems()
     if (factory != nullptr && factory->GetCount() > 0)
     {
         const CSkinCollectionContext::CChange change(*context);
+        targetCount = 0;
         beforeChange.Notify(0);
         Shrink(0);
         changed.Notify();

@@ -39,6 +39,9 @@ public:
     /// Until there is one, the count stays what it is.
     void SetItemFactory(std::unique_ptr<ISkinCollectionItemFactory> newFactory);
 
+    /// What a change under way comes to; else the count.
+    int GetTargetCount() const { return targetCount; }
+
     /// The items that are there at this moment: not the count yet while that changes.
     int GetItemCount() const { return factory == nullptr ? 0 : factory->GetCount(); }
 
@@ -67,6 +70,7 @@ protected:
     void UnloadItemsFrom(int first);
 
 private:
+    void Unload(int first);
     void Shrink(int newCount);
     void Grow(int newCount);
     void DestroyItems();
@@ -76,6 +80,7 @@ private:
     std::string itemName;
     std::unique_ptr<ISkinCollectionItemFactory> factory;
     int count = 0;
+    int targetCount = 0;
     bool growing = true;
     Core::CLifeToken life;
     // Listening changes nothing of the collection.

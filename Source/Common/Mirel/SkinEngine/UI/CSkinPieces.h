@@ -5,6 +5,7 @@
 #include "Mirel/Layout/CTableLayoutCell.h"
 #include "Mirel/SkinEngine/Model/CSkinCollectionBase.h"
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <utility>
@@ -45,8 +46,13 @@ public:
     /// For an item, before it gets pieces: the items before it must have theirs.
     void SetPlace(const SCollectionPlace& newPlace, int index);
 
-    /// The last piece in front of these, of items and of what is around, that matches; null for none.
-    const CPiece* FindBefore(const CMatch& match) const;
+    /// The last piece in front of these that matches, in the items before and then in what is around all
+    /// items; null for none. In items only one of the kind T can.
+    template <class T>
+    const CPiece* FindBefore(const CMatch& match) const
+    {
+        return FindBefore(CPiece(static_cast<T*>(nullptr)).index(), match);
+    }
 
     const CList& GetList() const { return pieces; }
 
@@ -54,13 +60,19 @@ public:
     CList Take() { return std::exchange(pieces, {}); }
 
 private:
-    static const CPiece* FindInItems(const CSkinCollectionBase& collection, int count, const CMatch& match);
-    const CPiece* FindLast(std::size_t end, const CMatch& match) const;
+    using CKind = std::size_t; ///< Index of an alternative.
+
+    static const CPiece* FindInItems(const CSkinCollectionBase& collection, int count, CKind kind,
+                                     const CMatch& match);
+    const CPiece* FindLast(std::size_t end, CKind kind, const CMatch& match) const;
+    const CPiece* FindBefore(CKind kind, const CMatch& match) const;
+    bool MayHave(CKind kind) const;
     const CSkinCollectionBase& GetCollection() const;
 
     CList pieces;
     SCollectionPlace place;
-    int itemsBefore = 0; ///< That have to be searched: the nearest ones may have no pieces at all.
+    /// By kind: how many of the items before have to be searched. The nearest may have none of that kind.
+    std::array<int, std::variant_size_v<CPiece>> itemsBefore{};
 };
 
 } // namespace Mirel::SkinEngine

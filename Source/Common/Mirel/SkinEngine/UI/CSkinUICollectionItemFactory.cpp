@@ -105,7 +105,7 @@ void CSkinUICollectionItemFactory::SetRow(const CSkinPieces& item) const
 {
     using CRow = CTableLayoutCell::CRow;
     CTableLayoutCell* const table = place.scope.table;
-    const CSkinPieces::CPiece* before = item.FindBefore(
+    const CSkinPieces::CPiece* before = item.FindBefore<CRow>(
         [table](const CSkinPieces::CPiece& piece)
         {
             CRow* const* row = std::get_if<CRow*>(&piece);
@@ -120,7 +120,7 @@ void CSkinUICollectionItemFactory::SetCell(const CSkinPieces& item) const
     using CRow = CTableLayoutCell::CRow;
     Layout::CBaseGroupLayoutCell* const group = place.scope.group;
     CRow* const row = place.scope.row;
-    const CSkinPieces::CPiece* before = item.FindBefore(
+    const CSkinPieces::CPiece* before = item.FindBefore<CLayoutCell>(
         [group, row](const CSkinPieces::CPiece& piece)
         {
             CRow* const* found = std::get_if<CRow*>(&piece);
@@ -147,7 +147,7 @@ void CSkinUICollectionItemFactory::SetWidget(const CSkinPieces& item) const
 {
     GUI::CLightWidget* const parent = place.scope.light;
     const CSkinPieces::CPiece* before =
-        item.FindBefore(
+        item.FindBefore<GUI::CLightWidget>(
             [parent](const CSkinPieces::CPiece& piece)
             {
                 GUI::CLightWidget* const* widget = std::get_if<GUI::CLightWidget*>(&piece);

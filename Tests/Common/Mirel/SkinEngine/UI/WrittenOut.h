@@ -65,7 +65,7 @@ inline std::string WrittenOut(const std::string& text, CCounts& counts)
     const auto end = EndOfCollection(text, begin);
     const auto bodyBegin = text.find('>', begin) + 1;
     const std::string tag = text.substr(begin, bodyBegin - begin);
-    const std::string body = text.substr(bodyBegin, text.rfind("</", end) - bodyBegin);
+    const std::string body = text.substr(bodyBegin, text.rfind("</", end - 1) - bodyBegin);
     const std::string id = AttributeOf(tag, "id");
     const std::string itemName = AttributeOf(tag, "item_name");
     std::vector<std::string> sources;
