@@ -1,5 +1,6 @@
-// A collection of a skin that grows from nothing to a thousand items and back, beside the same widgets written
-// out by a REPEAT, whose file is built and closed, and beside the same widgets made and destroyed by hand.
+// A collection of a skin that grows from nothing to a thousand items and back, beside the same widgets
+// written out by a REPEAT, whose file is built and closed, and beside the same widgets made and destroyed by
+// hand.
 
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/GUI/CLightWidgetAdapter.h"

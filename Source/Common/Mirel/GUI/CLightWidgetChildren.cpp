@@ -116,9 +116,8 @@ void CLightWidget::Insert(CLightWidget& child, bool childFront)
     auto place = children.end();
     if (!childFront)
     {
-        place = insertionPoint == atEnd
-                    ? std::find_if(children.rbegin(), children.rend(), isBehind).base()
-                    : children.begin() + insertionPoint++;
+        place = insertionPoint == atEnd ? std::find_if(children.rbegin(), children.rend(), isBehind).base()
+                                        : children.begin() + insertionPoint++;
     }
     children.insert(place, &child);
     child.parent = this;

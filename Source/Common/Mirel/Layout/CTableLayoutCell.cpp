@@ -333,8 +333,8 @@ void CTableLayoutCell::FindExtents(const SizeOf& sizeOf, bool recurse)
 
 Core::CSize CTableLayoutCell::NaturalSizeOfExtents() const
 {
-    const std::int64_t width = (std::int64_t{GetColumnCount()} - 1) * hSpacing + 2 * std::int64_t{GetHMargin()} +
-                               Sum(extents.columnWidths);
+    const std::int64_t width = (std::int64_t{GetColumnCount()} - 1) * hSpacing +
+                               2 * std::int64_t{GetHMargin()} + Sum(extents.columnWidths);
     const std::int64_t height =
         (std::int64_t{rowCount} - 1) * vSpacing + 2 * std::int64_t{GetVMargin()} + Sum(extents.rowHeights);
     return {Core::SaturateToInt32(width), Core::SaturateToInt32(height)};

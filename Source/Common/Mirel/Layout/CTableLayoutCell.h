@@ -83,8 +83,8 @@ public:
     /// removed it at once.
     virtual CRow* AddRow(float heightRatio, std::int32_t fixedHeight);
 
-    /// The row that cells are added to, at its head, and that the next row comes behind; null for the next row
-    /// to come first. A row of another table is ignored.
+    /// The row that cells are added to, at its head, and that the next row comes behind; null for the next
+    /// row to come first. A row of another table is ignored.
     void SetCurrentRow(CRow* row);
 
     /// Destroys the row and, with destroy, the cells in it that are owned; cells are the caller's otherwise.

@@ -31,9 +31,11 @@ void CSkinPieces::SetPlace(const SCollectionPlace& newPlace, int index)
 /// What the collections among them hold may change.
 bool CSkinPieces::MayHave(CKind kind) const
 {
-    return std::any_of(
-        pieces.begin(), pieces.end(), [kind](const CPiece& piece)
-        { return piece.index() == kind || std::holds_alternative<CSkinCollectionBase*>(piece); });
+    return std::any_of(pieces.begin(), pieces.end(),
+                       [kind](const CPiece& piece) {
+                           return piece.index() == kind ||
+                                  std::holds_alternative<CSkinCollectionBase*>(piece);
+                       });
 }
 
 const CSkinPieces::CPiece* CSkinPieces::FindBefore(CKind kind, const CMatch& match) const

@@ -146,13 +146,12 @@ void CSkinUICollectionItemFactory::SetCell(const CSkinPieces& item) const
 void CSkinUICollectionItemFactory::SetWidget(const CSkinPieces& item) const
 {
     GUI::CLightWidget* const parent = place.scope.light;
-    const CSkinPieces::CPiece* before =
-        item.FindBefore<GUI::CLightWidget>(
-            [parent](const CSkinPieces::CPiece& piece)
-            {
-                GUI::CLightWidget* const* widget = std::get_if<GUI::CLightWidget*>(&piece);
-                return widget != nullptr && (*widget == parent || (*widget)->GetParent() == parent);
-            });
+    const CSkinPieces::CPiece* before = item.FindBefore<GUI::CLightWidget>(
+        [parent](const CSkinPieces::CPiece& piece)
+        {
+            GUI::CLightWidget* const* widget = std::get_if<GUI::CLightWidget*>(&piece);
+            return widget != nullptr && (*widget == parent || (*widget)->GetParent() == parent);
+        });
     GUI::CLightWidget* const widget = before == nullptr ? nullptr : std::get<GUI::CLightWidget*>(*before);
     parent->SetInsertionPoint(widget == parent ? nullptr : widget);
 }

@@ -22,8 +22,8 @@ inline void DescribeBelow(const Mirel::GUI::CLightWidget& widget, const std::str
     {
         const Mirel::GUI::CLightWidget& child = *widget.GetChild(i);
         const auto* shown = dynamic_cast<const Mirel::GUI::CTextLightWidget*>(&child);
-        text << indent << typeid(child).name() << " " << child.GetPosition().x << ","
-             << child.GetPosition().y << " " << child.GetSize().width << "x" << child.GetSize().height
+        text << indent << typeid(child).name() << " " << child.GetPosition().x << "," << child.GetPosition().y
+             << " " << child.GetSize().width << "x" << child.GetSize().height
              << (child.IsShown() ? "" : " hidden") << " " << child.GetOpacity() << " "
              << (shown == nullptr ? "" : shown->GetText()) << "\n";
         DescribeBelow(child, indent + "  ", text);

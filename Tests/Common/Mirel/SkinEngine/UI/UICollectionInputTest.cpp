@@ -22,12 +22,12 @@ struct CWindow : SkinWindowRig
     /// Items of one row, which are 30 pixels wide and high.
     bool OpenItems(const std::string& body, int count = 3)
     {
-        const bool opened = Open("width='300' height='60'",
-                                 "<ROW width='300' height='60' internal_h_align='left'>"
-                                 "<COLLECTION id='c' max_count='6' count='" +
-                                     std::to_string(count) + "'>" + body +
-                                     "</COLLECTION></ROW>");
-        loop.Pump(0);
+        const bool opened =
+            Open("width='300' height='60'", "<ROW width='300' height='60' internal_h_align='left'>"
+                                            "<COLLECTION id='c' max_count='6' count='" +
+                                                std::to_string(count) + "'>" + body + "</COLLECTION></ROW>");
+        frame.Show(true);
+        platform.Pump();
         return opened;
     }
 
@@ -51,7 +51,8 @@ struct CWindow : SkinWindowRig
 TEST(UICollectionInput, AButtonOfAnItemMayTakeTheItemAway)
 {
     CWindow rig;
-    ASSERT_TRUE(rig.OpenItems("<INVISIBLE_PARAM_BUTTON param_id='c.count' loop='true' width='30' height='30'/>"))
+    ASSERT_TRUE(
+        rig.OpenItems("<INVISIBLE_PARAM_BUTTON param_id='c.count' loop='true' width='30' height='30'/>"))
         << rig.AllMessages();
     for (const float expected : {4.0f, 5.0f, 6.0f, 0.0f})
     {
@@ -75,10 +76,9 @@ TEST(UICollectionInput, ASwitchOfAnItemMayTakeTheItemAway)
 
 std::string AnyControl()
 {
-    const std::string element =
-        *rc::gen::element<std::string>("INVISIBLE_PARAM_BUTTON loop='true'", "INVISIBLE_PARAM_BUTTON",
-                                       "INVISIBLE_PARAM_TOGGLE_SWITCH", "INVISIBLE_PARAM_MENU_BUTTON",
-                                       "PARAM_TEXT_CONTROL pixel_range='20'");
+    const std::string element = *rc::gen::element<std::string>(
+        "INVISIBLE_PARAM_BUTTON loop='true'", "INVISIBLE_PARAM_BUTTON", "INVISIBLE_PARAM_TOGGLE_SWITCH",
+        "INVISIBLE_PARAM_MENU_BUTTON", "PARAM_TEXT_CONTROL pixel_range='20'");
     return "<" + element + " param_id='c.count' width='30' height='30' cursor='system::hand'/>";
 }
 
@@ -104,7 +104,7 @@ void Gesture(CWindow& rig)
     default:
         rig.platform.MovePointer({*rc::gen::inRange(0, 120), *rc::gen::inRange(0, 60)});
     }
-    rig.loop.Pump(0);
+    rig.platform.Pump();
 }
 
 RC_GTEST_PROP(UICollectionInput, AnyGestureOnTheControlsOfItemsLeavesTheSkinAsTheCountHasIt, ())

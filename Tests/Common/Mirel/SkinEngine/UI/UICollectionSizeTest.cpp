@@ -81,9 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
         SItems{"OverlappingWidgets", "<LAYER_STACK width='400' height='300'><COLLECTION id='c'>"
                                      "<TEXT value='x' width='20' height='9'/></COLLECTION></LAYER_STACK>"},
         SItems{"ViewersOfOneParameter", "<COLLECTION id='c'><PARAM_TEXT param_id='p'/></COLLECTION>"},
-        SItems{"LinksFromOneParameter",
-               "<COLLECTION id='c'><TEXT id='$item_id$'/><PARAM_LINK from='p' "
-               "to='$item_id$.opacity' trigger_condition='always'/></COLLECTION>"},
+        SItems{"LinksFromOneParameter", "<COLLECTION id='c'><TEXT id='$item_id$'/><PARAM_LINK from='p' "
+                                        "to='$item_id$.opacity' trigger_condition='always'/></COLLECTION>"},
         SItems{"RowsOfATable", "<TABLE><COLLECTION id='c'><TABLE_ROW><TEXT/><TEXT/></TABLE_ROW>"
                                "</COLLECTION></TABLE>"},
         SItems{"InnerCollections", "<COLLECTION id='c'><COLLECTION id='$item_id$.n' count='1'>"
@@ -106,8 +105,9 @@ double ResidentBytes()
 
 TEST(UICollectionMemory, TenThousandItemsLiveAndDieTwiceAndTheirMemoryComesBack)
 {
-    CSkinOfMany skin("<COLLECTION id='c'><COLUMN><TEXT id='$item_id$' value='$item_id$'/><PARAM_TEXT param_id='p'/>"
-                     "</COLUMN></COLLECTION>");
+    CSkinOfMany skin(
+        "<COLLECTION id='c'><COLUMN><TEXT id='$item_id$' value='$item_id$'/><PARAM_TEXT param_id='p'/>"
+        "</COLUMN></COLLECTION>");
     constexpr int items = 10000;
     const double before = ResidentBytes();
     skin.rig.Param("c.count").SetValue(items);

@@ -66,8 +66,7 @@ constexpr const char* shared =
     "<PARAM id='shared' max='9'/><PARAM_LINK from='shared' to='p.count' trigger_condition='always'/>"
     "<PARAM_LINK from='shared' to='q.count' trigger_condition='always'/>";
 
-const std::map<std::string, int> largestCounts = {
-    {"a", 4}, {"b", 4}, {"t", 3}, {"u", 2}, {"p", 3}, {"q", 2}};
+const std::map<std::string, int> largestCounts = {{"a", 4}, {"b", 4}, {"t", 3}, {"u", 2}, {"p", 3}, {"q", 2}};
 
 /// What the collections in items may hold at most, by the end of their names.
 const std::map<std::string, int> largestInnerCounts = {
@@ -194,9 +193,9 @@ rc::Gen<float> AnyCount()
 
 rc::Gen<std::string> AnyCollection()
 {
-    return rc::gen::element<std::string>(
-        "a", "a", "b", "t", "u", "shared", "a[0].n", "a[1].n", "a[2].n", "a[0].m", "a[1].m", "a[3].m",
-        "a[0].m[0].o", "a[0].m[1].o", "a[1].m[0].o", "t[0].c", "t[1].c", "t[2].c", "u[0].r", "u[1].r");
+    return rc::gen::element<std::string>("a", "a", "b", "t", "u", "shared", "a[0].n", "a[1].n", "a[2].n",
+                                         "a[0].m", "a[1].m", "a[3].m", "a[0].m[0].o", "a[0].m[1].o",
+                                         "a[1].m[0].o", "t[0].c", "t[1].c", "t[2].c", "u[0].r", "u[1].r");
 }
 
 /// Moves the counts of the skin, and those that it must come to.

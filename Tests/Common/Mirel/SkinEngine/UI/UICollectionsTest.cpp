@@ -145,8 +145,9 @@ TEST(UICollections, ACountBeyondAllMeasureIsCutWithOneMessage)
     CUIRig rig;
     EXPECT_TRUE(rig.Build("<COLLECTION id='c'><PARAM id='$item_id$.p'/></COLLECTION>"));
     rig.Param("c.count").SetValue(1e30f);
-    EXPECT_THAT(rig.TakeMessages(),
-                ElementsAre("0: The collections have too many items in all: some are left out or incomplete."));
+    EXPECT_THAT(
+        rig.TakeMessages(),
+        ElementsAre("0: The collections have too many items in all: some are left out or incomplete."));
     EXPECT_GT(rig.Value("c.count"), 1000.0f);
     rig.Param("c.count").SetValue(0);
     EXPECT_FALSE(rig.Has("c[0].p"));
@@ -206,9 +207,10 @@ TEST(UICollections, ItemsLearnTheirNamesAndThoseOfTheItemsThatTheyFollow)
 TEST(UICollections, ItemsKnowTheVariablesOfTheirFileAndExpandItsTemplates)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<VARIABLE id='v' value='one'/><TEMPLATE id='T' t='x'><TEXT value='$t$ $v$'/></TEMPLATE>"
-                          "<COLLECTION id='c'><T t='$item_id$'/></COLLECTION>"
-                          "<VARIABLE id='v' value='two' override='true'/>"));
+    EXPECT_TRUE(
+        rig.Build("<VARIABLE id='v' value='one'/><TEMPLATE id='T' t='x'><TEXT value='$t$ $v$'/></TEMPLATE>"
+                  "<COLLECTION id='c'><T t='$item_id$'/></COLLECTION>"
+                  "<VARIABLE id='v' value='two' override='true'/>"));
     rig.Param("c.count").SetValue(2);
     EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0] one", "c[1] one"));
 }
@@ -461,10 +463,11 @@ TEST(UICollections, WhoFollowedAnItemsObjectIsLeftAlone)
 {
     CUIRig rig;
     auto& level = rig.AddParam("level", 0, 9);
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c' count='2'><TEXT id='$item_id$.t'/>"
-                          "<PARAM_LINK from='level' to='$item_id$.t.opacity' trigger_condition='always'/>"
-                          "<PARAM_TEXT param_id='$item_id$.t.opacity'/><PARAM_TEXT param_id='level'/></COLLECTION>"
-                          "<PARAM_TEXT param_id='c[1].t.opacity' width='40' height='9'/>"));
+    EXPECT_TRUE(
+        rig.Build("<COLLECTION id='c' count='2'><TEXT id='$item_id$.t'/>"
+                  "<PARAM_LINK from='level' to='$item_id$.t.opacity' trigger_condition='always'/>"
+                  "<PARAM_TEXT param_id='$item_id$.t.opacity'/><PARAM_TEXT param_id='level'/></COLLECTION>"
+                  "<PARAM_TEXT param_id='c[1].t.opacity' width='40' height='9'/>"));
     level.SetValue(1);
     const auto shown = [&rig] { return ShownTexts(rig).back(); };
     const std::string one = shown();
@@ -509,7 +512,8 @@ TEST(UICollections, ALinkOfAnItemMaySetTheCountOfItsOwnCollection)
 TEST(UICollections, ACountThatIsAskedForWhileAnItemGoesWaitsForTheOthers)
 {
     CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c'><TEXT value='$item_id$'/><PARAM id='$item_id$.p'/></COLLECTION>"));
+    EXPECT_TRUE(
+        rig.Build("<COLLECTION id='c'><TEXT value='$item_id$'/><PARAM id='$item_id$.p'/></COLLECTION>"));
     rig.Param("c.count").SetValue(4);
     for (const char* line : {"-c[1].p", "-c[2].p", "-c[3].p"})
     {

@@ -36,8 +36,8 @@ inline std::string Replaced(std::string text, const std::string& what, const std
     return text;
 }
 
-/// Where the element ends that begins at a place of the text, its end tag included. For COLLECTION and FOREACH
-/// with an end tag of their own.
+/// Where the element ends that begins at a place of the text, its end tag included. For COLLECTION and
+/// FOREACH with an end tag of their own.
 inline std::size_t EndOfCollection(const std::string& text, std::size_t begin)
 {
     int depth = 0;
@@ -53,8 +53,8 @@ inline std::size_t EndOfCollection(const std::string& text, std::size_t begin)
     }
 }
 
-/// A skin in which each collection is replaced by its items, as an author without collections writes it. Works
-/// on the text alone. The counts of collections that follow others come into the counts.
+/// A skin in which each collection is replaced by its items, as an author without collections writes it.
+/// Works on the text alone. The counts of collections that follow others come into the counts.
 inline std::string WrittenOut(const std::string& text, CCounts& counts)
 {
     const auto begin = std::min(text.find("<COLLECTION "), text.find("<FOREACH "));
