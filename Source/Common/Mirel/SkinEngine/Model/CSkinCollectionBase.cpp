@@ -16,8 +16,8 @@ CSkinCollectionBase::CSkinCollectionBase(std::shared_ptr<CSkinCollectionContext>
 
 CSkinCollectionBase::~CSkinCollectionBase()
 {
-    context->Forget(*this);
     DestroyItems();
+    context->Forget(*this);
 }
 
 void CSkinCollectionBase::SetItemFactory(std::unique_ptr<ISkinCollectionItemFactory> newFactory)
@@ -40,15 +40,31 @@ void CSkinCollectionBase::ApplyCount(int newCount)
     {
         return;
     }
+    if (changing)
+    {
+        // One that follows a collection of its own items comes here.
+        context->Request(*this, newCount);
+        return;
+    }
     const Core::CLifeToken::CWatch watch(life);
     const std::shared_ptr<CSkinCollectionContext> keptContext = context;
     const CSkinCollectionContext::CChange change(*keptContext);
     const int before = count;
     targetCount = newCount;
+    changing = true;
     beforeChange.Notify(newCount);
-    newCount < before ? Shrink(newCount) : Grow(newCount);
+    // One that follows this may have let the very item go in which this stands.
+    if (!watch.IsAlive())
+    {
+        return;
+    }
+    if (factory != nullptr)
+    {
+        newCount < before ? Shrink(newCount) : Grow(newCount);
+    }
+    changing = false;
     targetCount = count;
-    if (watch.IsAlive() && count != before)
+    if (count != before)
     {
         changed.Notify();
     }
@@ -110,11 +126,20 @@ void CSkinCollectionBase::DestroyItems()
 {
     if (factory != nullptr && factory->GetCount() > 0)
     {
-        const CSkinCollectionContext::CChange change(*context);
-        targetCount = 0;
-        beforeChange.Notify(0);
-        Shrink(0);
-        changed.Notify();
+        const bool grows = std::exchange(growing, false);
+        {
+            const CSkinCollectionContext::CChange change(*context);
+            targetCount = 0;
+            changing = true;
+            beforeChange.Notify(0);
+            if (factory != nullptr)
+            {
+                Shrink(0);
+            }
+            changing = false;
+            changed.Notify();
+        }
+        growing = grows;
     }
 }
 

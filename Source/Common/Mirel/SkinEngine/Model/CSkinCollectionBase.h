@@ -82,6 +82,7 @@ private:
     int count = 0;
     int targetCount = 0;
     bool growing = true;
+    bool changing = false; ///< Its own items are coming or going.
     Core::CLifeToken life;
     // Listening changes nothing of the collection.
     mutable Core::TArgEventProvider<int> beforeChange;

@@ -38,6 +38,18 @@ inline std::string DescribeTree(const Mirel::GUI::CLightWidget& root)
     return text.str();
 }
 
+/// What the texts directly below the root show, from the back to the front.
+inline std::vector<std::string> ShownTexts(const Mirel::GUI::CLightWidget& root)
+{
+    std::vector<std::string> texts;
+    for (int i = 0; i < root.GetChildCount(); ++i)
+    {
+        const auto* text = dynamic_cast<const Mirel::GUI::CTextLightWidget*>(root.GetChild(i));
+        texts.emplace_back(text == nullptr ? "?" : text->GetText());
+    }
+    return texts;
+}
+
 /// The bytes of what the tree paints.
 inline std::vector<std::uint8_t> PaintTree(Mirel::GUI::CLightWidget& root)
 {

@@ -1,18 +1,16 @@
 // COLLECTION and FOREACH in a skin: what they read, make and tell.
 
-#include "Mirel/Core/TArgCommand.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamMeter.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CTextLightWidget.h"
 #include "Mirel/SkinEngine/Model/ICollection.h"
-#include "Support/CFunctionCommand.h"
+#include "ShownTree.h"
 #include "Support/EventCounter.h"
 #include "UIRig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -29,67 +27,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using Tests::CUIRig;
-
-/// Notes what enters and leaves the dictionary, as "+id" and "-id".
-class CObjectsLog
-{
-public:
-    explicit CObjectsLog(CUIRig& rig_) : rig(rig_)
-    {
-        rig.model.GetObjects().GetAddedEventProvider().Connect(added);
-        rig.model.GetObjects().GetRemovedEventProvider().Connect(removed);
-    }
-    CObjectsLog(const CObjectsLog&) = delete;
-    CObjectsLog& operator=(const CObjectsLog&) = delete;
-    ~CObjectsLog()
-    {
-        rig.model.GetObjects().GetAddedEventProvider().Disconnect(&added);
-        rig.model.GetObjects().GetRemovedEventProvider().Disconnect(&removed);
-    }
-
-    std::vector<std::string> Take() { return std::exchange(lines, {}); }
-
-    /// Runs when that line is noted, once.
-    void At(const std::string& line, std::function<void()> call)
-    {
-        awaited = line;
-        onAwaited = std::move(call);
-    }
-
-private:
-    void OnAdded(const CDictionaryEntry& entry) { Note("+", entry); }
-    void OnRemoved(const CDictionaryEntry& entry) { Note("-", entry); }
-
-    void Note(const char* sign, const CDictionaryEntry& entry)
-    {
-        lines.push_back(std::string(sign).append(entry.id));
-        if (lines.back() == awaited && onAwaited)
-        {
-            std::exchange(onAwaited, nullptr)();
-        }
-    }
-
-    using Command = Core::TArgCommand<CObjectsLog, const CDictionaryEntry&>;
-
-    CUIRig& rig;
-    std::vector<std::string> lines;
-    std::string awaited;
-    std::function<void()> onAwaited;
-    Command added{this, &CObjectsLog::OnAdded};
-    Command removed{this, &CObjectsLog::OnRemoved};
-};
-
-/// What the texts of a skin show, from the back to the front.
-std::vector<std::string> ShownTexts(CUIRig& rig)
-{
-    std::vector<std::string> texts;
-    for (int i = 0; i < rig.light.GetChildCount(); ++i)
-    {
-        const auto* text = rig.Widget<GUI::CTextLightWidget>(i);
-        texts.emplace_back(text == nullptr ? "?" : text->GetText());
-    }
-    return texts;
-}
+using Tests::ShownTexts;
 
 /// A collection of texts that show the names of their items.
 std::string Texts(const std::string& attributes)
@@ -116,7 +54,7 @@ TEST(UICollections, StartWithTheClampedCount)
     {
         CUIRig rig;
         EXPECT_TRUE(rig.Build(Texts(std::string("id='c' ").append(each.attributes)))) << each.attributes;
-        EXPECT_EQ(ShownTexts(rig).size(), each.items) << each.attributes;
+        EXPECT_EQ(ShownTexts(rig.light).size(), each.items) << each.attributes;
         EXPECT_THAT(rig.TakeMessages(), IsEmpty()) << each.attributes;
     }
 }
@@ -128,7 +66,7 @@ TEST(UICollections, ACountThatIsSetIsClampedAndWhatIsNoNumberChangesNothing)
     const auto itemsAt = [&rig](float count)
     {
         rig.Param("c.count").SetValue(count);
-        return static_cast<int>(ShownTexts(rig).size());
+        return static_cast<int>(ShownTexts(rig.light).size());
     };
     EXPECT_EQ(itemsAt(-1.0f), 1);
     EXPECT_EQ(itemsAt(4.0f), 3);
@@ -200,8 +138,9 @@ TEST(UICollections, ItemsLearnTheirNamesAndThoseOfTheItemsThatTheyFollow)
                           "<COLLECTION id='b' count='2' item_name='me'><TEXT value='$me$ $item_id$'/>"
                           "</COLLECTION><FOREACH id='f' collection_id='a;b' item_name='it'>"
                           "<TEXT value='$it$ $a_it$ $b_it$ $a_item_id$'/></FOREACH>"));
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("a[0]", "a[1]", "b[0] $item_id$", "b[1] $item_id$",
-                                             "f[0] a[0] b[0] $a_item_id$", "f[1] a[1] b[1] $a_item_id$"));
+    EXPECT_THAT(ShownTexts(rig.light),
+                ElementsAre("a[0]", "a[1]", "b[0] $item_id$", "b[1] $item_id$", "f[0] a[0] b[0] $a_item_id$",
+                            "f[1] a[1] b[1] $a_item_id$"));
 }
 
 TEST(UICollections, ItemsKnowTheVariablesOfTheirFileAndExpandItsTemplates)
@@ -212,7 +151,7 @@ TEST(UICollections, ItemsKnowTheVariablesOfTheirFileAndExpandItsTemplates)
                   "<COLLECTION id='c'><T t='$item_id$'/></COLLECTION>"
                   "<VARIABLE id='v' value='two' override='true'/>"));
     rig.Param("c.count").SetValue(2);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0] one", "c[1] one"));
+    EXPECT_THAT(ShownTexts(rig.light), ElementsAre("c[0] one", "c[1] one"));
 }
 
 TEST(UICollections, ACollectionIsKeptInTheStateIfItIsPersistent)
@@ -227,7 +166,7 @@ TEST(UICollections, ACollectionIsKeptInTheStateIfItIsPersistent)
     CUIRig other;
     EXPECT_TRUE(other.Build(skin));
     other.model.RestoreState(state);
-    EXPECT_THAT(ShownTexts(other), ElementsAre("c[0]", "c[1]", "c[2]"));
+    EXPECT_THAT(ShownTexts(other.light), ElementsAre("c[0]", "c[1]", "c[2]"));
 }
 
 TEST(UICollections, ACollectionIsShownToTheHostIfItIsExposed)
@@ -246,7 +185,7 @@ TEST(UICollections, AFollowerOfThreeAndFiveItemsHasThree)
     EXPECT_TRUE(rig.Build("<COLLECTION id='a' count='3'/><COLLECTION id='b' count='5'/>"
                           "<FOREACH id='f' collection_id='a;b'><TEXT value='$item_id$'/></FOREACH>"));
     EXPECT_FLOAT_EQ(rig.Value("f.count"), 3.0f);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("f[0]", "f[1]", "f[2]"));
+    EXPECT_THAT(ShownTexts(rig.light), ElementsAre("f[0]", "f[1]", "f[2]"));
 }
 
 TEST(UICollections, AFollowerOfAnUnknownCollectionIsReportedAndStaysEmpty)
@@ -303,7 +242,7 @@ TEST(UICollections, ANamelessOneHasItemsButNoNameForAFollowerOrALink)
     EXPECT_THAT(rig.TakeMessages(),
                 ElementsAre("0: Cannot create \"foreach\" collection, collection_id field is empty.",
                             "0: Fatal error: skin parsing failed"));
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("[0]", "[1]"));
+    EXPECT_THAT(ShownTexts(rig.light), ElementsAre("[0]", "[1]"));
     EXPECT_FALSE(rig.Has(""));
     EXPECT_FALSE(rig.Has(".count"));
     rig.Close();
@@ -317,7 +256,7 @@ TEST(UICollections, AnItemThatFailsIsKept)
                           "<PARAM_LINK from='nowhere' to='neither'/></COLLECTION>"));
     EXPECT_THAT(rig.TakeMessages(), IsEmpty());
     EXPECT_FLOAT_EQ(rig.Value("c.count"), 2.0f);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0]", "c[1]"));
+    EXPECT_THAT(ShownTexts(rig.light), ElementsAre("c[0]", "c[1]"));
 }
 
 // What they make.
@@ -431,116 +370,6 @@ TEST(UICollections, GoWithTheSkin)
     rig.Close();
     EXPECT_EQ(rig.light.GetChildCount(), 0);
     EXPECT_EQ(rig.model.GetObjects().GetCount(), 0);
-}
-
-// In which order.
-
-/// One object an item, of a collection and of its follower.
-constexpr const char* followed = "<COLLECTION id='a'><PARAM id='$item_id$.p'/></COLLECTION>"
-                                 "<FOREACH id='f' collection_id='a'><PARAM id='$item_id$.q'/></FOREACH>"
-                                 "<EXPOSED_OBJECTS object_ids='a.count;a[*].p;f[*].q'/>";
-
-TEST(UICollections, ItemsComeInRisingOrderAndThoseOfAFollowerAfterThem)
-{
-    CUIRig rig;
-    EXPECT_TRUE(rig.Build(followed, false));
-    CObjectsLog log(rig);
-    rig.Param("a.count").SetValue(2);
-    EXPECT_THAT(log.Take(), ElementsAre("+a[0].p", "+a[1].p", "+f[0].q", "+f[1].q"));
-}
-
-TEST(UICollections, ItemsGoInRisingOrderAndThoseOfAFollowerBeforeThem)
-{
-    CUIRig rig;
-    EXPECT_TRUE(rig.Build(followed, false));
-    rig.Param("a.count").SetValue(3);
-    CObjectsLog log(rig);
-    rig.Param("a.count").SetValue(1);
-    EXPECT_THAT(log.Take(), ElementsAre("-f[1].q", "-f[2].q", "-a[1].p", "-a[2].p"));
-}
-
-TEST(UICollections, WhoFollowedAnItemsObjectIsLeftAlone)
-{
-    CUIRig rig;
-    auto& level = rig.AddParam("level", 0, 9);
-    EXPECT_TRUE(
-        rig.Build("<COLLECTION id='c' count='2'><TEXT id='$item_id$.t'/>"
-                  "<PARAM_LINK from='level' to='$item_id$.t.opacity' trigger_condition='always'/>"
-                  "<PARAM_TEXT param_id='$item_id$.t.opacity'/><PARAM_TEXT param_id='level'/></COLLECTION>"
-                  "<PARAM_TEXT param_id='c[1].t.opacity' width='40' height='9'/>"));
-    level.SetValue(1);
-    const auto shown = [&rig] { return ShownTexts(rig).back(); };
-    const std::string one = shown();
-    rig.Param("c.count").SetValue(1);
-    level.SetValue(0);
-    EXPECT_NE(shown(), one);
-    rig.Param("c.count").SetValue(0);
-    level.SetValue(1);
-    rig.Param("c.count").SetValue(2);
-    EXPECT_EQ(shown(), one);
-    rig.Close();
-    level.SetValue(0);
-}
-
-TEST(UICollections, ACountThatAnItemAsksForWhileItIsMadeWaitsForTheOthers)
-{
-    CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c'><TEXT value='$item_id$'/><PARAM id='$item_id$.p' max='9' "
-                          "default='1'/></COLLECTION>"));
-    CObjectsLog log(rig);
-    log.At("+c[0].p", [&rig] { rig.Param("c.count").SetValue(1); });
-    rig.Param("c.count").SetValue(3);
-    EXPECT_THAT(log.Take(), testing::Contains("+c[2].p"));
-    EXPECT_FLOAT_EQ(rig.Value("c.count"), 1.0f);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0]"));
-}
-
-TEST(UICollections, ALinkOfAnItemMaySetTheCountOfItsOwnCollection)
-{
-    CUIRig rig;
-    EXPECT_TRUE(rig.Build("<COLLECTION id='c' item_name='i'><TEXT value='$i$'/><PARAM id='$i$.p' max='9' "
-                          "default='2'/><PARAM_LINK from='$i$.p' to='c.count' trigger_condition='always'/>"
-                          "</COLLECTION>"));
-    rig.Param("c.count").SetValue(5);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0]", "c[1]"));
-    rig.Param("c[1].p").SetValue(3);
-    EXPECT_FLOAT_EQ(rig.Value("c.count"), 2.0f); // The third item asks for two.
-    rig.Param("c[1].p").SetValue(1);
-    EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0]"));
-}
-
-TEST(UICollections, ACountThatIsAskedForWhileAnItemGoesWaitsForTheOthers)
-{
-    CUIRig rig;
-    EXPECT_TRUE(
-        rig.Build("<COLLECTION id='c'><TEXT value='$item_id$'/><PARAM id='$item_id$.p'/></COLLECTION>"));
-    rig.Param("c.count").SetValue(4);
-    for (const char* line : {"-c[1].p", "-c[2].p", "-c[3].p"})
-    {
-        CObjectsLog log(rig);
-        log.At(line, [&rig] { rig.Param("c.count").SetValue(4); });
-        rig.Param("c.count").SetValue(1);
-        EXPECT_FLOAT_EQ(rig.Value("c.count"), 4.0f);
-        EXPECT_THAT(ShownTexts(rig), ElementsAre("c[0]", "c[1]", "c[2]", "c[3]"));
-    }
-}
-
-TEST(UICollections, ASkinThatGoesMakesNoItemsOnTheWay)
-{
-    CUIRig rig;
-    const CAction action("", "", new Tests::CFunctionCommand([] {}));
-    int made = 0;
-    rig.services.findAction = [&](const std::string&)
-    {
-        ++made;
-        return &action;
-    };
-    // When a goes, b alone would call for more.
-    EXPECT_TRUE(rig.Build("<COLLECTION id='a' count='1'/><COLLECTION id='b' count='5'/><FOREACH id='f' "
-                          "collection_id='a;b'><INVISIBLE_ACTION_BUTTON action='A'/></FOREACH>"));
-    EXPECT_EQ(std::exchange(made, 0), 1);
-    rig.Close();
-    EXPECT_EQ(made, 0);
 }
 
 } // namespace
