@@ -19,8 +19,14 @@ namespace
 using Tests::CUIRig;
 using Tests::ThreadSeconds;
 
-constexpr int fewItems = 1000;
-constexpr int manyItems = 8000;
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool isSlow = true; // and keeps what is free
+#else
+constexpr bool isSlow = false;
+#endif
+
+constexpr int fewItems = isSlow ? 100 : 1000;
+constexpr int manyItems = 8 * fewItems;
 
 /// Far above linear growth, which is 8 with what a large heap costs on top, and far below quadratic, 64.
 constexpr double mostTimes = 30.0;
@@ -91,8 +97,6 @@ INSTANTIATE_TEST_SUITE_P(
         SItems{"NativeWidgets", "<COLLECTION id='c'><TEXT system_widget='true'/></COLLECTION>"}),
     [](const auto& each) { return std::string(each.param.name); });
 
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which keep what is free
-
 /// Bytes in memory, after what is free has been handed back.
 double ResidentBytes()
 {
@@ -112,17 +116,15 @@ TEST(UICollectionMemory, TenThousandItemsLiveAndDieTwiceAndTheirMemoryComesBack)
     const double before = ResidentBytes();
     skin.rig.Param("c.count").SetValue(items);
     const double taken = ResidentBytes() - before;
-    EXPECT_GT(taken, 0.0);
+    EXPECT_TRUE(isSlow || taken > 0.0);
     skin.rig.Param("c.count").SetValue(0);
     skin.SecondsFor(items);
     const double left = ResidentBytes() - before;
     RecordProperty("taken", std::to_string(taken));
     RecordProperty("left", std::to_string(left));
-    EXPECT_LT(left, 0.1 * taken);
+    EXPECT_TRUE(isSlow || left < 0.1 * taken) << left << " of " << taken;
     EXPECT_TRUE(skin.rig.TakeMessages().empty());
 }
-
-#endif
 
 } // namespace
 } // namespace Mirel::SkinEngine
