@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <iterator>
 #include <list>
+#include <memory>
+#include <unordered_map>
 
 namespace Mirel::Core
 {
@@ -15,31 +18,37 @@ public:
     /// Null is ignored.
     void Connect(L* listener)
     {
-        if (listener != nullptr)
+        if (listener == nullptr)
         {
-            items.push_back({listener, false});
+            return;
+        }
+        items.push_back({listener, false});
+        if (index != nullptr)
+        {
+            index->emplace(listener, std::prev(items.end()));
+        }
+        else if (items.size() > longestPlainList)
+        {
+            MakeIndex();
         }
     }
 
     /// Removes every item of the listener.
     void Disconnect(L* listener)
     {
+        if (index != nullptr)
+        {
+            const auto [first, last] = index->equal_range(listener);
+            for (auto entry = first; entry != last; ++entry)
+            {
+                Remove(entry->second);
+            }
+            index->erase(first, last);
+            return;
+        }
         for (auto item = items.begin(); item != items.end();)
         {
-            if (item->listener != listener)
-            {
-                ++item;
-            }
-            else if (item->running)
-            {
-                // The delivery on the stack still needs the item's link to go on from.
-                item->listener = nullptr;
-                ++item;
-            }
-            else
-            {
-                item = items.erase(item);
-            }
+            item = item->listener == listener ? Remove(item) : std::next(item);
         }
     }
 
@@ -70,7 +79,38 @@ private:
         bool running;
     };
 
+    using CIterator = typename std::list<CItem>::iterator;
+
+    /// Above it listeners are looked up instead of searched: a parameter that thousands of widgets show would
+    /// take minutes to lose them one by one.
+    static constexpr std::size_t longestPlainList = 64;
+
+    void MakeIndex()
+    {
+        index = std::make_unique<std::unordered_multimap<const L*, CIterator>>();
+        for (auto item = items.begin(); item != items.end(); ++item)
+        {
+            if (item->listener != nullptr)
+            {
+                index->emplace(item->listener, item);
+            }
+        }
+    }
+
+    /// The item behind.
+    CIterator Remove(CIterator item)
+    {
+        if (!item->running)
+        {
+            return items.erase(item);
+        }
+        // The delivery on the stack still needs the item's link to go on from.
+        item->listener = nullptr;
+        return std::next(item);
+    }
+
     std::list<CItem> items;
+    std::unique_ptr<std::unordered_multimap<const L*, CIterator>> index; ///< Once there are many.
 };
 
 /// The destroying form of Disconnect, the same for all providers: does nothing for null; else disconnects

@@ -12,6 +12,7 @@
 #include "Mirel/Graphics/IGraphics.h"
 #include "Mirel/Layout/ILayoutContent.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -123,6 +124,11 @@ public:
     /// it stands in are ignored.
     void AddChild(CLightWidget* child, bool front = false);
 
+    /// Lets the next children that are no front ones join behind that child, each before the one that joins
+    /// next; null for the back. Until MoveInsertionPointToEnd, and as long as the child stays.
+    void SetInsertionPoint(const CLightWidget* child);
+    void MoveInsertionPointToEnd() { insertionPoint = atEnd; }
+
     /// False if it is no child of this widget.
     bool RemoveChild(CLightWidget* child);
 
@@ -185,11 +191,14 @@ public:
     const Core::CLifeToken& GetLifeToken() const { return life; }
 
 private:
+    static constexpr std::ptrdiff_t atEnd = -1;
+
     CRect GetArea() const { return {CPoint(), GetSize()}; }
     CRect GetFrame() const { return {position, GetSize()}; }
     void MarkDirty();
     void InvalidateAround(const CRect& rect);
     CRect WithoutCovered(CRect rect, const CLightWidget& child) const;
+    std::ptrdiff_t FindChild(const CLightWidget& child) const;
     void Insert(CLightWidget& child, bool childFront);
     void Unlink(CLightWidget& child);
     void OnGraphicsChanged(const CRect& rect);
@@ -211,6 +220,7 @@ private:
     CLightWidget* parent = nullptr;
     ILightWidgetHost* host = nullptr; ///< Of a root only.
     std::vector<CLightWidget*> children;
+    std::ptrdiff_t insertionPoint = atEnd; ///< Among the children.
     CLightMouseTarget mouse;
     CLightKeyboardTarget keyboard;
     Core::TArgCommand<CLightWidget, const CRect&> onGraphicsChanged;

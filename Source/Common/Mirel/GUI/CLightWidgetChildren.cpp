@@ -3,6 +3,7 @@
 #include "Mirel/GUI/ILightWidgetHost.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Mirel::GUI
 {
@@ -89,11 +90,35 @@ bool CLightWidget::StandsIn(const CLightWidget& other) const
     return widget != nullptr;
 }
 
+void CLightWidget::SetInsertionPoint(const CLightWidget* child)
+{
+    const bool isPlace = child != nullptr && child->parent == this && !child->front;
+    insertionPoint = child == nullptr ? 0 : isPlace ? FindChild(*child) + 1 : atEnd;
+}
+
+/// Its place among the children. From both ends: many come and go at one of them.
+std::ptrdiff_t CLightWidget::FindChild(const CLightWidget& child) const
+{
+    std::ptrdiff_t first = 0;
+    std::ptrdiff_t last = std::ssize(children) - 1;
+    while (children[static_cast<std::size_t>(first)] != &child &&
+           children[static_cast<std::size_t>(last)] != &child)
+    {
+        ++first;
+        --last;
+    }
+    return children[static_cast<std::size_t>(first)] == &child ? first : last;
+}
+
 void CLightWidget::Insert(CLightWidget& child, bool childFront)
 {
-    const auto place = childFront ? children.end()
-                                  : std::find_if(children.begin(), children.end(),
-                                                 [](const CLightWidget* other) { return other->front; });
+    const auto isBehind = [](const CLightWidget* other) { return !other->front; };
+    auto place = children.end();
+    if (!childFront)
+    {
+        place = insertionPoint == atEnd ? std::find_if(children.rbegin(), children.rend(), isBehind).base()
+                                        : children.begin() + insertionPoint++;
+    }
     children.insert(place, &child);
     child.parent = this;
     child.front = childFront;
@@ -101,8 +126,13 @@ void CLightWidget::Insert(CLightWidget& child, bool childFront)
 
 void CLightWidget::Unlink(CLightWidget& child)
 {
-    children.erase(std::find(children.begin(), children.end(), &child));
+    const std::ptrdiff_t place = FindChild(child);
+    children.erase(children.begin() + place);
     child.parent = nullptr;
+    if (place < insertionPoint)
+    {
+        --insertionPoint;
+    }
 }
 
 } // namespace Mirel::GUI

@@ -8,6 +8,7 @@ namespace Mirel::Layout
 {
 
 class CBaseGroupLayoutCell;
+struct CLayoutItem;
 
 /// A rectangle of the layout. Layout runs in two passes: UpdateSize finds sizes from the leaves up, Arrange
 /// places from the root down and hands out ratios and free pixels. Update does both, as far up and down as a
@@ -95,10 +96,13 @@ protected:
     void StorePosition(const Core::CPoint& point) { currentPosition = point; }
 
 private:
+    friend class CLayoutItems;
+
     bool dirty = true;
     Core::CPoint currentPosition;
     Core::CSize currentSize;
     CBaseGroupLayoutCell* parent = nullptr;
+    CLayoutItem* holder = nullptr; ///< Kept by the list that the item stands in.
     mutable Core::CEventProvider sizeChanged;
     bool autoUpdate = false;
     bool displayed = true;

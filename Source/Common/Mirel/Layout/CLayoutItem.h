@@ -5,8 +5,12 @@
 #include "Mirel/Layout/CLayoutCell.h"
 #include "Mirel/Layout/CLayoutOptions.h"
 
+#include <list>
+
 namespace Mirel::Layout
 {
+
+class CLayoutItems;
 
 /// A cell in a group or in a row of a table, with what it asks of it.
 struct CLayoutItem
@@ -34,6 +38,8 @@ struct CLayoutItem
     Core::CSize target;   ///< The size that the arrange pass under way gives to the cell.
     bool removed = false; ///< The item stands in its list only until the walks over it are done.
     Core::TOwnership<CLayoutCell> cell;
+    CLayoutItems* list = nullptr;           ///< That the item stands in.
+    std::list<CLayoutItem>::iterator place; ///< There.
 };
 
 } // namespace Mirel::Layout

@@ -2,8 +2,8 @@
 
 #include "Mirel/Layout/CLayoutScope.h"
 
-#include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace Mirel::Layout
 {
@@ -16,21 +16,23 @@ CLayoutItems::CLayoutItems(CBaseGroupLayoutCell& group_, Core::ICommand& options
 
 CLayoutItem& CLayoutItems::Add(CLayoutCell* cell, const CLayoutOptions& options, bool owned)
 {
-    CLayoutItem& item = *items.emplace(insertionPoint, cell, options, owned);
+    const CIterator place = items.emplace(insertionPoint, cell, options, owned);
+    place->list = this;
+    place->place = place;
+    cell->holder = &*place;
     cell->SetParent(&group);
-    item.options.GetChangedEvent().Connect(optionsChanged);
-    return item;
+    place->options.GetChangedEvent().Connect(optionsChanged);
+    return *place;
 }
 
 bool CLayoutItems::Remove(const CLayoutCell* cell, bool destroy)
 {
     insertionPoint = items.end();
-    const CIterator found = Find(cell);
-    if (found == items.end())
+    if (FindListOf(cell) != this)
     {
         return false;
     }
-    MarkRemoved(*found, destroy);
+    MarkRemoved(*cell->holder, destroy);
     return true;
 }
 
@@ -49,34 +51,26 @@ void CLayoutItems::RemoveAll(bool destroy)
 void CLayoutItems::MarkRemoved(CLayoutItem& item, bool destroy)
 {
     item.options.GetChangedEvent().Disconnect(&optionsChanged);
+    item.cell->holder = nullptr;
     item.cell->SetParent(nullptr);
     if (!destroy)
     {
         item.cell.Set(item.cell.Get(), false);
     }
     item.removed = true;
-    hasRemoved = true;
+    removed.push_back(item.place);
 }
 
 void CLayoutItems::Purge()
 {
-    if (!hasRemoved)
+    // Taken out first: cells that are destroyed here may come back.
+    for (const CIterator& item : std::exchange(removed, {}))
     {
-        return;
-    }
-    hasRemoved = false;
-    for (CIterator item = items.begin(); item != items.end();)
-    {
-        const CIterator next = std::next(item);
-        if (item->removed)
+        if (insertionPoint == item)
         {
-            if (insertionPoint == item)
-            {
-                insertionPoint = next;
-            }
-            CLayoutScope::Bury(items, item);
+            insertionPoint = std::next(item);
         }
-        item = next;
+        CLayoutScope::Bury(items, item);
     }
 }
 
@@ -87,14 +81,9 @@ bool CLayoutItems::SetInsertionPoint(const CLayoutCell* cell)
         insertionPoint = items.begin();
         return true;
     }
-    insertionPoint = items.end();
-    const CIterator found = Find(cell);
-    if (found == items.end())
-    {
-        return false;
-    }
-    insertionPoint = std::next(found);
-    return true;
+    const bool isHere = FindListOf(cell) == this;
+    insertionPoint = isHere ? std::next(cell->holder->place) : items.end();
+    return isHere;
 }
 
 CLayoutCell* CLayoutItems::GetCurrentCell() const
@@ -110,10 +99,9 @@ CLayoutCell* CLayoutItems::GetCurrentCell() const
     return nullptr;
 }
 
-CLayoutItems::CIterator CLayoutItems::Find(const CLayoutCell* cell)
+CLayoutItems* CLayoutItems::FindListOf(const CLayoutCell* cell)
 {
-    return std::find_if(items.begin(), items.end(),
-                        [cell](const CLayoutItem& item) { return !item.removed && item.cell.Get() == cell; });
+    return cell == nullptr || cell->holder == nullptr ? nullptr : cell->holder->list;
 }
 
 } // namespace Mirel::Layout

@@ -4,6 +4,7 @@
 #include "Mirel/Layout/CLayoutItem.h"
 
 #include <list>
+#include <vector>
 
 namespace Mirel::Layout
 {
@@ -33,6 +34,11 @@ public:
     /// changed, if the cell is not here.
     bool Remove(const CLayoutCell* cell, bool destroy);
 
+    /// The list that holds the cell, whichever that is; null for none.
+    static CLayoutItems* FindListOf(const CLayoutCell* cell);
+
+    CBaseGroupLayoutCell& GetGroup() const { return group; }
+
     /// Marks all items as removed.
     void RemoveAll(bool destroy);
 
@@ -54,14 +60,13 @@ public:
     CConstIterator end() const { return items.end(); }
 
 private:
-    CIterator Find(const CLayoutCell* cell);
     void MarkRemoved(CLayoutItem& item, bool destroy);
 
     CBaseGroupLayoutCell& group;
     Core::ICommand& optionsChanged;
     std::list<CLayoutItem> items;
     CIterator insertionPoint = items.end();
-    bool hasRemoved = false;
+    std::vector<CIterator> removed; ///< What Purge destroys.
 };
 
 } // namespace Mirel::Layout

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 namespace Mirel::Layout
 {
@@ -28,7 +29,7 @@ std::int64_t BoxOffset(EAxis axis, const CLayoutItem& item, std::int32_t boxExte
 } // namespace
 
 CTableLayoutCell::CRow::CRow(CTableLayoutCell& table_, float heightRatio_, std::int32_t fixedHeight_)
-    : items(table_, table_.updateCommand),
+    : items(table_, *this),
       heightRatio(heightRatio_),
       fixedHeight(fixedHeight_),
       table(table_)
@@ -84,36 +85,40 @@ void CTableLayoutCell::ForEachRow(const Call& call)
 CTableLayoutCell::CRow* CTableLayoutCell::AddRow(float heightRatio, std::int32_t fixedHeight)
 {
     const CWalk walk(*this);
-    const auto current =
-        std::find_if(rows.begin(), rows.end(), [this](const CRow& row) { return &row == currentRow; });
-    CRow& row =
-        *rows.emplace(current == rows.end() ? current : std::next(current), *this, heightRatio, fixedHeight);
+    const CRows::iterator behind = currentRow == nullptr ? rows.begin() : std::next(currentRow->place);
+    CRow& row = *rows.emplace(behind, *this, heightRatio, fixedHeight);
+    row.place = std::prev(behind);
     ++rowCount;
     currentRow = &row;
     Update();
     return row.removed ? nullptr : &row;
 }
 
+void CTableLayoutCell::SetCurrentRow(CRow* row)
+{
+    if (row == nullptr)
+    {
+        currentRow = nullptr;
+    }
+    else if (&row->table == this)
+    {
+        currentRow = row;
+        row->items.SetInsertionPoint(nullptr);
+    }
+}
+
 void CTableLayoutCell::RemoveRow(CRow* row, bool destroy)
 {
-    const auto found = std::find_if(rows.begin(), rows.end(),
-                                    [row](const CRow& other) { return &other == row && !other.removed; });
-    if (found == rows.end())
+    if (row == nullptr || &row->table != this || row->removed)
     {
         return;
     }
     {
         const CWalk walk(*this);
-        RemoveMarked(*found, destroy);
-        if (found->columnCount >= columnCount)
-        {
-            RecountColumns();
-        }
+        RemoveMarked(*row, destroy);
+        ForgetColumns(*row);
         currentRow = GetLastRow();
-        if (currentRow != nullptr)
-        {
-            currentRow->items.MoveInsertionPointToEnd();
-        }
+        MoveInsertionPointToEnd();
     }
     Update();
 }
@@ -122,8 +127,15 @@ void CTableLayoutCell::RemoveMarked(CRow& row, bool destroy)
 {
     row.items.RemoveAll(destroy);
     row.removed = true;
-    hasRemovedRows = true;
+    rowsToPurge.push_back(&row);
+    removedRows.push_back(&row);
     --rowCount;
+}
+
+CTableLayoutCell::CRow* CTableLayoutCell::GetFirstRow()
+{
+    const auto first = std::find_if(rows.begin(), rows.end(), [](const CRow& row) { return !row.removed; });
+    return first == rows.end() ? nullptr : &*first;
 }
 
 CTableLayoutCell::CRow* CTableLayoutCell::GetLastRow()
@@ -132,15 +144,25 @@ CTableLayoutCell::CRow* CTableLayoutCell::GetLastRow()
     return last == rows.rend() ? nullptr : &*last;
 }
 
-void CTableLayoutCell::RecountColumns()
+std::int32_t CTableLayoutCell::GetColumnCount() const
 {
-    columnCount = 0;
-    for (const CRow& row : rows)
+    if (columnCount < 0)
     {
-        if (!row.removed)
+        columnCount = 0;
+        for (const CRow& row : rows)
         {
-            columnCount = std::max(columnCount, row.columnCount);
+            columnCount = std::max(columnCount, row.removed ? 0 : row.columnCount);
         }
+    }
+    return columnCount;
+}
+
+/// Of a row that has fewer columns from now on. Counted when they are asked for: many rows may go at once.
+void CTableLayoutCell::ForgetColumns(const CRow& row)
+{
+    if (row.columnCount >= columnCount)
+    {
+        columnCount = -1;
     }
 }
 
@@ -158,45 +180,51 @@ CLayoutOptions* CTableLayoutCell::AddCell(CLayoutCell* cell, const CLayoutOption
     }
     CLayoutItem& item = currentRow->items.Add(cell, options, owned);
     ++currentRow->columnCount;
-    columnCount = std::max(columnCount, currentRow->columnCount);
+    columnCount = columnCount < 0 ? columnCount : std::max(columnCount, currentRow->columnCount);
     Update();
     return item.removed ? nullptr : &item.options;
 }
 
+CTableLayoutCell::CRow* CTableLayoutCell::FindRow(const CLayoutCell* cell) const
+{
+    CLayoutItems* const list = CLayoutItems::FindListOf(cell);
+    return list == nullptr || &list->GetGroup() != this ? nullptr : &static_cast<CRow::CItems*>(list)->row;
+}
+
+void CTableLayoutCell::MoveInsertionPointToEnd()
+{
+    if (currentRow != nullptr)
+    {
+        currentRow->items.MoveInsertionPointToEnd();
+    }
+}
+
 void CTableLayoutCell::RemoveCell(CLayoutCell* cell, bool destroy)
 {
-    bool removed = false;
+    MoveInsertionPointToEnd();
+    CRow* const row = FindRow(cell);
+    if (row == nullptr)
+    {
+        return;
+    }
     {
         const CWalk walk(*this);
-        for (CRow& row : rows)
-        {
-            if (!row.removed && row.items.Remove(cell, destroy))
-            {
-                removed = true;
-                if (row.columnCount-- >= columnCount)
-                {
-                    RecountColumns();
-                }
-            }
-        }
+        row->items.Remove(cell, destroy);
+        rowsToPurge.push_back(row);
+        ForgetColumns(*row);
+        --row->columnCount;
     }
-    if (removed)
-    {
-        Update();
-    }
+    Update();
 }
 
 void CTableLayoutCell::SetInsertionPoint(const CLayoutCell* cell)
 {
-    for (CRow& row : rows)
+    CRow* const row = FindRow(cell);
+    currentRow = row != nullptr ? row : cell == nullptr ? GetFirstRow() : GetLastRow();
+    if (currentRow != nullptr)
     {
-        if (!row.removed && row.items.SetInsertionPoint(cell))
-        {
-            currentRow = &row;
-            return;
-        }
+        currentRow->items.SetInsertionPoint(cell);
     }
-    currentRow = GetLastRow();
 }
 
 CLayoutCell* CTableLayoutCell::GetCurrentCell() const
@@ -221,14 +249,13 @@ void CTableLayoutCell::Clear()
 
 void CTableLayoutCell::PurgeRemoved()
 {
-    for (CRow& row : rows)
+    for (CRow* row : std::exchange(rowsToPurge, {}))
     {
-        row.items.Purge();
+        row->items.Purge();
     }
-    if (hasRemovedRows)
+    for (const CRow* row : std::exchange(removedRows, {}))
     {
-        hasRemovedRows = false;
-        rows.remove_if([](const CRow& row) { return row.removed; });
+        rows.erase(row->place);
     }
 }
 
@@ -276,7 +303,7 @@ void CTableLayoutCell::ComputeNaturalSize(bool recurse)
 template <class SizeOf>
 void CTableLayoutCell::FindExtents(const SizeOf& sizeOf, bool recurse)
 {
-    extents.columnWidths.assign(static_cast<std::size_t>(columnCount), 0);
+    extents.columnWidths.assign(static_cast<std::size_t>(GetColumnCount()), 0);
     extents.rowHeights.resize(static_cast<std::size_t>(rowCount), 0);
     ForEachRow(
         [&](const CRow& row, std::int32_t& rowHeight)
@@ -306,8 +333,8 @@ void CTableLayoutCell::FindExtents(const SizeOf& sizeOf, bool recurse)
 
 Core::CSize CTableLayoutCell::NaturalSizeOfExtents() const
 {
-    const std::int64_t width = (std::int64_t{columnCount} - 1) * hSpacing + 2 * std::int64_t{GetHMargin()} +
-                               Sum(extents.columnWidths);
+    const std::int64_t width = (std::int64_t{GetColumnCount()} - 1) * hSpacing +
+                               2 * std::int64_t{GetHMargin()} + Sum(extents.columnWidths);
     const std::int64_t height =
         (std::int64_t{rowCount} - 1) * vSpacing + 2 * std::int64_t{GetVMargin()} + Sum(extents.rowHeights);
     return {Core::SaturateToInt32(width), Core::SaturateToInt32(height)};
@@ -317,7 +344,7 @@ void CTableLayoutCell::Arrange(const Core::CPoint& point)
 {
     const CWalk walk(*this);
     StorePosition(point);
-    if (measured.columnWidths.size() != static_cast<std::size_t>(columnCount) ||
+    if (measured.columnWidths.size() != static_cast<std::size_t>(GetColumnCount()) ||
         measured.rowHeights.size() != static_cast<std::size_t>(rowCount))
     {
         return;

@@ -43,15 +43,27 @@ public:
     private:
         friend class CTableLayoutCell;
 
+        /// The cells, which lead back to the row.
+        struct CItems : CLayoutItems
+        {
+            CItems(CTableLayoutCell& table_, CRow& row_)
+                : CLayoutItems(table_, table_.updateCommand),
+                  row(row_)
+            {
+            }
+            CRow& row;
+        };
+
         bool HasFixedHeight() const { return fixedHeight >= 0; }
         bool HasRatio() const { return heightRatio >= 0.0F && !HasFixedHeight(); }
 
-        CLayoutItems items;
+        CItems items;
         float heightRatio;
         std::int32_t fixedHeight;
         std::int32_t columnCount = 0;
         bool removed = false; ///< The row stands in the list only until the walks over it are done.
         CTableLayoutCell& table;
+        std::list<CRow>::iterator place; ///< In the table.
     };
 
     /// Spacings and margins in pixels.
@@ -64,12 +76,16 @@ public:
     virtual void SetVSpacing(std::int32_t newSpacing);
     std::int32_t GetVSpacing() const { return vSpacing; }
 
-    std::int32_t GetColumnCount() const { return columnCount; }
+    std::int32_t GetColumnCount() const;
     std::int32_t GetRowCount() const { return rowCount; }
 
     /// Inserts a row behind the current one, and makes it current: cells are added to it. Null if a listener
     /// removed it at once.
     virtual CRow* AddRow(float heightRatio, std::int32_t fixedHeight);
+
+    /// The row that cells are added to, at its head, and that the next row comes behind; null for the next
+    /// row to come first. A row of another table is ignored.
+    void SetCurrentRow(CRow* row);
 
     /// Destroys the row and, with destroy, the cells in it that are owned; cells are the caller's otherwise.
     /// The last row becomes current. A row of another table is left alone.
@@ -109,25 +125,29 @@ private:
     Core::CSize NaturalSizeOfExtents() const;
 
     void RemoveMarked(CRow& row, bool destroy);
-    void RecountColumns();
+    void ForgetColumns(const CRow& row);
+    void MoveInsertionPointToEnd();
+    CRow* FindRow(const CLayoutCell* cell) const;
     void FindTargets();
     bool FindRowTargets(CRow& row, std::int32_t rowHeight);
     bool GiveTargets(unsigned pass);
     void Place(const Core::CPoint& point, unsigned pass);
     bool PlaceRow(const CRow& row, std::int64_t left, std::int64_t top, std::int32_t rowHeight,
                   unsigned pass);
+    CRow* GetFirstRow();
     CRow* GetLastRow();
 
     std::int32_t hSpacing;
     std::int32_t vSpacing;
-    std::int32_t columnCount = 0;
+    mutable std::int32_t columnCount = 0; ///< Negative if it has to be found anew.
     std::int32_t rowCount = 0;
     CExtents extents;
     CExtents measured; ///< The extents before an arrange pass changed sizes of children.
     Core::CSize measuredSize;
     CRows rows;
     CRow* currentRow = nullptr;
-    bool hasRemovedRows = false;
+    std::vector<CRow*> rowsToPurge; ///< Cells of them were removed. A row may stand here more than once.
+    std::vector<CRow*> removedRows;
 };
 
 } // namespace Mirel::Layout

@@ -34,6 +34,49 @@ TEST(CEventProvider, ListenersRunInOrderOfConnection)
     EXPECT_EQ(trace, "ba");
 }
 
+TEST(CEventProvider, ManyListenersAreServedAndLostLikeFew)
+{
+    constexpr int many = 300;
+    CEventProvider provider;
+    std::vector<int> trace;
+    std::vector<std::unique_ptr<CFunctionCommand>> listeners;
+    for (int i = 0; i < many; ++i)
+    {
+        listeners.push_back(std::make_unique<CFunctionCommand>([&trace, i] { trace.push_back(i); }));
+        provider.Connect(listeners.back().get());
+    }
+    provider.Connect(listeners[7].get()); // twice
+    CFunctionCommand self(
+        [&]
+        {
+            trace.push_back(-1);
+            provider.Disconnect(&self);
+            provider.Disconnect(listeners[8].get());
+        });
+    provider.Connect(self);
+    std::vector<int> expected;
+    for (int i = 0; i < many; ++i)
+    {
+        if (i % 2 == 0 && i != 8)
+        {
+            expected.push_back(i);
+        }
+        else if (i != 8 && i != 7)
+        {
+            provider.Disconnect(listeners[static_cast<std::size_t>(i)].get());
+        }
+    }
+    provider.Disconnect(listeners[7].get());
+
+    provider.Notify();
+    trace.clear();
+    provider.Connect(listeners[8].get());
+    provider.Notify();
+
+    expected.push_back(8);
+    EXPECT_EQ(trace, expected);
+}
+
 TEST(CEventProvider, CommandConnectedTwiceRunsTwiceAndOneDisconnectRemovesBoth)
 {
     CEventProvider provider;

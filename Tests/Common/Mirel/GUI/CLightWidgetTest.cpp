@@ -8,6 +8,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <vector>
 
 using namespace Mirel::GUI;
 using namespace Tests;
@@ -23,6 +24,53 @@ TEST(CLightWidget, BeginsShownEnabledSensitiveAndOpaque)
     EXPECT_EQ(widget.GetParent(), nullptr);
     EXPECT_EQ(widget.GetRootWidget(), nullptr);
     EXPECT_EQ(widget.GetCursor(), nullptr);
+}
+
+TEST(CLightWidget, ChildrenJoinAtTheInsertionPoint)
+{
+    CLightWidget parent;
+    CLightWidget a(&parent);
+    CLightWidget b(&parent);
+    CLightWidget inFront;
+    parent.AddChild(&inFront, true);
+    const auto children = [&parent]
+    {
+        std::vector<const CLightWidget*> all;
+        for (int i = 0; i < parent.GetChildCount(); ++i)
+        {
+            all.push_back(parent.GetChild(i));
+        }
+        return all;
+    };
+    using Children = std::vector<const CLightWidget*>;
+
+    parent.SetInsertionPoint(&a);
+    CLightWidget c(&parent);
+    CLightWidget d(&parent);
+    EXPECT_EQ(children(), (Children{&a, &c, &d, &b, &inFront}));
+
+    // What goes in front of the point does not move it.
+    parent.RemoveChild(&a);
+    CLightWidget e(&parent);
+    EXPECT_EQ(children(), (Children{&c, &d, &e, &b, &inFront}));
+
+    parent.SetInsertionPoint(nullptr);
+    parent.AddChild(&b);
+    EXPECT_EQ(children(), (Children{&b, &c, &d, &e, &inFront}));
+
+    parent.MoveInsertionPointToEnd();
+    parent.AddChild(&a);
+    EXPECT_EQ(children(), (Children{&b, &c, &d, &e, &a, &inFront}));
+
+    // Neither a front child nor a stranger is a place for those that are no front ones.
+    CLightWidget stranger;
+    for (const CLightWidget* place : {&inFront, &stranger})
+    {
+        parent.SetInsertionPoint(place);
+        parent.AddChild(&b);
+        EXPECT_EQ(parent.GetChild(4), &b);
+        parent.AddChild(&a);
+    }
 }
 
 TEST(CLightWidget, FrontChildrenStandBeforeAllOthers)

@@ -1,6 +1,7 @@
 #include "Mirel/Layout/CTableLayoutCell.h"
 
 #include "Common/Mirel/Layout/LayoutRig.h"
+#include "Support/CFunctionCommand.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -214,6 +215,62 @@ TEST(CTableLayoutCell, RowsFollowTheCurrentOne)
     EXPECT_EQ(second->GetColumnCount(), 1);
     EXPECT_EQ(second->GetHeightRatio(), noRatio);
     EXPECT_EQ(second->GetFixedHeight(), noHeight);
+}
+
+TEST(CTableLayoutCell, AnyRowCanBeMadeTheCurrentOne)
+{
+    CTableLayoutCell table;
+    CTableLayoutCell::CRow* top = table.AddRow(noRatio, noHeight);
+    CBox& a = AddBox(table, {10, 10});
+    table.AddRow(noRatio, noHeight);
+    CBox& d = AddBox(table, {10, 10});
+    table.SetCurrentRow(top);
+    CBox& a0 = AddBox(table, {10, 10});
+    table.AddRow(noRatio, noHeight);
+    CBox& c = AddBox(table, {10, 10});
+    table.SetCurrentRow(nullptr);
+    CTableLayoutCell::CRow* first = table.AddRow(noRatio, noHeight);
+    CBox& head = AddBox(table, {10, 10});
+    CTableLayoutCell other;
+    table.SetCurrentRow(other.AddRow(noRatio, noHeight));
+    AddBox(table, {10, 10});
+    LayOut(table);
+
+    EXPECT_EQ(head.GetPosition(), CPoint({0, 0}));
+    EXPECT_EQ(first->GetColumnCount(), 2);
+    EXPECT_EQ(a0.GetPosition(), CPoint({0, 10}));
+    EXPECT_EQ(a.GetPosition(), CPoint({10, 10}));
+    EXPECT_EQ(c.GetPosition(), CPoint({0, 20}));
+    EXPECT_EQ(d.GetPosition(), CPoint({0, 30}));
+}
+
+TEST(CTableLayoutCell, ARowThatLosesACellAndGoesInOneWalkIsGone)
+{
+    CTableLayoutCell table;
+    table.SetAutoSize(false);
+    CLayoutOptions half;
+    half.SetWidthRatio(0.5F);
+    table.AddRow(noRatio, noHeight);
+    CBox stays({10, 10});
+    table.AddCell(&stays, half, false);
+    CTableLayoutCell::CRow* goes = table.AddRow(noRatio, noHeight);
+    CBox lost({10, 10});
+    table.AddCell(&lost, {}, false);
+    table.AddCell(std::make_unique<CBox>(CSize{10, 10}).release(), {}, true);
+    CFunctionCommand removal(
+        [&]
+        {
+            lost.Detach();
+            table.RemoveRow(goes, true);
+        });
+    stays.GetSizeChangedEvent().Connect(removal);
+    table.SetFixedSize({100, 100});
+    LayOut(table);
+    EXPECT_EQ(stays.GetSize().width, 50);
+    stays.GetSizeChangedEvent().Disconnect(&removal);
+    EXPECT_EQ(table.GetRowCount(), 1);
+    EXPECT_EQ(table.GetColumnCount(), 1);
+    EXPECT_FALSE(lost.HasParent());
 }
 
 TEST(CTableLayoutCell, RemovedRowTakesItsCellsAndColumnsAlong)

@@ -32,4 +32,9 @@ void CSkinCollection::SetCount(int newCount)
     }
 }
 
+int CSkinCollection::GetAskedCount() const
+{
+    return GetContext().FindRequest(*this).value_or(GetTargetCount());
+}
+
 } // namespace Mirel::SkinEngine

@@ -21,6 +21,9 @@ public:
 
     void SetCount(int newCount) override;
 
+    /// What the count was last set to, where a change under way still has to come to it; else the count.
+    int GetAskedCount() const;
+
 private:
     int minCount;
     int maxCount;

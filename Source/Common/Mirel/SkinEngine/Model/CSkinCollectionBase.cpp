@@ -16,8 +16,8 @@ CSkinCollectionBase::CSkinCollectionBase(std::shared_ptr<CSkinCollectionContext>
 
 CSkinCollectionBase::~CSkinCollectionBase()
 {
-    context->Forget(*this);
     DestroyItems();
+    context->Forget(*this);
 }
 
 void CSkinCollectionBase::SetItemFactory(std::unique_ptr<ISkinCollectionItemFactory> newFactory)
@@ -36,17 +36,35 @@ void CSkinCollectionBase::FillItemAttributes(Containers::CNamedAttributes&, int)
 void CSkinCollectionBase::ApplyCount(int newCount)
 {
     newCount = std::max(newCount, 0);
-    if (factory == nullptr || factory->GetCount() == newCount)
+    if (factory == nullptr || factory->GetCount() == newCount || (!growing && newCount > count))
     {
+        return;
+    }
+    if (changing)
+    {
+        // One that follows a collection of its own items comes here.
+        context->Request(*this, newCount);
         return;
     }
     const Core::CLifeToken::CWatch watch(life);
     const std::shared_ptr<CSkinCollectionContext> keptContext = context;
     const CSkinCollectionContext::CChange change(*keptContext);
     const int before = count;
+    targetCount = newCount;
+    changing = true;
     beforeChange.Notify(newCount);
-    newCount < before ? Shrink(newCount) : Grow(newCount);
-    if (watch.IsAlive() && count != before)
+    // One that follows this may have let the very item go in which this stands.
+    if (!watch.IsAlive())
+    {
+        return;
+    }
+    if (factory != nullptr)
+    {
+        newCount < before ? Shrink(newCount) : Grow(newCount);
+    }
+    changing = false;
+    targetCount = count;
+    if (count != before)
     {
         changed.Notify();
     }
@@ -54,7 +72,17 @@ void CSkinCollectionBase::ApplyCount(int newCount)
 
 void CSkinCollectionBase::UnloadItemsFrom(int first)
 {
-    for (int i = first; factory != nullptr && i < factory->GetCount(); ++i)
+    if (factory != nullptr && first < factory->GetCount())
+    {
+        factory->Prepare(0);
+        Unload(first);
+        factory->Commit(0);
+    }
+}
+
+void CSkinCollectionBase::Unload(int first)
+{
+    for (int i = std::max(first, 0); i < factory->GetCount(); ++i)
     {
         if (ISkinCollectionItem* item = factory->GetItem(i))
         {
@@ -68,7 +96,7 @@ void CSkinCollectionBase::Shrink(int newCount)
 {
     const int oldCount = factory->GetCount();
     factory->Prepare(newCount - oldCount);
-    UnloadItemsFrom(newCount);
+    Unload(newCount);
     for (int i = newCount; i < oldCount; ++i)
     {
         factory->DestroyItem(i);
@@ -98,10 +126,20 @@ void CSkinCollectionBase::DestroyItems()
 {
     if (factory != nullptr && factory->GetCount() > 0)
     {
-        const CSkinCollectionContext::CChange change(*context);
-        beforeChange.Notify(0);
-        Shrink(0);
-        changed.Notify();
+        const bool grows = std::exchange(growing, false);
+        {
+            const CSkinCollectionContext::CChange change(*context);
+            targetCount = 0;
+            changing = true;
+            beforeChange.Notify(0);
+            if (factory != nullptr)
+            {
+                Shrink(0);
+            }
+            changing = false;
+            changed.Notify();
+        }
+        growing = grows;
     }
 }
 

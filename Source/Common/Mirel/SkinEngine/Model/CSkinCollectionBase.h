@@ -39,6 +39,15 @@ public:
     /// Until there is one, the count stays what it is.
     void SetItemFactory(std::unique_ptr<ISkinCollectionItemFactory> newFactory);
 
+    /// What a change under way comes to; else the count.
+    int GetTargetCount() const { return targetCount; }
+
+    /// The items that are there at this moment: not the count yet while that changes.
+    int GetItemCount() const { return factory == nullptr ? 0 : factory->GetCount(); }
+
+    /// No item is made any more: for a skin that goes.
+    void StopGrowing() { growing = false; }
+
     /// Null where there is no such item.
     ISkinCollectionItem* GetItem(int index) const;
 
@@ -61,6 +70,7 @@ protected:
     void UnloadItemsFrom(int first);
 
 private:
+    void Unload(int first);
     void Shrink(int newCount);
     void Grow(int newCount);
     void DestroyItems();
@@ -70,6 +80,9 @@ private:
     std::string itemName;
     std::unique_ptr<ISkinCollectionItemFactory> factory;
     int count = 0;
+    int targetCount = 0;
+    bool growing = true;
+    bool changing = false; ///< Its own items are coming or going.
     Core::CLifeToken life;
     // Listening changes nothing of the collection.
     mutable Core::TArgEventProvider<int> beforeChange;

@@ -41,6 +41,13 @@ void CSkinCollectionContext::Request(CSkinCollectionBase& collection, int count)
     }
 }
 
+std::optional<int> CSkinCollectionContext::FindRequest(const CSkinCollectionBase& collection) const
+{
+    const auto found = std::find_if(requests.begin(), requests.end(),
+                                    [&](const CRequest& each) { return each.collection == &collection; });
+    return found == requests.end() ? std::nullopt : std::optional(found->count);
+}
+
 void CSkinCollectionContext::Forget(const CSkinCollectionBase& collection)
 {
     for (CRequest& request : requests)

@@ -3,6 +3,7 @@
 #include "Mirel/CoreUtilities/IMessageLog.h"
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,9 @@ public:
 
     /// Notes a count for when the present change is over. The latest request of a collection counts.
     void Request(CSkinCollectionBase& collection, int count);
+
+    /// The count that a collection waits for; none if it waits for none.
+    std::optional<int> FindRequest(const CSkinCollectionBase& collection) const;
 
     /// For a collection that goes away.
     void Forget(const CSkinCollectionBase& collection);

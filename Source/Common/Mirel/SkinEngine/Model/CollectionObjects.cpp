@@ -71,7 +71,8 @@ bool AddCount(ISkinModel& model, const ISkinModelExposure& exposure, CSkinCollec
                           "", "");
     return model.AddParam(CountName(collection).c_str(),
                           new CCaptureParamWrapper(
-                              info, [&collection] { return CountOf(collection); },
+                              // A link of an item may ask for the very count that is being left.
+                              info, [&collection] { return static_cast<float>(collection.GetAskedCount()); },
                               [&collection](float value) { collection.SetCount(CountFrom(value)); },
                               &collection.GetCountChangedEventProvider()),
                           flags, true);

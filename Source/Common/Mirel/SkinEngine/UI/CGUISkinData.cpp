@@ -3,6 +3,47 @@
 namespace Mirel::SkinEngine
 {
 
+namespace
+{
+
+/// Calls call(T&) for the pieces of that kind.
+template <class T, class F>
+void ForEach(const CSkinPieces::CList& list, const F& call)
+{
+    for (const CSkinPieces::CPiece& piece : list)
+    {
+        if (T* const* found = std::get_if<T*>(&piece))
+        {
+            call(**found);
+        }
+    }
+}
+
+/// The groups around all that lay themselves out once, when all is gone.
+void DetachCells(const CSkinPieces::CList& list)
+{
+    std::vector<Layout::CBaseGroupLayoutCell*> around;
+    ForEach<Layout::CLayoutCell>(list,
+                                 [&around](Layout::CLayoutCell& cell)
+                                 {
+                                     Layout::CBaseGroupLayoutCell* const group = cell.GetParent();
+                                     if (group != nullptr && group->GetAutoUpdate())
+                                     {
+                                         group->SetAutoUpdate(false);
+                                         around.push_back(group);
+                                     }
+                                     cell.Detach();
+                                 });
+    using CRow = Layout::CTableLayoutCell::CRow;
+    ForEach<CRow>(list, [](CRow& row) { row.GetTable().RemoveRow(&row, false); });
+    for (Layout::CBaseGroupLayoutCell* group : around)
+    {
+        group->SetAutoUpdate(true);
+    }
+}
+
+} // namespace
+
 CGUISkinData::CGUISkinData(ISkinModel& whole_) : whole(whole_)
 {
     model.GetObjects().GetAddedEventProvider().Connect(added);
@@ -14,40 +55,16 @@ CGUISkinData::~CGUISkinData()
     model.GetObjects().GetAddedEventProvider().Disconnect(&added);
 }
 
-Layout::CLayoutCell* CGUISkinData::FindLastCell(const Layout::CBaseGroupLayoutCell& group) const
-{
-    for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell)
-    {
-        if ((*cell)->GetParent() == &group)
-        {
-            return *cell;
-        }
-    }
-    return nullptr;
-}
-
 void CGUISkinData::Clear()
 {
+    // One that follows others would take the going of one of them for a larger count.
+    ForEach<CSkinCollectionBase>(pieces.GetList(),
+                                 [](CSkinCollectionBase& collection) { collection.StopGrowing(); });
     // Who listens to a property lets go of it before the cell or widget goes that has it. Collections let
     // their items go.
     RemoveFromWhole();
     model.Clear();
-    for (Layout::CLayoutCell* cell : cells)
-    {
-        cell->SetAutoUpdate(false);
-    }
-    DetachCells();
-    for (GUI::CLightWidget* widget : std::exchange(lightWidgets, {}))
-    {
-        widget->SetParent(nullptr);
-    }
-    for (GUI::CWidget* widget : std::exchange(nativeWidgets, {}))
-    {
-        if (GUI::CWidget* parent = widget->GetParent())
-        {
-            parent->RemoveChild(widget);
-        }
-    }
+    Detach(pieces.Take());
     while (!objects.empty())
     {
         const std::unique_ptr<Core::IDestroy> last = std::move(objects.back());
@@ -55,28 +72,19 @@ void CGUISkinData::Clear()
     }
 }
 
-/// The groups around all that lay themselves out once, when all is gone.
-void CGUISkinData::DetachCells()
+void CGUISkinData::Detach(const CSkinPieces::CList& list)
 {
-    std::vector<Layout::CBaseGroupLayoutCell*> around;
-    for (Layout::CLayoutCell* cell : std::exchange(cells, {}))
-    {
-        Layout::CBaseGroupLayoutCell* const group = cell->GetParent();
-        if (group != nullptr && group->GetAutoUpdate())
-        {
-            group->SetAutoUpdate(false);
-            around.push_back(group);
-        }
-        cell->Detach();
-    }
-    for (Layout::CTableLayoutCell::CRow* row : std::exchange(rows, {}))
-    {
-        row->GetTable().RemoveRow(row, false);
-    }
-    for (Layout::CBaseGroupLayoutCell* group : around)
-    {
-        group->SetAutoUpdate(true);
-    }
+    ForEach<Layout::CLayoutCell>(list, [](Layout::CLayoutCell& cell) { cell.SetAutoUpdate(false); });
+    DetachCells(list);
+    ForEach<GUI::CLightWidget>(list, [](GUI::CLightWidget& widget) { widget.SetParent(nullptr); });
+    ForEach<GUI::CWidget>(list,
+                          [](GUI::CWidget& widget)
+                          {
+                              if (GUI::CWidget* parent = widget.GetParent())
+                              {
+                                  parent->RemoveChild(&widget);
+                              }
+                          });
 }
 
 void CGUISkinData::OnAdded(const CDictionaryEntry& entry)

@@ -2,10 +2,8 @@
 
 #include "Mirel/Core/TArgCommand.h"
 #include "Mirel/Core/TDestroyAdapter.h"
-#include "Mirel/GUI/CLightWidget.h"
-#include "Mirel/GUI/CWidget.h"
-#include "Mirel/Layout/CTableLayoutCell.h"
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
+#include "Mirel/SkinEngine/UI/CSkinPieces.h"
 
 #include <memory>
 #include <utility>
@@ -45,14 +43,9 @@ public:
         return owned;
     }
 
-    // What has to leave its place before it is destroyed. Not owned by these lists.
-    void AddCell(Layout::CLayoutCell& cell) { cells.push_back(&cell); }
-    void AddRow(Layout::CTableLayoutCell::CRow& row) { rows.push_back(&row); }
-    void AddWidget(GUI::CLightWidget& widget) { lightWidgets.push_back(&widget); }
-    void AddWidget(GUI::CWidget& widget) { nativeWidgets.push_back(&widget); }
-
-    /// The last cell that stands directly in the group; null if there is none.
-    Layout::CLayoutCell* FindLastCell(const Layout::CBaseGroupLayoutCell& group) const;
+    /// What has to leave its place before it is destroyed, in the order of the file.
+    CSkinPieces& GetPieces() { return pieces; }
+    const CSkinPieces& GetPieces() const { return pieces; }
 
     /// Takes all widgets and cells out of what they stand in, and the objects out of the model, and destroys
     /// what is owned.
@@ -61,13 +54,10 @@ public:
 private:
     void OnAdded(const CDictionaryEntry& entry);
     void RemoveFromWhole();
-    void DetachCells();
+    static void Detach(const CSkinPieces::CList& list);
 
     ISkinModel& whole;
-    std::vector<Layout::CLayoutCell*> cells;
-    std::vector<Layout::CTableLayoutCell::CRow*> rows;
-    std::vector<GUI::CLightWidget*> lightWidgets;
-    std::vector<GUI::CWidget*> nativeWidgets;
+    CSkinPieces pieces;
     std::vector<std::unique_ptr<Core::IDestroy>> objects;
     CSkinModel model;
     bool allAdded = true;

@@ -26,6 +26,7 @@ public:
     ~CSkinUICollectionItem() override { CSkinUICollectionItem::Unload(); }
 
     CGUISkinData& GetData() { return data; }
+    const CGUISkinData& GetData() const { return data; }
 
     /// Notes what the item holds, for as long as it is loaded.
     void SetElements(int count) { elements = count; }

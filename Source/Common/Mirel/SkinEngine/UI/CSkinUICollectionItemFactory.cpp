@@ -11,6 +11,21 @@
 namespace Mirel::SkinEngine
 {
 
+using Layout::CLayoutCell;
+using Layout::CTableLayoutCell;
+
+namespace
+{
+
+/// Whether the piece is that very cell: nothing in front of it stands in it.
+bool IsCell(const CSkinPieces::CPiece& piece, const CLayoutCell& cell)
+{
+    CLayoutCell* const* found = std::get_if<CLayoutCell*>(&piece);
+    return found != nullptr && *found == &cell;
+}
+
+} // namespace
+
 CSkinUICollectionItemFactory::CSkinUICollectionItemFactory(std::unique_ptr<IParsedTemplate> body_,
                                                            const CSkinParser& parser, ISkinModel& whole_,
                                                            const SSkinUIServices& services_, SPlace place_,
@@ -36,9 +51,15 @@ void CSkinUICollectionItemFactory::Prepare(int)
 
 void CSkinUICollectionItemFactory::CreateItem(int index, const Containers::CNamedAttributes& attributes)
 {
-    SetInsertionPoint(index);
     items.push_back(std::make_unique<CSkinUICollectionItem>(whole, context->GetCollections()));
-    Fill(*items.back(), attributes);
+    CSkinUICollectionItem& item = *items.back();
+    item.GetData().GetPieces().SetPlace(place.order, index);
+    SetInsertionPoints(item.GetData().GetPieces());
+    Fill(item, attributes);
+    if (place.scope.light != nullptr)
+    {
+        place.scope.light->MoveInsertionPointToEnd();
+    }
 }
 
 void CSkinUICollectionItemFactory::DestroyItem(int index)
@@ -63,23 +84,76 @@ void CSkinUICollectionItemFactory::Commit(int delta)
     }
 }
 
-/// Behind the item before, or the nearest one that has a cell there.
-void CSkinUICollectionItemFactory::SetInsertionPoint(int index)
+/// In whatever the items stand directly.
+void CSkinUICollectionItemFactory::SetInsertionPoints(const CSkinPieces& item) const
 {
-    if (place.scope.group == nullptr)
+    if (place.scope.table != nullptr)
     {
-        return;
+        SetRow(item);
     }
-    Layout::CLayoutCell* before = nullptr;
-    for (int i = index - 1; i >= 0 && before == nullptr; --i)
+    else if (place.scope.group != nullptr)
     {
-        before = items[static_cast<std::size_t>(i)]->GetData().FindLastCell(*place.scope.group);
+        SetCell(item);
     }
-    before = before == nullptr ? place.marker : before;
-    if (before != nullptr)
+    if (place.scope.light != nullptr)
     {
-        place.scope.group->SetInsertionPoint(before);
+        SetWidget(item);
     }
+}
+
+void CSkinUICollectionItemFactory::SetRow(const CSkinPieces& item) const
+{
+    using CRow = CTableLayoutCell::CRow;
+    CTableLayoutCell* const table = place.scope.table;
+    const CSkinPieces::CPiece* before = item.FindBefore<CRow>(
+        [table](const CSkinPieces::CPiece& piece)
+        {
+            CRow* const* row = std::get_if<CRow*>(&piece);
+            return IsCell(piece, *table) || (row != nullptr && &(*row)->GetTable() == table);
+        });
+    CRow* const* row = before == nullptr ? nullptr : std::get_if<CRow*>(before);
+    table->SetCurrentRow(row == nullptr ? nullptr : *row);
+}
+
+void CSkinUICollectionItemFactory::SetCell(const CSkinPieces& item) const
+{
+    using CRow = CTableLayoutCell::CRow;
+    Layout::CBaseGroupLayoutCell* const group = place.scope.group;
+    CRow* const row = place.scope.row;
+    const CSkinPieces::CPiece* before = item.FindBefore<CLayoutCell>(
+        [group, row](const CSkinPieces::CPiece& piece)
+        {
+            CRow* const* found = std::get_if<CRow*>(&piece);
+            CLayoutCell* const* cell = std::get_if<CLayoutCell*>(&piece);
+            return IsCell(piece, *group) || (found != nullptr && *found == row) ||
+                   (cell != nullptr && (*cell)->GetParent() == group);
+        });
+    if (row != nullptr)
+    {
+        row->GetTable().SetCurrentRow(row);
+    }
+    CLayoutCell* const* cell = before == nullptr ? nullptr : std::get_if<CLayoutCell*>(before);
+    if (cell != nullptr && *cell != group)
+    {
+        group->SetInsertionPoint(*cell);
+    }
+    else if (row == nullptr)
+    {
+        group->SetInsertionPoint(nullptr);
+    }
+}
+
+void CSkinUICollectionItemFactory::SetWidget(const CSkinPieces& item) const
+{
+    GUI::CLightWidget* const parent = place.scope.light;
+    const CSkinPieces::CPiece* before = item.FindBefore<GUI::CLightWidget>(
+        [parent](const CSkinPieces::CPiece& piece)
+        {
+            GUI::CLightWidget* const* widget = std::get_if<GUI::CLightWidget*>(&piece);
+            return widget != nullptr && (*widget == parent || (*widget)->GetParent() == parent);
+        });
+    GUI::CLightWidget* const widget = before == nullptr ? nullptr : std::get<GUI::CLightWidget*>(*before);
+    parent->SetInsertionPoint(widget == parent ? nullptr : widget);
 }
 
 void CSkinUICollectionItemFactory::Fill(CSkinUICollectionItem& item,

@@ -22,11 +22,11 @@ class CSkinParser;
 class CSkinUICollectionItemFactory : public ISkinCollectionItemFactory
 {
 public:
-    /// Where the items stand: behind a cell that is not seen itself; without it, at the end of the group.
+    /// Where the items stand: in what, and behind what.
     struct SPlace
     {
         SUIScope scope;
-        Layout::CLayoutCell* marker;
+        CSkinPieces::SCollectionPlace order;
     };
 
     /// The parser is the one of the collection's file, and is not kept. What the place speaks of must outlive
@@ -46,7 +46,10 @@ public:
 
 private:
     void Fill(CSkinUICollectionItem& item, const Containers::CNamedAttributes& attributes);
-    void SetInsertionPoint(int index);
+    void SetInsertionPoints(const CSkinPieces& item) const;
+    void SetRow(const CSkinPieces& item) const;
+    void SetCell(const CSkinPieces& item) const;
+    void SetWidget(const CSkinPieces& item) const;
 
     std::unique_ptr<IParsedTemplate> body;
     Serialization::CMemDataObject parserState;

@@ -58,6 +58,7 @@ CUIElement::CUIElement(CUIBuild& build_, const CNamedAttributes& attributes_)
 {
     inside.element = build.GetElement();
     inside.table = nullptr;
+    inside.row = nullptr;
     inside.widget = nullptr;
     inside.textColor = ReadColor("text_color", inside.textColor);
     if (FindText(attributes, "background_color") != nullptr)
@@ -164,12 +165,14 @@ void CUIElement::PlaceRoot(const SSkinPlace& place, bool lightMode)
 void CUIElement::PlaceNothing()
 {
     inside.table = build.GetScope().table;
+    inside.row = build.GetScope().row;
     build.Push(std::move(inside));
 }
 
-void CUIElement::PlaceInRow(Layout::CTableLayoutCell& table)
+void CUIElement::PlaceInRow(Layout::CTableLayoutCell& table, Layout::CTableLayoutCell::CRow* row)
 {
     inside.group = &table;
+    inside.row = row;
     build.Push(std::move(inside));
 }
 
@@ -179,7 +182,7 @@ bool CUIElement::PlaceInWidget(GUI::CLightWidget& widget)
     {
         inside.light->AddChild(&widget);
     }
-    build.GetData().AddWidget(widget);
+    build.GetData().GetPieces().Add(&widget);
     const bool exposed = PlaceVisibility([&widget](bool shown) { widget.Show(shown); });
     build.Push(std::move(inside));
     return exposed;
@@ -206,7 +209,7 @@ CGroupLayoutCell& CUIElement::Attach(GUI::CLightWidget& widget)
         {
             around.light->AddChild(&widget);
         }
-        data.AddWidget(widget);
+        data.GetPieces().Add(&widget);
         widget.SetBuffered(ReadBuffered(attributes));
         return widget.GetCell();
     }
@@ -214,7 +217,7 @@ CGroupLayoutCell& CUIElement::Attach(GUI::CLightWidget& widget)
     adapter.SetOffscreenType(ReadOffscreenType(attributes));
     adapter.SetFocusOnClick(IsNotFalse(attributes, "auto_focus"));
     around.native->AddChild(&adapter, false);
-    data.AddWidget(static_cast<GUI::CWidget&>(adapter));
+    data.GetPieces().Add(static_cast<GUI::CWidget*>(&adapter));
     inside.native = &adapter;
     inside.tips = MakeTips(widget, nullptr);
     return adapter.GetCell();
@@ -296,7 +299,7 @@ bool CUIElement::PlaceCell(CBaseGroupLayoutCell& cell, std::function<void(bool)>
     Layout::CLayoutOptions* options = around.group == nullptr || around.table != nullptr
                                           ? nullptr
                                           : around.group->AddCell(&cell, asked, false);
-    build.GetData().AddCell(cell);
+    build.GetData().GetPieces().Add(&cell);
     if (options == nullptr)
     {
         build.Warn(build.GetElement() + ": element of a TABLE outside a TABLE_ROW.");

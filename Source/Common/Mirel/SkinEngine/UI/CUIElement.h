@@ -70,7 +70,7 @@ public:
     void PlaceNothing();
 
     /// The same for what stands in a row of a table.
-    void PlaceInRow(Layout::CTableLayoutCell& table);
+    void PlaceInRow(Layout::CTableLayoutCell& table, Layout::CTableLayoutCell::CRow* row);
 
     /// A property under the element's identifier; nothing without one.
     bool Expose(const char* suffix, const SExposedProperty& property, std::function<float()> get,

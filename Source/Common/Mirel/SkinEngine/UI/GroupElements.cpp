@@ -82,11 +82,12 @@ bool BuildTableRow(CUIBuild& build, const CNamedAttributes& attributes)
     {
         ReadNumber(attributes, "height", height);
     }
-    if (CTableLayoutCell::CRow* row = table->AddRow(ratio, height))
+    CTableLayoutCell::CRow* const row = table->AddRow(ratio, height);
+    if (row != nullptr)
     {
-        build.GetData().AddRow(*row);
+        build.GetData().GetPieces().Add(row);
     }
-    element.PlaceInRow(*table);
+    element.PlaceInRow(*table, row);
     return true;
 }
 

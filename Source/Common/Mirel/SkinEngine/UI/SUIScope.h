@@ -25,6 +25,7 @@ struct SUIScope
     GUI::CLightWidget* widget = nullptr; ///< That this is the inside of; null for a cell.
     Layout::CBaseGroupLayoutCell* group = nullptr;
     Layout::CTableLayoutCell* table = nullptr; ///< The same, directly inside of a table, that is in no row.
+    Layout::CTableLayoutCell::CRow* row = nullptr; ///< Directly inside of which; null for none.
     CSkinVisibility* visibility = nullptr;
     Graphics::CColor textColor;
     std::optional<Graphics::CColor> backgroundColor;

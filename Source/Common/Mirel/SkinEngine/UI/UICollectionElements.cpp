@@ -1,4 +1,3 @@
-#include "Mirel/Layout/CGroupLayoutCell.h"
 #include "Mirel/SkinEngine/Model/CSkinModelCollectionItemFactory.h"
 #include "Mirel/SkinEngine/Model/CollectionObjects.h"
 #include "Mirel/SkinEngine/Model/ModelAttributes.h"
@@ -26,22 +25,6 @@ T& OwnCollection(CUIBuild& build, std::unique_ptr<T> collection)
     model.AddConnection(new TModelConnection<decltype(close)>(close));
     build.openCollection = &owned;
     return owned;
-}
-
-/// A cell without room, which keeps the place of the items among those around them. None where no cell can
-/// stand.
-Layout::CLayoutCell* AddMarker(CUIBuild& build)
-{
-    const SUIScope& scope = build.GetScope();
-    if (scope.group == nullptr || scope.table != nullptr)
-    {
-        return nullptr;
-    }
-    auto& marker = build.GetData().Own(std::make_unique<Layout::CGroupLayoutCell>());
-    marker.SetDisplayed(false);
-    scope.group->AddCell(&marker, {}, false);
-    build.GetData().AddCell(marker);
-    return &marker;
 }
 
 } // namespace
@@ -114,7 +97,9 @@ bool BuildUICollectionEnd(CUIBuild& build)
     }
     collection->SetItemFactory(std::make_unique<CSkinUICollectionItemFactory>(
         std::move(body), build.GetParser(), build.GetData().GetWholeModel(), build.GetServices(),
-        CSkinUICollectionItemFactory::SPlace{build.GetScope(), AddMarker(build)}, build.GetContext()));
+        CSkinUICollectionItemFactory::SPlace{build.GetScope(),
+                                             build.GetData().GetPieces().AddCollection(*collection)},
+        build.GetContext()));
     return true;
 }
 

@@ -316,6 +316,23 @@ TEST(ModelCollection, CountsThatMoveOneAnotherComeToRest)
     EXPECT_LE(rig.Value("a.count"), 5);
 }
 
+TEST(ModelCollection, AFollowerOfACollectionOfItsOwnItemsComesToRest)
+{
+    CModelRig rig;
+    rig.Build("<COLLECTION id='a' count='3'/><FOREACH id='f' collection_id='a;x'>"
+              "<COLLECTION id='x' count='1'/></FOREACH>");
+    for (const float count : {2.0f, 0.0f, 5.0f, 1.0f})
+    {
+        if (auto* param = rig.Find<ICaptureParam>("x.count"))
+        {
+            param->SetValue(count);
+        }
+        EXPECT_LE(rig.Value("f.count"), rig.Value("a.count")) << count;
+        rig.Param("a.count").SetValue(count);
+        EXPECT_LE(rig.Value("f.count"), count);
+    }
+}
+
 // A model of nested and crossed collections, whose counts are set in any order.
 
 constexpr const char* crossed =

@@ -52,9 +52,9 @@ public:
 
     void Close() { data->Clear(); }
 
-    void WriteImage(const std::string& name, int width, int height)
+    void WriteImage(const std::string& name, int width, int height, std::uint32_t color = 0xFF808080U)
     {
-        WritePng(folder.GetPath(name), width, height, false, [](int, int) { return 0xFF808080U; });
+        WritePng(folder.GetPath(name), width, height, false, [color](int, int) { return color; });
     }
 
     ICaptureParam& AddParam(const std::string& id, float min = 0.0f, float max = 1.0f)
