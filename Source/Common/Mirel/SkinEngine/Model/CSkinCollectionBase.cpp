@@ -72,17 +72,7 @@ void CSkinCollectionBase::ApplyCount(int newCount)
 
 void CSkinCollectionBase::UnloadItemsFrom(int first)
 {
-    if (factory != nullptr && first < factory->GetCount())
-    {
-        factory->Prepare(0);
-        Unload(first);
-        factory->Commit(0);
-    }
-}
-
-void CSkinCollectionBase::Unload(int first)
-{
-    for (int i = std::max(first, 0); i < factory->GetCount(); ++i)
+    for (int i = std::max(first, 0); factory != nullptr && i < factory->GetCount(); ++i)
     {
         if (ISkinCollectionItem* item = factory->GetItem(i))
         {
@@ -96,7 +86,7 @@ void CSkinCollectionBase::Shrink(int newCount)
 {
     const int oldCount = factory->GetCount();
     factory->Prepare(newCount - oldCount);
-    Unload(newCount);
+    UnloadItemsFrom(newCount);
     for (int i = newCount; i < oldCount; ++i)
     {
         factory->DestroyItem(i);

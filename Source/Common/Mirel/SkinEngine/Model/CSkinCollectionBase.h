@@ -70,7 +70,6 @@ protected:
     void UnloadItemsFrom(int first);
 
 private:
-    void Unload(int first);
     void Shrink(int newCount);
     void Grow(int newCount);
     void DestroyItems();

@@ -21,8 +21,7 @@ CSkinCollectionContext::CChange::~CChange()
 {
     if (context.changes == 1)
     {
-        context.RunRequests();
-        context.Report();
+        context.EndChange();
     }
     --context.changes;
 }
@@ -57,6 +56,27 @@ void CSkinCollectionContext::Forget(const CSkinCollectionBase& collection)
             request.collection = nullptr;
         }
     }
+}
+
+void CSkinCollectionContext::Forget(IEndListener& listener)
+{
+    std::replace(endListeners.begin(), endListeners.end(), &listener, static_cast<IEndListener*>(nullptr));
+}
+
+/// Who is told of the end may ask for other counts in turn.
+void CSkinCollectionContext::EndChange()
+{
+    RunRequests();
+    for (std::size_t i = 0; i < endListeners.size(); ++i)
+    {
+        if (IEndListener* const listener = std::exchange(endListeners[i], nullptr))
+        {
+            listener->OnChangesEnded();
+            RunRequests();
+        }
+    }
+    endListeners.clear();
+    Report();
 }
 
 /// Requests that the changes here bring about are carried out as well. The items that may be made in one

@@ -44,6 +44,22 @@ public:
 
     bool IsChanging() const { return changes > 0; }
 
+    /// Who puts something off until the change under way is over.
+    class IEndListener
+    {
+    public:
+        IEndListener() = default;
+        IEndListener(const IEndListener&) = delete;
+        IEndListener& operator=(const IEndListener&) = delete;
+        virtual ~IEndListener() = default;
+
+        virtual void OnChangesEnded() = 0;
+    };
+
+    /// Told once, when the outermost change and all requests are through. Not owned.
+    void CallAtEnd(IEndListener& listener) { endListeners.push_back(&listener); }
+    void Forget(IEndListener& listener);
+
     /// Notes a count for when the present change is over. The latest request of a collection counts.
     void Request(CSkinCollectionBase& collection, int count);
 
@@ -72,13 +88,15 @@ private:
         int count;
     };
 
+    void EndChange();
     void RunRequests();
     void Report();
     bool IsExhausted() const;
 
     CFindLog findLog;
     std::vector<CRequest> requests;
-    int changes = 0; ///< Under way, one inside the other.
+    std::vector<IEndListener*> endListeners; ///< Null for who has gone.
+    int changes = 0;                         ///< Under way, one inside the other.
     int items = 0;
     int elements = 0;
     int itemsInChange = 0; ///< Made since the outermost change began, like the next.

@@ -7,7 +7,7 @@ namespace Mirel::SkinEngine
 {
 
 /// Makes the items of one collection and owns them. Each dialect of the skin language has its own. A change
-/// of the count, and the unloading of items that stay, is framed by Prepare and Commit. GUI thread only.
+/// of the count is framed by Prepare and Commit. GUI thread only.
 class ISkinCollectionItemFactory
 {
 public:
@@ -16,8 +16,7 @@ public:
 
     virtual ~ISkinCollectionItemFactory() = default;
 
-    /// delta is the wanted count minus the old one: it can be far more than will be made. 0 if items are
-    /// unloaded only.
+    /// delta is the wanted count minus the old one: it can be far more than will be made.
     virtual void Prepare(int delta) = 0;
 
     /// The index is the present count. The attributes are the parameters of the recorded body.

@@ -3,6 +3,7 @@
 #include "Mirel/SkinEngine/Model/CSkinCollectionContext.h"
 #include "Mirel/SkinEngine/Model/ISkinCollectionItem.h"
 #include "Mirel/SkinEngine/UI/CGUISkinData.h"
+#include "Mirel/SkinEngine/UI/CLayoutPause.h"
 
 #include <memory>
 #include <utility>
@@ -15,10 +16,13 @@ namespace Mirel::SkinEngine
 class CSkinUICollectionItem : public ISkinCollectionItem
 {
 public:
-    /// The model around the skin; not owned, it must outlive the item.
-    CSkinUICollectionItem(ISkinModel& whole, std::shared_ptr<CSkinCollectionContext> context_)
+    /// The model around the skin, and the pause of the group that the item stands in; not owned, both must
+    /// outlive the item.
+    CSkinUICollectionItem(ISkinModel& whole, std::shared_ptr<CSkinCollectionContext> context_,
+                          CLayoutPause& pause_)
         : data(whole),
-          context(std::move(context_))
+          context(std::move(context_)),
+          pause(pause_)
     {
     }
     CSkinUICollectionItem(const CSkinUICollectionItem&) = delete;
@@ -33,6 +37,7 @@ public:
 
     void Unload() override
     {
+        pause.Begin();
         data.Clear();
         context->ReleaseElements(std::exchange(elements, 0));
     }
@@ -40,6 +45,7 @@ public:
 private:
     CGUISkinData data;
     std::shared_ptr<CSkinCollectionContext> context;
+    CLayoutPause& pause;
     int elements = 0;
 };
 

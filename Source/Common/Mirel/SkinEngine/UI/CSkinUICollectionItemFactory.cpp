@@ -35,23 +35,20 @@ CSkinUICollectionItemFactory::CSkinUICollectionItemFactory(std::unique_ptr<IPars
       whole(whole_),
       services(services_),
       place(std::move(place_)),
-      context(std::move(context_))
+      context(std::move(context_)),
+      pause(context->GetCollections(), place.scope.group)
 {
     parser.GetPublicState().Serialize(parserState);
 }
 
 void CSkinUICollectionItemFactory::Prepare(int)
 {
-    laysOut = place.scope.group != nullptr && place.scope.group->GetAutoUpdate();
-    if (laysOut)
-    {
-        place.scope.group->SetAutoUpdate(false);
-    }
+    pause.Begin();
 }
 
 void CSkinUICollectionItemFactory::CreateItem(int index, const Containers::CNamedAttributes& attributes)
 {
-    items.push_back(std::make_unique<CSkinUICollectionItem>(whole, context->GetCollections()));
+    items.push_back(std::make_unique<CSkinUICollectionItem>(whole, context->GetCollections(), pause));
     CSkinUICollectionItem& item = *items.back();
     item.GetData().GetPieces().SetPlace(place.order, index);
     SetInsertionPoints(item.GetData().GetPieces());
@@ -77,10 +74,6 @@ void CSkinUICollectionItemFactory::Commit(int delta)
     if (delta < 0)
     {
         items.resize(items.size() - static_cast<std::size_t>(-delta));
-    }
-    if (std::exchange(laysOut, false))
-    {
-        place.scope.group->SetAutoUpdate(true);
     }
 }
 

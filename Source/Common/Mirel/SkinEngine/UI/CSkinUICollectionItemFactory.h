@@ -37,7 +37,6 @@ public:
 
     int GetCount() const override { return static_cast<int>(items.size()); }
 
-    /// The group is laid out once for all items that come or go.
     void Prepare(int delta) override;
     void CreateItem(int index, const Containers::CNamedAttributes& attributes) override;
     void DestroyItem(int index) override;
@@ -58,8 +57,8 @@ private:
     SSkinUIServices services;
     SPlace place;
     std::shared_ptr<CSkinModelContext> context;
+    CLayoutPause pause; ///< The group is laid out once for all items that come or go.
     std::vector<std::unique_ptr<CSkinUICollectionItem>> items;
-    bool laysOut = false; ///< What the group did before the change.
 };
 
 } // namespace Mirel::SkinEngine
