@@ -98,12 +98,12 @@ void COffscreenPlatform::PressButton(EMouseButton button)
         grabbed = target;
     }
     buttons |= ButtonFlag(button);
-    clicks.CountPress(button, pointer, static_cast<std::uint32_t>(timeMs));
+    const int count = clicks.CountPress(button, pointer, static_cast<std::uint32_t>(timeMs));
     if (target != nullptr)
     {
         SNativeMouseEvent event = MakeEvent(*target);
         event.button = button;
-        event.clickCount = clicks.GetCount(button);
+        event.clickCount = count;
         target->GetSink().OnButtonDown(event);
     }
 }
@@ -120,12 +120,13 @@ void COffscreenPlatform::ReleaseButton(EMouseButton button)
     {
         grabbed = nullptr;
     }
+    const int count = clicks.CountRelease(button, pointer);
     const Core::CLifeToken::CWatch watch(life);
     if (target != nullptr)
     {
         SNativeMouseEvent event = MakeEvent(*target);
         event.button = button;
-        event.clickCount = clicks.GetCount(button);
+        event.clickCount = count;
         target->GetSink().OnButtonUp(event);
     }
     if (watch.IsAlive())

@@ -322,7 +322,7 @@ void CX11Window::OnButton(const xcb_button_press_event_t& event, bool isDown)
         return;
     }
     made.buttons &= ~ButtonFlag(made.button);
-    made.clickCount = platform.GetClicks().GetCount(made.button);
+    made.clickCount = platform.GetClicks().CountRelease(made.button, made.screenPosition);
     sink.OnButtonUp(made);
 }
 
