@@ -38,7 +38,7 @@ CGUISysParamFineEditDialog::CGUISysParamFineEditDialog(GUI::INativePlatform& pla
 {
     field->SetMaxLength(longestText);
     field->SetConfirmHandler([this] { Confirm(); });
-    AddStop(*field);
+    SetFirstFocus(*field);
     OnLayout(GetSize());
     field->SetText(Controls::CBaseParamTextViewer(control.GetParam()).GetText());
     field->SelectAll();

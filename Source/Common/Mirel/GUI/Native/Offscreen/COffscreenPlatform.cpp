@@ -416,9 +416,13 @@ void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)
     event.timeMs = timeMs;
     COffscreenWindow* const menu = FindTopMenu();
     COffscreenWindow* const target = menu != nullptr ? menu : focus;
-    if (target != nullptr)
+    if (target != nullptr && down)
     {
-        down ? target->GetSink().OnKeyDown(event) : target->GetSink().OnKeyUp(event);
+        target->GetSink().OnKeyDown(event);
+    }
+    else if (target != nullptr)
+    {
+        target->GetSink().OnKeyUp(event);
     }
 }
 
