@@ -175,6 +175,31 @@ TEST_F(CDrawnMenusTest, KeysStepOverWhatCannotBeChosenAndRoundTheEnds)
     EXPECT_EQ(TakeScript(), "Quit closed ");
 }
 
+TEST_F(CDrawnMenusTest, KeysBeginAtTheItemThatIsSelectedFirst)
+{
+    menu.SetFirstSelected(skin);
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Selected(0), skin);
+    rig.PressKey(ENativeKey::Up);
+    EXPECT_EQ(Selected(0), undo);
+    menus.Close();
+    for (const int wrong : {redo, separator, -2, 100})
+    {
+        menu.SetFirstSelected(wrong);
+        ASSERT_TRUE(Open());
+        EXPECT_EQ(Selected(0), CMenuLayout::none);
+        menus.Close();
+    }
+}
+
+TEST_F(CDrawnMenusTest, SpaceChooses)
+{
+    menu.SetFirstSelected(skin);
+    ASSERT_TRUE(Open());
+    rig.Type(" ");
+    EXPECT_EQ(TakeScript(), "Skin closed ");
+}
+
 TEST_F(CDrawnMenusTest, FirstLetterSelects)
 {
     ASSERT_TRUE(Open());

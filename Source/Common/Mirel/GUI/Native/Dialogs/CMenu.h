@@ -36,10 +36,19 @@ public:
 
     const std::vector<SMenuItem>& GetItems() const { return items; }
 
-    void Clear() { items.clear(); }
+    /// The item that the keys begin at when the menu opens; -1, as at first, for none.
+    void SetFirstSelected(int item) { firstSelected = item; }
+    int GetFirstSelected() const { return firstSelected; }
+
+    void Clear()
+    {
+        items.clear();
+        firstSelected = -1;
+    }
 
 private:
     std::vector<SMenuItem> items;
+    int firstSelected = -1;
 };
 
 } // namespace Mirel::GUI
