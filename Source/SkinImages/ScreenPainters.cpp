@@ -47,7 +47,7 @@ void PaintScreen(cairo_t* context, const SFrame& frame)
 
 void PaintField(cairo_t* context, const SFrame& frame)
 {
-    DrawFace(context, frame.width, frame.height, 3.5, Palette::field, Palette::edge);
+    DrawFace(context, frame.width, frame.height, 3.5, Palette::field, {Palette::edge});
 }
 
 void PaintPlate(cairo_t* context, const SFrame& frame)
