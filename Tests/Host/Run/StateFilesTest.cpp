@@ -6,6 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <string>
+#include <thread>
+
 namespace Host
 {
 namespace
@@ -34,9 +38,16 @@ TEST_F(StateFilesTest, StateComesBackInAnotherInstance)
 
 TEST_F(StateFilesTest, StateIsTheChunkAndPresetItsDocument)
 {
-    ASSERT_TRUE(SaveState(rig.Get(), Path("state"), error)) << error;
+    // The model is loaded in the background, and both must be saved after that.
+    constexpr int patience = 500;
+    std::string state;
+    for (int i = 0; i < patience && state.find("<model><state>") == std::string::npos; ++i)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(i == 0 ? 0 : 10));
+        ASSERT_TRUE(SaveState(rig.Get(), Path("state"), error)) << error;
+        state = folder.Read("state");
+    }
     ASSERT_TRUE(SavePreset(rig.Get(), Path("preset"), error)) << error;
-    const std::string state = folder.Read("state");
     const std::string preset = folder.Read("preset");
     EXPECT_THAT(preset, testing::StartsWith("<?xml"));
     EXPECT_STREQ(state.substr(24, 32).c_str(), "Tarnwell Plugin State");
