@@ -13,7 +13,8 @@ namespace MirelExt::AAXPlugin
 class CGestureTurns
 {
 public:
-    static constexpr std::chrono::milliseconds longestWait{5};
+    /// More than a loaded machine keeps a thread from running; the turn itself takes microseconds.
+    static constexpr std::chrono::milliseconds longestWait{250};
 
     /// Audio thread. True if it has its turn, until EndOfAudio.
     bool TryForAudio()
