@@ -38,7 +38,10 @@ target_compile_options(
             -Wformat=2
             -Wdouble-promotion)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  target_compile_options(mirel_options INTERFACE -Wduplicated-cond -Wlogical-op -fpch-preprocess)
+  # When g++ 12 happens to inline enough of a std::string it takes every text for a short one, and warns of
+  # operator+ beyond its end. The address sanitizer looks at bounds for real.
+  target_compile_options(mirel_options INTERFACE -Wduplicated-cond -Wlogical-op -Wno-array-bounds
+                                                 -Wno-stringop-overflow -fpch-preprocess)
 endif()
 if(MIREL_WARNINGS_AS_ERRORS)
   target_compile_options(mirel_options INTERFACE -Werror)

@@ -33,7 +33,7 @@ void CAAXPluginParamAdapter::SetValue(float newValue)
     }
     else if (direction == EDirection::Input)
     {
-        parameter->PostValue(newValue);
+        Post(newValue);
     }
     else
     {
@@ -48,7 +48,19 @@ void CAAXPluginParamAdapter::Automate(float newValue)
         value.SetValue(newValue);
         return;
     }
-    parameter->PostValue(newValue);
+    Post(newValue);
+}
+
+void CAAXPluginParamAdapter::Post(float newValue)
+{
+    if (audioThread.IsOwn())
+    {
+        parameter->PostValueOfAudio(newValue);
+    }
+    else
+    {
+        parameter->PostValue(newValue);
+    }
 }
 
 void CAAXPluginParamAdapter::BeginCapture()

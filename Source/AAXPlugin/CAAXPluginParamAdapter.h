@@ -64,6 +64,7 @@ public:
     Mirel::Core::IEventProvider& GetEndCaptureEventProvider() const override;
 
 private:
+    void Post(float newValue);
     void NotifyValueChanged();
 
     const Mirel::DataModel::Objects::IConstParamInfo& info;

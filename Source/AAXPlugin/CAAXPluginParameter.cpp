@@ -79,39 +79,127 @@ void CAAXPluginParameter::SetValue(float newValue)
 
 void CAAXPluginParameter::PostValue(float newValue)
 {
-    const float clamped = taper.Clamp(newValue);
-    if (std::isnan(clamped) || !Differ(clamped, requested.exchange(clamped, std::memory_order_relaxed)))
+    float clamped = 0.0F;
+    if (Request(newValue, clamped))
     {
-        return;
-    }
-    const bool ownGesture = automation != nullptr && !touched.load(std::memory_order_relaxed);
-    if (ownGesture)
-    {
-        automation->Touch(identifier.c_str());
-    }
-    if (automation == nullptr || !automation->Post(identifier.c_str(), taper.ToNormalized(clamped)))
-    {
-        SetValue(clamped);
-    }
-    if (ownGesture)
-    {
-        automation->Release(identifier.c_str());
+        PostInGesture(clamped);
     }
 }
 
 void CAAXPluginParameter::Touch()
 {
-    if (!touched.exchange(true, std::memory_order_relaxed) && automation != nullptr)
+    if (!touched.exchange(true, std::memory_order_relaxed))
     {
-        automation->Touch(identifier.c_str());
+        BeginGesture();
     }
 }
 
 void CAAXPluginParameter::Release()
 {
-    if (touched.exchange(false, std::memory_order_relaxed) && automation != nullptr)
+    if (touched.exchange(false, std::memory_order_relaxed))
+    {
+        EndGesture();
+    }
+}
+
+void CAAXPluginParameter::PostValueOfAudio(float newValue)
+{
+    float clamped = 0.0F;
+    if (!Request(newValue, clamped))
+    {
+        return;
+    }
+    if (!turns.TryForAudio())
+    {
+        deferred = clamped;
+        // Whoever had the turn may have ended it before.
+        if (!turns.TryForAudio())
+        {
+            return;
+        }
+        clamped = deferred.exchange(none);
+    }
+    if (!std::isnan(clamped))
+    {
+        const bool ownGesture = gestures == 0;
+        if (ownGesture)
+        {
+            TellTouch();
+        }
+        Post(clamped);
+        if (ownGesture)
+        {
+            TellRelease();
+        }
+    }
+    turns.EndOfAudio();
+}
+
+bool CAAXPluginParameter::Request(float newValue, float& clamped)
+{
+    clamped = taper.Clamp(newValue);
+    return !std::isnan(clamped) && Differ(clamped, requested.exchange(clamped, std::memory_order_relaxed));
+}
+
+void CAAXPluginParameter::Post(float clamped)
+{
+    if (automation == nullptr || !automation->Post(identifier.c_str(), taper.ToNormalized(clamped)))
+    {
+        SetValue(clamped);
+    }
+}
+
+void CAAXPluginParameter::PostInGesture(float clamped)
+{
+    BeginGesture();
+    Post(clamped);
+    EndGesture();
+}
+
+void CAAXPluginParameter::TellTouch()
+{
+    if (automation != nullptr)
+    {
+        automation->Touch(identifier.c_str());
+    }
+}
+
+void CAAXPluginParameter::TellRelease()
+{
+    if (automation != nullptr)
     {
         automation->Release(identifier.c_str());
+    }
+}
+
+void CAAXPluginParameter::BeginGesture()
+{
+    turns.Begin();
+    if (gestures++ == 0)
+    {
+        TellTouch();
+    }
+    EndTurn();
+}
+
+void CAAXPluginParameter::EndGesture()
+{
+    turns.Begin();
+    if (--gestures == 0)
+    {
+        TellRelease();
+    }
+    EndTurn();
+}
+
+void CAAXPluginParameter::EndTurn()
+{
+    turns.End();
+    const float left = deferred.exchange(none);
+    const bool isLatest = !Differ(left, requested.load(std::memory_order_relaxed));
+    if (!std::isnan(left) && isLatest)
+    {
+        PostInGesture(left);
     }
 }
 

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "AAXPlugin/CAAXPluginDisplayDelegate.h"
+#include "AAXPlugin/CGestureTurns.h"
 #include "AAXPlugin/CLinearTaper.h"
 #include "Mirel/Core/TIValue.h"
 #include "Mirel/DataModel/Objects/IConstParamInfo.h"
 
 #include <atomic>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -50,12 +52,28 @@ public:
 
     /// A change that begins inside the plug-in: the host is asked for it, and SetValue follows when it
     /// agrees. Without automation the value is set at once. Outside Touch and Release the change is a gesture
-    /// of its own. An unchanged value is not posted.
+    /// of its own. An unchanged value is not posted. Any thread but the audio thread.
     void PostValue(float newValue);
     void Touch();
     void Release();
 
+    /// PostValue for the audio thread, which does not wait. While another thread begins or ends a gesture,
+    /// that thread is left to post the value after it.
+    void PostValueOfAudio(float newValue);
+
 private:
+    static constexpr float none = std::numeric_limits<float>::quiet_NaN();
+
+    /// False if there is nothing to post; else the value within the range.
+    bool Request(float newValue, float& clamped);
+    void Post(float clamped);
+    void PostInGesture(float clamped);
+    void TellTouch();
+    void TellRelease();
+    void BeginGesture();
+    void EndGesture();
+    void EndTurn();
+
     std::string identifier;
     std::string name;
     CLinearTaper taper;
@@ -64,8 +82,11 @@ private:
     bool continuous;
     int stepCount;
     Mirel::Core::TIValue<float>& value;
-    std::atomic<float> requested; ///< What the value is or, once the host agrees, will be.
-    std::atomic<bool> touched = false;
+    std::atomic<float> requested;       ///< What the value is or, once the host agrees, will be.
+    std::atomic<bool> touched = false;  ///< By a hand, until Release.
+    std::atomic<int> gestures = 0;      ///< That of the hand, and those of single values; the host sees one.
+    std::atomic<float> deferred = none; ///< The audio thread's latest, for another thread to post.
+    CGestureTurns turns;
     AAXExtAutomationDelegate* automation = nullptr;
     std::function<void()> listener;
 };

@@ -9,7 +9,6 @@ namespace SkinImages
 namespace
 {
 
-constexpr double half = 0.5;
 constexpr unsigned byteBits = 8;
 constexpr unsigned byteMask = 0xFF;
 
@@ -62,12 +61,14 @@ void AddRoundRectangle(cairo_t* context, double x, double y, double width, doubl
     cairo_close_path(context);
 }
 
-void DrawFace(cairo_t* context, double width, double height, double radius, CRgb fill, CRgb edge)
+void DrawFace(cairo_t* context, double width, double height, double radius, CRgb fill, SEdge edge)
 {
-    AddRoundRectangle(context, half, half, width - 1.0, height - 1.0, radius);
+    const double inset = edge.width / 2.0;
+    AddRoundRectangle(context, inset, inset, width - edge.width, height - edge.width, radius);
     SetColor(context, fill);
     cairo_fill_preserve(context);
-    SetColor(context, edge);
+    SetColor(context, edge.color);
+    cairo_set_line_width(context, edge.width);
     cairo_stroke(context);
 }
 

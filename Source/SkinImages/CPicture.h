@@ -43,7 +43,14 @@ CRgb Mix(CRgb from, CRgb to, double share);
 /// Adds a rectangle with round corners to the path.
 void AddRoundRectangle(cairo_t* context, double x, double y, double width, double height, double radius);
 
-/// Fills a rectangle with round corners, with an edge one pixel wide inside it.
-void DrawFace(cairo_t* context, double width, double height, double radius, CRgb fill, CRgb edge);
+/// How an edge is drawn; the width in pixels.
+struct SEdge
+{
+    CRgb color;
+    double width = 1.0;
+};
+
+/// Fills a rectangle with round corners, with an edge inside it.
+void DrawFace(cairo_t* context, double width, double height, double radius, CRgb fill, SEdge edge);
 
 } // namespace SkinImages

@@ -27,20 +27,23 @@ CRgb FaceOf(EState state)
     }
 }
 
-CRgb EdgeOf(EState state)
+/// The focus is as plain on a control that is on, or in colour, as on any other.
+constexpr SEdge focusEdge = {Palette::focus, 2.0};
+
+SEdge EdgeOf(EState state)
 {
     switch (state)
     {
     case EState::Disabled:
-        return Palette::borderDisabled;
+        return {Palette::borderDisabled};
     case EState::Hover:
     case EState::Pushed:
     case EState::Selected:
-        return Palette::borderHover;
+        return {Palette::borderHover};
     case EState::Focus:
-        return Palette::focus;
+        return focusEdge;
     default:
-        return Palette::border;
+        return {Palette::border};
     }
 }
 
@@ -77,6 +80,14 @@ void PaintButton(cairo_t* context, const SFrame& frame)
     DrawFace(context, frame.width, frame.height, corner, FaceOf(frame.state), EdgeOf(frame.state));
 }
 
+void PaintFieldButton(cairo_t* context, const SFrame& frame)
+{
+    const bool isAtRest = frame.state == EState::Normal || frame.state == EState::Focus;
+    const SEdge edge = frame.state == EState::Normal ? SEdge{Palette::edge} : EdgeOf(frame.state);
+    DrawFace(context, frame.width, frame.height, corner, isAtRest ? Palette::field : FaceOf(frame.state),
+             edge);
+}
+
 void PaintChoice(cairo_t* context, const SFrame& frame)
 {
     constexpr double arrowRight = 9.0;
@@ -99,8 +110,8 @@ void PaintSwitch(cairo_t* context, const SFrame& frame)
     const bool isOn = frame.index > 0;
     const CRgb track =
         isOn ? Mix(FaceOf(frame.state), ValueColor(Palette::on, frame.state), 0.45) : FaceOf(frame.state);
-    const CRgb edge =
-        isOn && frame.state != EState::Focus ? ValueColor(Palette::on, frame.state) : EdgeOf(frame.state);
+    const SEdge edge = isOn && frame.state != EState::Focus ? SEdge{ValueColor(Palette::on, frame.state)}
+                                                            : EdgeOf(frame.state);
     DrawFace(context, frame.width, frame.height, frame.height / 2.0 - 1.0, track, edge);
     const double radius = frame.height / 2.0 - inset;
     const double x = isOn ? frame.width - inset - radius : inset + radius;
@@ -139,8 +150,8 @@ void PaintBypass(cairo_t* context, const SFrame& frame)
     const double light = IsLit(frame.state) ? 0.12 : 0.0;
     const CRgb face = frame.state == EState::Disabled ? Palette::faceDisabled
                                                       : Mix(Palette::bypassed, Palette::bypassedEdge, light);
-    const CRgb edge =
-        frame.state == EState::Focus ? Palette::focus : ValueColor(Palette::bypassedEdge, frame.state);
+    const SEdge edge =
+        frame.state == EState::Focus ? focusEdge : SEdge{ValueColor(Palette::bypassedEdge, frame.state)};
     DrawFace(context, frame.width, frame.height, corner, face, edge);
 }
 
@@ -168,11 +179,12 @@ void PaintKnob(cairo_t* context, const SFrame& frame)
         cairo_stroke(context);
     }
 
-    cairo_set_line_width(context, 1.0);
+    const SEdge edge = EdgeOf(frame.state);
+    cairo_set_line_width(context, edge.width);
     cairo_arc(context, middle, middle, bodyRadius, 0.0, 2.0 * std::numbers::pi);
     SetColor(context, FaceOf(frame.state));
     cairo_fill_preserve(context);
-    SetColor(context, EdgeOf(frame.state));
+    SetColor(context, edge.color);
     cairo_stroke(context);
 
     cairo_set_line_width(context, 2.0);
@@ -207,6 +219,7 @@ void PaintSliderThumb(cairo_t* context, const SFrame& frame)
 
 void PaintMarker(cairo_t* context, const SFrame& frame)
 {
+    const bool hasFocus = frame.state == EState::Focus;
     const double middle = frame.height / 2.0;
     cairo_move_to(context, 0.5, middle);
     cairo_line_to(context, 6.0, 0.5);
@@ -214,9 +227,13 @@ void PaintMarker(cairo_t* context, const SFrame& frame)
     cairo_line_to(context, frame.width - 0.5, frame.height - 0.5);
     cairo_line_to(context, 6.0, frame.height - 0.5);
     cairo_close_path(context);
-    SetColor(context, Mix(FaceOf(frame.state), InkOf(frame.state), IsLit(frame.state) ? 0.9 : 0.7));
+    SetColor(context, hasFocus
+                          ? Palette::facePushed
+                          : Mix(FaceOf(frame.state), InkOf(frame.state), IsLit(frame.state) ? 0.9 : 0.7));
     cairo_fill_preserve(context);
-    SetColor(context, frame.state == EState::Focus ? Palette::focus : Palette::screen);
+    const SEdge edge = hasFocus ? focusEdge : SEdge{Palette::screen};
+    SetColor(context, edge.color);
+    cairo_set_line_width(context, edge.width);
     cairo_stroke(context);
 }
 

@@ -9,6 +9,9 @@ namespace SkinImages
 
 void PaintButton(cairo_t* context, const SFrame& frame);
 
+/// A button that shows a text as a field does.
+void PaintFieldButton(cairo_t* context, const SFrame& frame);
+
 /// A button with an arrow at its right: it opens a list.
 void PaintChoice(cairo_t* context, const SFrame& frame);
 

@@ -24,7 +24,7 @@ inline constexpr CRgb faceDisabled = 0x1E2328;
 inline constexpr CRgb border = 0x55606B;
 inline constexpr CRgb borderHover = 0x7F8C99;
 inline constexpr CRgb borderDisabled = 0x343B43;
-inline constexpr CRgb focus = 0x8FC1F2;
+inline constexpr CRgb focus = 0xB9DAFF;
 
 inline constexpr CRgb ink = 0xD6DCE2;
 inline constexpr CRgb inkBright = 0xFFFFFF;

@@ -45,11 +45,6 @@ void PaintScreen(cairo_t* context, const SFrame& frame)
     FillRectangle(context, 1.0, 1.0, frame.width - 2.0, frame.height - 2.0, Palette::screen);
 }
 
-void PaintField(cairo_t* context, const SFrame& frame)
-{
-    DrawFace(context, frame.width, frame.height, 3.5, Palette::field, Palette::edge);
-}
-
 void PaintPlate(cairo_t* context, const SFrame& frame)
 {
     AddRoundRectangle(context, 0.0, 0.0, frame.width, frame.height, 3.0);

@@ -14,9 +14,6 @@ void PaintFooter(cairo_t* context, const SFrame& frame);
 /// The ground of a graph, with an edge of one pixel around it.
 void PaintScreen(cairo_t* context, const SFrame& frame);
 
-/// The ground of a text.
-void PaintField(cairo_t* context, const SFrame& frame);
-
 /// The ground of a text that stands on a graph: dims what runs behind it.
 void PaintPlate(cairo_t* context, const SFrame& frame);
 

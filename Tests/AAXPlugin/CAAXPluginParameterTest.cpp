@@ -8,8 +8,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <limits>
+#include <mutex>
+#include <string>
+#include <thread>
 
 namespace
 {
@@ -159,6 +163,85 @@ TEST_F(Parameter, HostThatTakesNoValueLeavesTheChangeToThePlugin)
     automation.Clear();
     parameter.PostValue(0.0F);
     EXPECT_EQ(value.GetValue(), 0.0F);
+}
+
+TEST_F(Parameter, AudioThreadPostsAGestureOfItsOwnOutsideOfAHands)
+{
+    parameter.SetAutomation(&automation);
+    parameter.PostValueOfAudio(2.0F);
+    parameter.PostValueOfAudio(2.0F);
+    parameter.PostValueOfAudio(NaN);
+    EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 0.750000", "release P7"));
+    host->calls.clear();
+    parameter.Touch();
+    parameter.PostValueOfAudio(3.0F);
+    parameter.Release();
+    EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 1.000000", "release P7"));
+}
+
+TEST_F(Parameter, ValueThatAHostMakesTheHandLetGoOfStaysWithinTheGesture)
+{
+    parameter.SetAutomation(&automation);
+    parameter.SetListener([this] { parameter.Touch(); });
+    host->result = -20004; // so that the value is set within the post
+    parameter.PostValue(2.0F);
+    parameter.Release();
+    EXPECT_THAT(host->calls, ElementsAre("touch P7", "value P7 0.750000", "release P7"));
+}
+
+/// Writes down what several threads post, as one letter a call.
+class CBusyAutomation : public TACFObject<IAAXAutomationDelegate>
+{
+public:
+    std::int32_t PostTouch(const char* /*id*/) override { return Note('t'); }
+    std::int32_t PostRelease(const char* /*id*/) override { return Note('r'); }
+    std::int32_t PostValue(const char* /*id*/, double /*normalized*/) override { return Note('v'); }
+
+    std::string script;
+
+private:
+    std::int32_t Note(char call)
+    {
+        const std::scoped_lock lock(guard);
+        script += call;
+        return AAXResult::Ok;
+    }
+
+    std::mutex guard;
+};
+
+TEST_F(Parameter, GesturesOfAHandAndOfTheAudioThreadAreToldOneAfterAnother)
+{
+    constexpr int rounds = 20000;
+    const auto busy = TACFReference<CBusyAutomation>::Adopt(new CBusyAutomation);
+    AAXExtAutomationDelegate shared;
+    shared.Set(TACFReference<IAAXAutomationDelegate>(busy.Get()));
+    parameter.SetAutomation(&shared);
+    std::atomic<bool> isDone = false;
+    std::thread audio(
+        [&]
+        {
+            for (int i = 0; !isDone; ++i)
+            {
+                parameter.PostValueOfAudio(static_cast<float>(i % 7) / 3.0F);
+            }
+        });
+    for (int i = 0; i < rounds; ++i)
+    {
+        parameter.Touch();
+        parameter.PostValue(static_cast<float>(i % 5) / 2.0F);
+        parameter.Release();
+        parameter.PostValue(static_cast<float>(i % 3));
+    }
+    isDone = true;
+    audio.join();
+    bool isHeld = false;
+    for (const char call : busy->script)
+    {
+        ASSERT_EQ(isHeld, call != 't');
+        isHeld = call != 'r';
+    }
+    EXPECT_FALSE(isHeld);
 }
 
 TEST(CLinearTaper, MapsTheRangeEvenlyBothWays)

@@ -59,7 +59,7 @@ public:
         editor = Host::CHostEditor::Make(instance, error);
         EXPECT_NE(editor, nullptr) << error;
         EXPECT_TRUE(editor->OpenOffscreen(1, error)) << error;
-        auto* gui =
+        gui =
             dynamic_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(InternalsOf(instance).GetEditor().Get());
         platform =
             gui == nullptr ? nullptr : dynamic_cast<Mirel::GUI::COffscreenPlatform*>(gui->GetPlatform());
@@ -67,6 +67,7 @@ public:
     }
 
     Host::CHostEditor& Get() { return *editor; }
+    Mirel::Audio::Plugin::CAudioPluginSkinGUI& GetGui() const { return *gui; }
     Mirel::GUI::COffscreenPlatform& GetPlatform() { return *platform; }
 
     void Click(Mirel::GUI::CPoint place, Mirel::GUI::EMouseButton button = Mirel::GUI::EMouseButton::Left)
@@ -106,6 +107,7 @@ public:
 
 private:
     std::unique_ptr<Host::CHostEditor> editor;
+    Mirel::Audio::Plugin::CAudioPluginSkinGUI* gui = nullptr;
     Mirel::GUI::COffscreenPlatform* platform = nullptr;
 };
 

@@ -26,9 +26,10 @@ public:
         LostDrag,
         Wheel,
         Keys,
+        Walk,
         Hover
     };
-    static constexpr int GestureCount = 9;
+    static constexpr int GestureCount = 10;
 
     struct SGesture
     {
@@ -82,7 +83,8 @@ private:
     {
         static constexpr const char* names[] = {"click", "double click", "right click",
                                                 "drag",  "fine drag",    "drag with the mouse taken away",
-                                                "wheel", "keys",         "hover"};
+                                                "wheel", "keys",         "walk by the Tab key",
+                                                "hover"};
         const int kind = Pick(GestureCount);
         const Mirel::GUI::CPoint from = PickPlace(editor);
         return {static_cast<EGesture>(kind), from,
@@ -118,6 +120,10 @@ private:
             break;
         case EGesture::Keys:
             gesture.mostTouches = TypeKeys(editor);
+            break;
+        case EGesture::Walk:
+            Walk(editor);
+            gesture.mostTouches = TypeKeys(editor) + LeaveWithAKeyHeld(editor);
             break;
         case EGesture::Hover:
             platform.MovePointer(gesture.from);
@@ -167,9 +173,38 @@ private:
         for (int i = 0; i < count; ++i)
         {
             const ENativeKey key = keys[Pick(static_cast<int>(std::size(keys)))];
-            editor.Type(key, key == ENativeKey::Character ? std::string(1, "5 .-x"[Pick(5)]) : std::string());
+            editor.Type(key,
+                        key == ENativeKey::Character ? std::string(1, "5 .-+dex"[Pick(8)]) : std::string());
         }
         return count;
+    }
+
+    /// To another control, or round all of them.
+    void Walk(CPlayedEditor& editor)
+    {
+        editor.GetPlatform().SetModifiers(Chance(30) ? Mirel::GUI::ModifierFlags::shift : 0U);
+        for (int steps = 1 + Pick(9); steps > 0; --steps)
+        {
+            editor.Type(Mirel::GUI::ENativeKey::Tab);
+        }
+        editor.GetPlatform().SetModifiers(0);
+    }
+
+    /// The release of the key comes to another control, if at all. The number of its presses.
+    int LeaveWithAKeyHeld(CPlayedEditor& editor)
+    {
+        if (!Chance(30) || editor.GetPopup() != nullptr)
+        {
+            return 0;
+        }
+        Mirel::GUI::SNativeKeyEvent event;
+        event.key = Chance(50) ? Mirel::GUI::ENativeKey::Return : Mirel::GUI::ENativeKey::Down;
+        editor.GetPlatform().PressKey(event);
+        editor.Get().Wake();
+        editor.Type(Mirel::GUI::ENativeKey::Tab);
+        editor.GetPlatform().ReleaseKey(event);
+        editor.Get().Wake();
+        return 1;
     }
 
     /// Chooses from what is open, or leaves it, until nothing is; the number of its answers.

@@ -4,19 +4,29 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
+#include <mutex>
 #include <random>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace Tests
 {
 
-/// Plays noise bursts through an instance on a thread of its own, from its making to Stop.
+/// Plays noise bursts through an instance on a thread of its own, from its making to Stop, and turns MIDI
+/// controllers meanwhile.
 class CRunningAudio
 {
 public:
     static constexpr int Block = 480;
 
-    explicit CRunningAudio(Host::CHostInstance& instance_) : instance(instance_), thread([this] { Run(); }) {}
+    explicit CRunningAudio(Host::CHostInstance& instance_, std::vector<std::uint8_t> controllers_ = {})
+        : instance(instance_),
+          controllers(std::move(controllers_)),
+          thread([this] { Run(); })
+    {
+    }
     CRunningAudio(const CRunningAudio&) = delete;
     CRunningAudio& operator=(const CRunningAudio&) = delete;
     ~CRunningAudio() { Stop(); }
@@ -28,6 +38,14 @@ public:
         {
             thread.join();
         }
+    }
+
+    /// Does something between two blocks.
+    template <class Action>
+    auto Between(const Action& action)
+    {
+        const std::scoped_lock lock(betweenBlocks);
+        return action();
     }
 
     /// After Stop.
@@ -50,14 +68,34 @@ private:
                     sample = noise(random);
                 }
             }
-            instance.Process(inputs.Get(), outputs.Get(), Block);
+            Between(
+                [&]
+                {
+                    TurnController(random);
+                    instance.Process(inputs.Get(), outputs.Get(), Block);
+                });
             ++blocks;
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
 
+    /// In one of eight blocks.
+    void TurnController(std::minstd_rand& random)
+    {
+        constexpr std::uint8_t firstChannel = 0xB0;
+        constexpr std::uint32_t values = 128;
+        if (!controllers.empty() && random() % 8 == 0)
+        {
+            const std::uint8_t number = controllers[random() % controllers.size()];
+            EXPECT_TRUE(instance.GetMidiInput()->Add(
+                MakeMidiEvent(0, firstChannel, number, static_cast<std::uint8_t>(random() % values))));
+        }
+    }
+
     Host::CHostInstance& instance;
+    std::vector<std::uint8_t> controllers;
     std::atomic<bool> isDone{false};
+    std::mutex betweenBlocks;
     long blocks = 0;
     std::thread thread;
 };

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <map>
 #include <set>
+#include <utility>
 
 namespace
 {
@@ -58,8 +59,18 @@ private:
     const CTemporaryFolder& folder;
 };
 
-/// What a host sees: values of a parameter only between its touch and its release, no touch within another,
-/// and nothing held in the end. The touches by parameter.
+/// What MIDI controllers turn, from the first of these on: the modes, so that controls come and go under the
+/// hands, and the delay, which is on a knob.
+constexpr int boundParameters[] = {1, 2, 4};
+constexpr std::uint8_t firstController = 20;
+
+bool IsBound(int parameter)
+{
+    return std::ranges::find(boundParameters, parameter) != std::end(boundParameters);
+}
+
+/// What a host sees, of hands and of MIDI: values of a parameter only between its touch and its release, no
+/// touch within another, and nothing held in the end. The touches by parameter.
 std::map<int, int> CountTouches(const std::vector<CAutomationPost>& posts)
 {
     std::map<int, int> touches;
@@ -87,7 +98,7 @@ std::map<int, int> CountTouches(const std::vector<CAutomationPost>& posts)
     return touches;
 }
 
-/// Delay and trigger value are on knobs and sliders.
+/// The trigger value is on knobs and sliders, as the delay is.
 bool IsDragged(int parameter)
 {
     return parameter == 4 || parameter == 5;
@@ -131,35 +142,59 @@ protected:
     void Play(const std::string& skinFile, int count)
     {
         skin = SkinPath(skinFile);
-        CRunningAudio audio(*instance);
+        BindControllers();
+        CRunningAudio audio(*instance, {firstController, firstController + 1, firstController + 2});
         {
             CPlayedEditor editor(*instance);
             ASSERT_TRUE(editor.Get().LoadSkin(skin)) << editor.Get().GetSkinMessages();
             ASSERT_GT(InternalsOf(*instance).GetPresets().GetCount(), 0);
-            instance->GetController().TakePosts();
+            TakePosts(audio);
             for (int i = 0; i < count && !HasFailure(); ++i)
             {
-                PlayOne(editor, i);
+                PlayOne(editor, audio, i);
                 if (i % 10 == 9)
                 {
-                    Disturb(editor);
+                    Disturb(editor, audio);
+                    BindControllers(); // a preset brings its own
                 }
             }
         }
         audio.Stop();
         EXPECT_GT(audio.GetBlockCount(), 0);
+        EXPECT_GE(InternalsOf(*instance).GetLastMIDIMessage().GetNumber(), firstController);
     }
 
-    void PlayOne(CPlayedEditor& editor, int index)
+    void BindControllers()
+    {
+        Mirel::Audio::Plugin::CAudioPluginInternalsBase& internals = InternalsOf(*instance);
+        int controller = firstController;
+        for (const int parameter : boundParameters)
+        {
+            Mirel::Audio::Plugin::CMIDICCSetting& setting = internals.GetInputMIDISettings()[parameter];
+            setting.SetNumber(controller++);
+            setting.SetEnabled(true);
+        }
+        internals.GetUseDefaultInputMIDI().SetValue(false);
+    }
+
+    /// While MIDI posts nothing.
+    std::vector<CAutomationPost> TakePosts(CRunningAudio& audio)
+    {
+        return audio.Between([this] { return instance->GetController().TakePosts(); });
+    }
+
+    void PlayOne(CPlayedEditor& editor, CRunningAudio& audio, int index)
     {
         const CRandomHands::SGesture gesture = hands.Play(editor);
         SCOPED_TRACE("gesture " + std::to_string(index) + ": " + gesture.text);
-        const std::vector<CAutomationPost> posts = instance->GetController().TakePosts();
-        if (!posts.empty())
+        const std::vector<CAutomationPost> posts = TakePosts(audio);
+        std::map<int, int> touched = CountTouches(posts);
+        std::erase_if(touched, [](const auto& each) { return IsBound(each.first); });
+        if (!touched.empty())
         {
             hands.Remember(gesture.from);
         }
-        for (const auto& [parameter, touches] : CountTouches(posts))
+        for (const auto& [parameter, touches] : touched)
         {
             // A button goes up when a held mouse leaves it, and down again when that comes back.
             const int most = IsDragged(parameter) ? gesture.mostTouches : gesture.mostTouches + gesture.moves;
@@ -171,7 +206,7 @@ protected:
     }
 
     /// What happens between the gestures of a user, and in the middle of one.
-    void Disturb(CPlayedEditor& editor)
+    void Disturb(CPlayedEditor& editor, CRunningAudio& audio)
     {
         const int what = hands.Pick(5);
         SCOPED_TRACE("disturbance " + std::to_string(what));
@@ -196,7 +231,7 @@ protected:
         }
         editor.Get().Wake();
         EXPECT_FALSE(editor.Get().TakePicture().IsEmpty());
-        CountTouches(instance->GetController().TakePosts());
+        CountTouches(TakePosts(audio));
     }
 
     void ReloadWithinADrag(CPlayedEditor& editor)
@@ -246,12 +281,21 @@ protected:
         PlayWave(played, 10 * blocksPerSecond);
     }
 
+    /// Once nothing moves any more: the lamp of the last MIDI message goes out by itself.
     CPicture TakePictureAfresh(CHostInstance& shown)
     {
+        constexpr int patience = 50;
         CPlayedEditor editor(shown);
         EXPECT_TRUE(editor.Get().LoadSkin(skin));
         editor.Get().WakeFor(300);
-        return editor.Get().TakePicture();
+        CPicture before;
+        CPicture picture = editor.Get().TakePicture();
+        for (int i = 0; i < patience && picture.pixels != before.pixels; ++i)
+        {
+            editor.Get().WakeFor(100);
+            before = std::exchange(picture, editor.Get().TakePicture());
+        }
+        return picture;
     }
 
     /// The state in another instance shows what the first shows.
@@ -297,15 +341,15 @@ protected:
     std::unique_ptr<CHostInstance> instance;
     CRandomHands hands{20260501};
     std::string skin;
-    std::map<int, int> touchesOf; ///< Gestures by parameter.
+    std::map<int, int> touchesOf; ///< Gestures by parameter, but for those that MIDI turns, too.
 };
 
 TEST_F(AnHourOfGestures, OnTheFactorySkin)
 {
     Play("default.xml", GetGestureCount());
     ASSERT_FALSE(HasFailure());
-    // Bypass, the modes, sync, delay, the trigger and its direction have all been in somebody's hands.
-    EXPECT_GE(touchesOf.size(), 6U) << testing::PrintToString(touchesOf);
+    // Bypass, sync, the trigger value and its direction have all been in somebody's hands.
+    EXPECT_EQ(touchesOf.size(), 4U) << testing::PrintToString(touchesOf);
     CompareWithASecondInstance();
 }
 
@@ -313,7 +357,7 @@ TEST_F(AnHourOfGestures, OnTheCompactSkin)
 {
     Play("compact.xml", GetGestureCount() / 2);
     ASSERT_FALSE(HasFailure());
-    EXPECT_GE(touchesOf.size(), 2U);
+    EXPECT_EQ(touchesOf.size(), 1U) << "the marker";
     CompareWithASecondInstance();
 }
 
@@ -321,7 +365,7 @@ TEST_F(AnHourOfGestures, OnTheXYSkin)
 {
     Play("xy.xml", GetGestureCount() / (isSanitized ? 20 : 2));
     ASSERT_FALSE(HasFailure());
-    EXPECT_GE(touchesOf.size(), isSanitized ? 0U : 2U);
+    EXPECT_TRUE(touchesOf.size() == 1U || isSanitized) << "sync";
     CompareWithASecondInstance();
 }
 

@@ -79,7 +79,8 @@ struct SText
 constexpr SText texts[] = {
     {"ink", "header"},
     {"ink", "footer"},
-    {"ink", "title_field"},
+    {"ink", "preset_name", 1, true},
+    {"faint", "preset_step", 1, true},
     {"ink", "button", 1, true},
     {"ink", "bypass", 2, true},
     {"ink", "choice", 1, true},

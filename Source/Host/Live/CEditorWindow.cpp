@@ -54,12 +54,14 @@ void CEditorWindow::OnResized(CSize size)
     }
 }
 
-void CEditorWindow::OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event)
+bool CEditorWindow::OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event)
 {
-    if (event.character == U' ' && !event.repeat && onSpace)
+    const bool isSpace = event.character == U' ' && onSpace;
+    if (isSpace && !event.repeat)
     {
         onSpace();
     }
+    return isSpace;
 }
 
 } // namespace Host

@@ -26,7 +26,7 @@ public:
     void SetTitle(const std::string& title) { window->SetTitle(title); }
     void SetSize(int width, int height);
 
-    /// Called when the space bar is pressed.
+    /// Called when the space bar is pressed, and the editor has no use for it.
     std::function<void()> onSpace;
 
     /// Opens a menu for a parameter that was right-clicked, in front of the window; false if there is none.
@@ -36,7 +36,8 @@ private:
     void OnResized(Mirel::GUI::CSize size) override;
     void OnCloseRequested() override { isClosed = true; }
     void OnClosed() override { isClosed = true; }
-    void OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event) override;
+    void OnFocusIn() override { window->FocusEmbedded(); }
+    bool OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event) override;
 
     Mirel::GUI::INativePlatform& platform;
     CHostEditor& editor;

@@ -1,26 +1,13 @@
 #include "Host/Audio/CBuffers.h"
 #include "Host/Audio/CSoundFileSource.h"
 #include "Host/Audio/CSoundFileWriter.h"
-#include "Host/CHostInstance.h"
-#include "Host/CPluginSession.h"
-#include "Host/Editor/FactoryScreen.h"
-#include "Host/Live/CEditorWindow.h"
-#include "Host/Live/CParameterMenu.h"
-#include "Mirel/GUI/Native/CNativeRunLoop.h"
-#include "Mirel/GUI/Native/NativePlatformFactory.h"
-#include "Mirel/Graphics/CFontManager.h"
+#include "Host/Live/CEditorOnDisplay.h"
 #include "Support/CTemporaryFolder.h"
-#include "Support/CVirtualDisplay.h"
-#include "Support/CX11Probe.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cmath>
-#include <cstdlib>
 #include <functional>
-#include <memory>
-#include <optional>
 #include <string>
 
 namespace Host
@@ -31,7 +18,7 @@ namespace
 using Tests::CFactoryScreen;
 using Tests::CShownPicture;
 
-constexpr int Rate = 48000;
+constexpr int Rate = Tests::CEditorOnDisplay::Rate;
 constexpr int Frames = 72'000;
 constexpr int Block = 960; // output is due after each
 constexpr double TwoPi = 6.283185307179586;
@@ -59,50 +46,10 @@ CFactoryScreen::Values InFlow(const Signal& signal)
     return [=](double column) { return signal(SampleAt(Frames - Rate, column)); };
 }
 
-/// Plays a sound file through the module as it ships, and looks at its editor in a window of the host.
-class FactorySkinOnADisplay : public testing::Test
+/// Plays a sound file through the module, and looks at its editor.
+class FactorySkinOnADisplay : public Tests::CEditorOnDisplay
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_FALSE(display.GetName().empty());
-        // Before any thread. NOLINTNEXTLINE(concurrency-mt-unsafe)
-        setenv("DISPLAY", display.GetName().c_str(), 1);
-        probe.emplace(display.GetName());
-        loop.emplace();
-        platform = Mirel::GUI::CreateNativePlatform(*loop);
-        std::string error;
-        ASSERT_TRUE(session.Open(SCOPE_BANK_MODULE, error)) << error;
-        instance = CHostInstance::Make(*session.GetCollection(), {2, Rate}, error);
-        ASSERT_NE(instance, nullptr) << error;
-        editor = CHostEditor::Make(*instance, error);
-        ASSERT_NE(editor, nullptr) << error;
-        window = std::make_unique<CEditorWindow>(*platform, *editor);
-        ASSERT_TRUE(window->Open("Scope", error)) << error;
-        fonts.emplace("");
-        menu.emplace(instance->GetParameters(), *platform, Mirel::GUI::MakePopupLook(*fonts));
-        window->onRightClick = [this](const char* id, const Mirel::GUI::INativeWindow& owner)
-        { return menu->Open(id, owner); };
-    }
-
-    void TearDown() override
-    {
-        menu.reset();
-        window.reset();
-        editor.reset();
-        platform.reset();
-        instance.reset();
-        std::string error;
-        EXPECT_TRUE(session.Close(error)) << error;
-        // NOLINTNEXTLINE(concurrency-mt-unsafe)
-        unsetenv("DISPLAY");
-    }
-
-    void Set(const char* parameter, double normalized)
-    {
-        instance->GetParameters().SetParameterValue(parameter, normalized);
-    }
-
     void Play(const Signal& first, const Signal& second)
     {
         const std::string path = folder.GetPath("in.wav");
@@ -118,35 +65,17 @@ protected:
         }
     }
 
-    /// The host's and the editor's loops go on.
-    void Turn()
-    {
-        loop->Pump(0);
-        editor->WakeFor(20);
-        loop->Pump(0);
-        probe->Sync();
-    }
-
-    CShownPicture Look() const
-    {
-        return {CFactoryScreen::width, CFactoryScreen::height,
-                probe->ReadScreen(0, 0, CFactoryScreen::width, CFactoryScreen::height)};
-    }
-
     /// Looks until nothing is wrong with what is seen, for as long as a loaded machine may need.
     std::string LookUntilRight(const std::function<std::string(const CShownPicture&)>& findFaults)
     {
-        constexpr auto patience = std::chrono::seconds(5);
-        const auto end = std::chrono::steady_clock::now() + patience;
-        for (;;)
-        {
-            Turn();
-            std::string faults = findFaults(Look());
-            if (faults.empty() || std::chrono::steady_clock::now() > end)
+        std::string faults;
+        TurnUntil(
+            [&]
             {
-                return faults;
-            }
-        }
+                faults = findFaults(Look());
+                return faults.empty();
+            });
+        return faults;
     }
 
     void ExpectTrace(int channel, int first, int last, const CFactoryScreen::Values& values)
@@ -157,28 +86,6 @@ protected:
             "")
             << "channel " << channel;
     }
-
-    double Get(const char* parameter)
-    {
-        double normalized = -1.0;
-        instance->GetParameters().GetParameterValue(parameter, &normalized);
-        return normalized;
-    }
-
-    /// Goes on until the claim holds; false without it in as long as a loaded machine may need.
-    bool TurnUntil(const std::function<bool()>& holds)
-    {
-        constexpr auto patience = std::chrono::seconds(5);
-        const auto end = std::chrono::steady_clock::now() + patience;
-        while (!holds() && std::chrono::steady_clock::now() < end)
-        {
-            Turn();
-        }
-        return holds();
-    }
-
-    std::optional<Tests::CX11Probe> probe;
-    std::optional<CParameterMenu> menu;
 
 private:
     static void Write(const std::string& path, const Signal& first, const Signal& second)
@@ -197,14 +104,6 @@ private:
     }
 
     Tests::CTemporaryFolder folder;
-    Tests::CVirtualDisplay display;
-    std::optional<Mirel::GUI::CNativeRunLoop> loop;
-    std::unique_ptr<Mirel::GUI::INativePlatform> platform;
-    CPluginSession session;
-    std::unique_ptr<CHostInstance> instance;
-    std::unique_ptr<CHostEditor> editor;
-    std::unique_ptr<CEditorWindow> window;
-    std::optional<Mirel::Graphics::CFontManager> fonts;
 };
 
 TEST_F(FactorySkinOnADisplay, FlowEndsWithTheNewestSampleOfBothChannels)

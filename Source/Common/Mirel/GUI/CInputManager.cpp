@@ -206,14 +206,11 @@ void CLightWidgetAdapter::CInputManager::SetFocus(CLightWidget* widget)
     {
         return;
     }
-    if (host.HasFocus())
+    // Tells the widget on the way, if the host was without the focus.
+    host.CWidget::SetFocus();
+    if (watch.IsAlive() && focus == widget && host.HasFocus())
     {
         widget->GetInnerKeyboardTarget().OnFocusGained();
-    }
-    else
-    {
-        // Tells the widget on the way.
-        host.CWidget::SetFocus();
     }
 }
 

@@ -27,7 +27,7 @@ public:
     /// The root gets the adapter's size, or an adapter without a size the root's. Null for none. One that has
     /// a parent or another host is ignored, and stays the caller's.
     void SetLightRoot(CLightWidget* newRoot, bool owned);
-    CLightWidget* GetLightRoot() const { return root.Get(); }
+    CLightWidget* GetLightRoot() const override { return root.Get(); }
 
     /// Where the tree shows something; elsewhere the pointer reaches what lies beneath.
     bool HitTest(CPoint point) const override;

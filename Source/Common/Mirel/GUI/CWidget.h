@@ -11,6 +11,7 @@
 namespace Mirel::GUI
 {
 
+class CLightWidget;
 class CWidgetLayoutCell;
 
 /// A native-backed widget: a view of its window with input targets. It draws through its events targets (see
@@ -26,6 +27,9 @@ public:
 
     /// Whether a point, in the widget's coordinates, is on the widget itself. Everywhere in its area here.
     virtual bool HitTest(CPoint point) const;
+
+    /// The root of the light widgets that live in this one; null if it hosts none.
+    virtual CLightWidget* GetLightRoot() const { return nullptr; }
 
     /// Sends keys here; false if the widget is not in a window, hidden or not enabled.
     bool SetFocus();

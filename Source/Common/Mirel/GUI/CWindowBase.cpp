@@ -241,12 +241,9 @@ void CWindowBase::OnWheel(const SNativeWheelEvent& event)
     }
 }
 
-void CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
+bool CWindowBase::OnKeyDown(const SNativeKeyEvent& event)
 {
-    if (!IsInputBlocked())
-    {
-        focus.OnKey(event, true);
-    }
+    return IsInputBlocked() || focus.OnKey(event, true);
 }
 
 void CWindowBase::OnKeyUp(const SNativeKeyEvent& event)

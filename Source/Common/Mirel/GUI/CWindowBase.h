@@ -91,7 +91,9 @@ private:
     void OnButtonDown(const SNativeMouseEvent& event) override;
     void OnButtonUp(const SNativeMouseEvent& event) override;
     void OnWheel(const SNativeWheelEvent& event) override;
-    void OnKeyDown(const SNativeKeyEvent& event) override;
+    void OnFocusIn() override { focus.OnNativeFocus(true); }
+    void OnFocusOut() override { focus.OnNativeFocus(false); }
+    bool OnKeyDown(const SNativeKeyEvent& event) override;
     void OnKeyUp(const SNativeKeyEvent& event) override;
     void OnCaptureLost() override { mouse.OnCaptureLost(); }
     void OnScaleChanged(int newScale) override;

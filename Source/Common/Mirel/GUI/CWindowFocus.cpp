@@ -1,8 +1,11 @@
 #include "Mirel/GUI/CWindowFocus.h"
 
+#include "Mirel/GUI/CLightWidget.h"
 #include "Mirel/GUI/CWidget.h"
 #include "Mirel/GUI/CWindowBase.h"
+#include "Mirel/GUI/FocusStops.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Mirel::GUI
@@ -26,6 +29,11 @@ COSXKeyEvent ToKeyEvent(const SNativeKeyEvent& event)
     return key;
 }
 
+bool IsTraversal(const COSXKeyEvent& event)
+{
+    return event.key == ENativeKey::Tab && !event.IsShortcut();
+}
+
 } // namespace
 
 bool CWindowFocus::Set(CWidget* widget)
@@ -34,17 +42,18 @@ bool CWindowFocus::Set(CWidget* widget)
     {
         return false;
     }
-    if (widget == focus)
-    {
-        return true;
-    }
     const CWatch watch(life);
     CWidget* const old = std::exchange(focus, widget);
+    const bool isOldTold = widget == nullptr ? away : std::exchange(away, false);
     if (widget != nullptr)
     {
         window.TakeNativeFocus();
     }
-    if (watch.IsAlive() && old != nullptr)
+    if (widget == old && !isOldTold)
+    {
+        return true;
+    }
+    if (watch.IsAlive() && old != nullptr && !isOldTold)
     {
         old->GetNativeKeyboardTarget().SendFocus(false);
     }
@@ -55,6 +64,19 @@ bool CWindowFocus::Set(CWidget* widget)
     return watch.IsAlive() && focus == widget;
 }
 
+void CWindowFocus::OnNativeFocus(bool gained)
+{
+    if (away != gained)
+    {
+        return;
+    }
+    away = !gained;
+    if (focus != nullptr)
+    {
+        focus->GetNativeKeyboardTarget().SendFocus(gained);
+    }
+}
+
 bool CWindowFocus::OnKey(const SNativeKeyEvent& event, bool down)
 {
     const COSXKeyEvent key = ToKeyEvent(event);
@@ -62,8 +84,11 @@ bool CWindowFocus::OnKey(const SNativeKeyEvent& event, bool down)
     {
         return OnModifier(event);
     }
-    return SendUpward(event, [&key, down](CNativeKeyboardTarget& target)
-                      { return down ? target.SendKeyDown(key) : target.SendKeyUp(key); });
+    const CWatch watch(life);
+    const bool handled = SendUpward(event, [&key, down](CNativeKeyboardTarget& target)
+                                    { return down ? target.SendKeyDown(key) : target.SendKeyUp(key); });
+    return handled || (watch.IsAlive() && down && IsTraversal(key) &&
+                       GoToStop(!key.IsModifierDown(EModifierKey::Shift)));
 }
 
 void CWindowFocus::Forget(const CWidget& widget, bool isAlive)
@@ -73,10 +98,34 @@ void CWindowFocus::Forget(const CWidget& widget, bool isAlive)
         return;
     }
     CWidget* const old = std::exchange(focus, nullptr);
-    if (isAlive)
+    if (isAlive && !away)
     {
         old->GetNativeKeyboardTarget().SendFocus(false);
     }
+}
+
+/// False if there is none.
+bool CWindowFocus::GoToStop(bool forward)
+{
+    const CWidget* const content = window.GetContent();
+    if (content == nullptr)
+    {
+        return false;
+    }
+    std::vector<CLightWidget*> stops = FindFocusStops(*content);
+    if (stops.empty())
+    {
+        return false;
+    }
+    if (!forward)
+    {
+        std::reverse(stops.begin(), stops.end());
+    }
+    const auto current =
+        std::find_if(stops.begin(), stops.end(), [](const CLightWidget* stop) { return stop->HasFocus(); });
+    const bool isLast = current == stops.end() || current + 1 == stops.end();
+    (isLast ? stops.front() : *(current + 1))->SetFocus();
+    return true;
 }
 
 /// Only the alternate key is told of.

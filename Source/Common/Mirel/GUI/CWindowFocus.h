@@ -9,8 +9,8 @@ namespace Mirel::GUI
 class CWidget;
 class CWindowBase;
 
-/// Which widget of a window gets the keys. It keeps the focus whether or not the window has that of the
-/// desktop. GUI thread only; handlers may destroy anything, the window included.
+/// Which widget of a window gets the keys. It stays the same while the window is without the focus of the
+/// desktop, but hears of that. GUI thread only; handlers may destroy anything, the window included.
 class CWindowFocus
 {
 public:
@@ -22,13 +22,19 @@ public:
     /// if a handler gave it to another.
     bool Set(CWidget* widget);
 
-    /// What the focus widget does not handle goes to those that it stands in. True if anyone handled it.
+    /// The window has the focus of the desktop from now on, or not any more.
+    void OnNativeFocus(bool gained);
+
+    /// What the focus widget does not handle goes to those that it stands in. The Tab key, if nobody wants
+    /// it, gives the focus to the next light widget (see FindFocusStops), with shift to the one before, round
+    /// the ends. True if anyone handled it.
     bool OnKey(const SNativeKeyEvent& event, bool down);
 
     /// As CWindowMouse::Forget.
     void Forget(const CWidget& widget, bool isAlive);
 
 private:
+    bool GoToStop(bool forward);
     bool OnModifier(const SNativeKeyEvent& event);
 
     template <class Send>
@@ -36,6 +42,7 @@ private:
 
     CWindowBase& window;
     CWidget* focus = nullptr;
+    bool away = false; ///< The focus widget was told that the window lost the focus of the desktop.
     std::uint32_t modifiers = 0;
     Core::CLifeToken life;
 };

@@ -19,6 +19,11 @@ bool CModifierState::IsModifierDown(EModifierKey key) const
     return false;
 }
 
+bool CModifierState::IsShortcut() const
+{
+    return (modifiers & (ModifierFlags::control | ModifierFlags::alternate | ModifierFlags::command)) != 0;
+}
+
 CTranslatedMouseEvent::CTranslatedMouseEvent(const COSXMouseEvent& event, CPoint origin)
     : COSXMouseEvent(event)
 {

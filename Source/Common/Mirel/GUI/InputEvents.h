@@ -25,6 +25,9 @@ struct CModifierState
     std::uint32_t modifiers = 0; ///< ModifierFlags
 
     bool IsModifierDown(EModifierKey key) const;
+
+    /// With the control, alternate or command key: a key means something to the host or the desktop then.
+    bool IsShortcut() const;
 };
 
 /// A mouse event as a widget gets it.

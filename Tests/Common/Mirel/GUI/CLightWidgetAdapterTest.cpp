@@ -471,6 +471,26 @@ TEST_F(CLightWidgetAdapterRouting, FocusStaysWhileTheHostIsWithoutIt)
     EXPECT_EQ(rig.TakeScript(), "a.gained ");
 }
 
+TEST_F(CLightWidgetAdapterRouting, PressTakesTheKeysBackFromAnotherWindow)
+{
+    a.TakeKeys();
+    b.TakeKeys();
+    a.SetFocus();
+    CWindow other(rig.platform, {});
+    other.Show(true);
+    EXPECT_FALSE(a.HasFocus());
+    a.SetFocus();
+    EXPECT_TRUE(a.HasFocus());
+    EXPECT_TRUE(rig.Native().HasFocus());
+
+    other.GetNativeWindow()->SetFocus();
+    rig.TakeScript();
+    b.SetFocus();
+    EXPECT_EQ(rig.TakeScript(), "b.gained ");
+    EXPECT_TRUE(rig.Native().HasFocus());
+    EXPECT_FALSE(a.HasFocus());
+}
+
 TEST_F(CLightWidgetAdapterRouting, WithoutAFocusWidgetNothingIsHandled)
 {
     a.TakeKeys();

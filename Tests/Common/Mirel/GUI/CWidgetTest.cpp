@@ -416,6 +416,46 @@ TEST_F(CWidgetTree, KeysGoUpToWhoeverHandlesThem)
     EXPECT_EQ(rig.TakeScript(), "a.accepts c.accepts c.keydown:q ");
 }
 
+TEST_F(CWidgetTree, FocusWidgetHearsWhenTheWindowHasNoKeys)
+{
+    a.SetKeyboardTarget(&aKeys, false);
+    b.SetKeyboardTarget(&bKeys, false);
+    a.SetFocus();
+    rig.TakeScript();
+    CWindow other(rig.platform, {});
+    other.Show(true);
+    EXPECT_EQ(rig.TakeScript(), "a.lost ");
+    EXPECT_TRUE(a.HasFocus());
+    rig.Native().SetFocus();
+    EXPECT_EQ(rig.TakeScript(), "a.gained ");
+
+    other.GetNativeWindow()->SetFocus();
+    rig.TakeScript();
+    b.SetFocus();
+    EXPECT_EQ(rig.TakeScript(), "b.gained ") << "once, and a has lost it before";
+    EXPECT_TRUE(rig.Native().HasFocus());
+
+    other.GetNativeWindow()->SetFocus();
+    rig.TakeScript();
+    rig.window->SetFocusWidget(nullptr);
+    EXPECT_EQ(rig.TakeScript(), "");
+    EXPECT_FALSE(rig.Native().HasFocus());
+    a.SetFocus();
+    EXPECT_EQ(rig.TakeScript(), "a.gained ");
+}
+
+TEST_F(CWidgetTree, PressOnTheFocusWidgetTakesTheKeysBack)
+{
+    a.SetKeyboardTarget(&aKeys, false);
+    a.SetFocus();
+    CWindow other(rig.platform, {});
+    other.Show(true);
+    rig.TakeScript();
+    a.SetFocus();
+    EXPECT_TRUE(rig.Native().HasFocus());
+    EXPECT_EQ(rig.TakeScript(), "a.gained ");
+}
+
 TEST_F(CWidgetTree, OnlyTheAlternateKeyIsAModifierEvent)
 {
     a.SetKeyboardTarget(&aKeys, false);

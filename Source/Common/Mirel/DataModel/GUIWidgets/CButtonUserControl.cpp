@@ -58,7 +58,7 @@ bool CButtonUserControl::OnRightUp(const GUI::COSXMouseEvent& /*event*/)
 
 bool CButtonUserControl::AcceptsKey(const GUI::COSXKeyEvent& event)
 {
-    return Pushes(event) || IsStepKey(event.key) || IsDefaultKey(event);
+    return Pushes(event) || (!event.IsShortcut() && (IsStepKey(event.key) || IsDefaultKey(event)));
 }
 
 bool CButtonUserControl::OnKeyDown(const GUI::COSXKeyEvent& event)

@@ -32,8 +32,9 @@ CParamKnobKeyboardControl::CParamKnobKeyboardControl(Controls::CParamControl& co
 bool CParamKnobKeyboardControl::AcceptsKey(const GUI::COSXKeyEvent& event)
 {
     int steps = 0;
-    return event.key == ENativeKey::Escape || Types(event, U'd', U'D') || Types(event, U'e', U'E') ||
-           GetSignedSteps(event, steps);
+    return event.key == ENativeKey::Escape ||
+           (!event.IsShortcut() &&
+            (Types(event, U'd', U'D') || Types(event, U'e', U'E') || GetSignedSteps(event, steps)));
 }
 
 bool CParamKnobKeyboardControl::OnKeyDown(const GUI::COSXKeyEvent& event)

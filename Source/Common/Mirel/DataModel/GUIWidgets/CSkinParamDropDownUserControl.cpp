@@ -145,6 +145,14 @@ bool CSkinParamDropDownUserControl::TakesPress(const GUI::COSXMouseEvent& event)
     return true;
 }
 
+bool CSkinParamDropDownUserControl::Pushes(const GUI::COSXKeyEvent& event) const
+{
+    using GUI::ENativeKey;
+    const bool isSpace = event.key == ENativeKey::Character && event.character == U' ';
+    return CPushUserControl::Pushes(event) || isSpace || event.key == ENativeKey::Up ||
+           event.key == ENativeKey::Down;
+}
+
 /// True if it did; the choice may already have been made then, and have destroyed this object.
 bool CSkinParamDropDownUserControl::OpenList()
 {

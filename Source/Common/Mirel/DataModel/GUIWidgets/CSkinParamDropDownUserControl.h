@@ -10,9 +10,9 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// Opens a list of a parameter's values below the widget, at the release of a press over it. The choice of
-/// one is a gesture. The wheel and the keys of a knob step without the list; the alternate key sets the
-/// default. The button stays down while the list is open. GUI thread.
+/// Opens a list of a parameter's values below the widget, at the release of a press over it, or of return,
+/// space, up or down. The choice of one is a gesture. The wheel and the other keys of a knob step without the
+/// list; the alternate key sets the default. The button stays down while the list is open. GUI thread.
 class CSkinParamDropDownUserControl : public CPushUserControl
 {
 public:
@@ -44,6 +44,7 @@ public:
 protected:
     void ReadModifiers(const GUI::CModifierState& event) override;
     bool TakesPress(const GUI::COSXMouseEvent& event) override;
+    bool Pushes(const GUI::COSXKeyEvent& event) const override;
 
 private:
     struct SList;

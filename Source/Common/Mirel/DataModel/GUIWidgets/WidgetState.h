@@ -17,7 +17,8 @@ enum EWidgetState
     StateSelected = 5, ///< a slider that is held; shown as pushed where the catalog has none
 };
 
-/// Which of them a widget shows.
+/// Which of them a widget shows. The focus is seen under the pointer, too: nothing else tells where the keys
+/// go.
 inline EWidgetState GetWidgetState(const GUI::CLightWidget& widget, bool pushed)
 {
     if (!widget.IsEnabled())
@@ -28,11 +29,11 @@ inline EWidgetState GetWidgetState(const GUI::CLightWidget& widget, bool pushed)
     {
         return StatePushed;
     }
-    if (widget.IsMouseOver())
+    if (widget.HasFocus())
     {
-        return StateHover;
+        return StateFocus;
     }
-    return widget.HasFocus() ? StateFocus : StateNormal;
+    return widget.IsMouseOver() ? StateHover : StateNormal;
 }
 
 /// Runs a command when what GetWidgetState looks at changes, but for the push. GUI thread.

@@ -73,6 +73,7 @@ CAlertDialog::CAlertDialog(INativePlatform& platform_, const CPopupLook& look_, 
         x -= spacing;
     }
     buttons.front()->SetDefault(true);
+    SetFirstFocus(*buttons.front());
 }
 
 CPushButton* CAlertDialog::GetButton(int index) const
@@ -86,7 +87,6 @@ void CAlertDialog::AddButton(const char* shown, EMessageAnswer answer)
 {
     buttons.push_back(
         std::make_unique<CPushButton>(&GetRoot(), GetLook(), shown, [this, answer] { Answer(answer); }));
-    AddStop(*buttons.back());
 }
 
 void CAlertDialog::OnGiveUp()

@@ -4,8 +4,6 @@
 #include "Mirel/GUI/Popups/PopupPlacing.h"
 #include "Mirel/Graphics/CColorDrawer.h"
 
-#include <algorithm>
-
 namespace Mirel::GUI
 {
 
@@ -101,6 +99,10 @@ CDrawnDialog::~CDrawnDialog()
     if (ownerWatch != nullptr && ownerWatch->IsAlive())
     {
         owner.window->SetInputBlocked(false);
+        if (hadKeys)
+        {
+            owner.window->TakeNativeFocus();
+        }
     }
 }
 
@@ -114,9 +116,9 @@ bool CDrawnDialog::Open()
     OnLayout(GetSize());
     Show(true);
     adapter->SetFocus();
-    if (!stops.empty())
+    if (firstFocus != nullptr)
     {
-        stops.front()->SetFocus();
+        firstFocus->SetFocus();
     }
     return true;
 }
@@ -126,46 +128,25 @@ void CDrawnDialog::Block()
     if (owner.window != nullptr && ownerWatch == nullptr)
     {
         ownerWatch = std::make_unique<Core::CLifeToken::CWatch>(owner.window->GetLifeToken());
+        hadKeys = owner.window->GetNativeWindow() != nullptr && owner.window->GetNativeWindow()->HasFocus();
         owner.window->SetInputBlocked(true);
     }
 }
 
 bool CDrawnDialog::OnUnusedKey(const COSXKeyEvent& event)
 {
-    switch (event.key)
+    if (event.key == ENativeKey::Escape)
     {
-    case ENativeKey::Escape:
         OnGiveUp();
         return true;
-    case ENativeKey::Tab:
-        GoToStop(!event.IsModifierDown(EModifierKey::Shift));
-        return true;
-    default:
-        return OnSpareKey(event);
     }
+    return OnSpareKey(event);
 }
 
 void CDrawnDialog::OnSizeChanged()
 {
     adapter->SetSize(GetSize());
     OnLayout(GetSize());
-}
-
-void CDrawnDialog::GoToStop(bool forward)
-{
-    const auto current =
-        std::find_if(stops.begin(), stops.end(), [](const CLightWidget* stop) { return stop->HasFocus(); });
-    const std::size_t count = stops.size();
-    std::size_t index = static_cast<std::size_t>(current - stops.begin());
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        index = forward ? (index + 1) % count : (std::min(index, count) + count - 1) % count;
-        if (stops[index]->IsVisible() && stops[index]->IsEnabled())
-        {
-            stops[index]->SetFocus();
-            return;
-        }
-    }
 }
 
 } // namespace Mirel::GUI

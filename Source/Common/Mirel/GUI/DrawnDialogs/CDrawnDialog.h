@@ -8,7 +8,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace Mirel::GUI
 {
@@ -21,8 +20,7 @@ struct SDialogOwner
     NativeWindowId id = 0;         ///< without a window
 };
 
-/// A window with light widgets that has to be answered before its owner gets input again. Tab goes round its
-/// stops. GUI thread only.
+/// A window with light widgets that has to be answered before its owner gets input again. GUI thread only.
 class CDrawnDialog : public CWindow
 {
 public:
@@ -32,7 +30,7 @@ public:
                  const SDialogOwner& owner_, bool isResizable = false,
                  std::optional<CPoint> place = std::nullopt);
 
-    /// The owner gets input again.
+    /// The owner gets input again, and the keys if it had them.
     ~CDrawnDialog() override;
 
     /// Shows it and blocks the owner. False if the platform refused the window.
@@ -51,9 +49,8 @@ protected:
     const CPopupLook& GetLook() const { return popupLook; }
     CLightWidget& GetRoot() const { return *root; }
 
-    /// In the order of the tab key. The first gets the keys at first. The widget must outlive the dialog's
-    /// showing.
-    void AddStop(CLightWidget& widget) { stops.push_back(&widget); }
+    /// The widget gets the keys when the dialog opens, until when it must live.
+    void SetFirstFocus(CLightWidget& widget) { firstFocus = &widget; }
 
 private:
     class CKeys;
@@ -63,15 +60,15 @@ private:
     void OnWindowLost() override { OnGiveUp(); }
     void OnSizeChanged();
     void Block();
-    void GoToStop(bool forward);
 
     CPopupLook popupLook;
     SDialogOwner owner;
     std::unique_ptr<Core::CLifeToken::CWatch> ownerWatch; ///< While it is blocked.
+    bool hadKeys = false;                                 ///< The owner, before.
     CWidget* content;
     CLightWidgetAdapter* adapter;
     CLightWidget* root;
-    std::vector<CLightWidget*> stops;
+    CLightWidget* firstFocus = nullptr;
     Core::TCommand<CDrawnDialog> onResized;
 };
 

@@ -67,13 +67,7 @@ void CDrawnFileDialog::MakeWidgets()
     acceptButton =
         std::make_unique<CPushButton>(parent, look, request.isSave ? "Save" : "Open", [this] { Accept(); });
     acceptButton->SetDefault(true);
-    for (CLightWidget* stop :
-         {static_cast<CLightWidget*>(name.get()), static_cast<CLightWidget*>(list.get()),
-          static_cast<CLightWidget*>(filterButton.get()), static_cast<CLightWidget*>(cancelButton.get()),
-          static_cast<CLightWidget*>(acceptButton.get()), static_cast<CLightWidget*>(upButton.get())})
-    {
-        AddStop(*stop);
-    }
+    SetFirstFocus(*name);
     if (!request.filters.empty())
     {
         filterButton->SetText(request.filters.front().name);

@@ -33,7 +33,7 @@ CTextDialog::CTextDialog(INativePlatform& platform_, const CPopupLook& look_, co
 {
     field->SetMaxLength(longestText);
     field->SetConfirmHandler([this] { Confirm(); });
-    AddStop(*field);
+    SetFirstFocus(*field);
     CTextDialog::OnLayout(GetSize());
     field->SetText(text);
     field->SelectAll();

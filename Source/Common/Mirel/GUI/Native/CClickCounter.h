@@ -20,13 +20,16 @@ public:
     /// The count of this press, at least 1. Times may wrap as a display's 32-bit milliseconds do.
     int CountPress(EMouseButton button, CPoint screenPosition, std::uint32_t timeMs);
 
-    /// Of the button's last press; 0 if there was none.
-    int GetCount(EMouseButton button) const { return counts[static_cast<std::size_t>(button)]; }
+    /// Of the button's last press; 0 if there was none. After a release far from that the next press begins
+    /// anew: what was between was a drag.
+    int CountRelease(EMouseButton button, CPoint screenPosition);
 
     /// The next press begins anew.
     void Reset() { lastButton = EMouseButton::None; }
 
 private:
+    bool IsNear(CPoint screenPosition) const;
+
     EMouseButton lastButton = EMouseButton::None;
     CPoint lastPosition;
     std::uint32_t lastTimeMs = 0;

@@ -91,6 +91,9 @@ public:
     virtual void SetFocus() = 0;
     virtual bool HasFocus() const = 0;
 
+    /// Gives the keys to the window that somebody embedded in this one; nothing if there is none.
+    virtual void FocusEmbedded() {}
+
     /// Sends all pointer events here until ReleaseMouse, wherever the pointer is. False if somebody else
     /// holds the pointer. A held button captures by itself until its release.
     virtual bool CaptureMouse() = 0;

@@ -49,7 +49,9 @@ public:
     virtual void OnButtonUp([[maybe_unused]] const SNativeMouseEvent& event) {}
     virtual void OnWheel([[maybe_unused]] const SNativeWheelEvent& event) {}
 
-    virtual void OnKeyDown([[maybe_unused]] const SNativeKeyEvent& event) {}
+    /// False if nobody had a use for the key: a child window then hands press and release on to the window
+    /// that it stands in, whose shortcuts so work while it has the focus.
+    virtual bool OnKeyDown([[maybe_unused]] const SNativeKeyEvent& event) { return false; }
     virtual void OnKeyUp([[maybe_unused]] const SNativeKeyEvent& event) {}
 
     /// The pointer is no longer captured although ReleaseMouse was not called: another program took it, or

@@ -194,7 +194,8 @@ void CDrawnMenus::OnMenuKey(const SNativeKeyEvent& event)
     }
     const int level = GetPanelCount() - 1;
     const int selected = GetTop().GetSelected();
-    switch (event.key)
+    const ENativeKey key = event.character == U' ' ? ENativeKey::Return : event.key;
+    switch (key)
     {
     case ENativeKey::Escape:
         if (level == 0)
@@ -221,7 +222,7 @@ void CDrawnMenus::OnMenuKey(const SNativeKeyEvent& event)
                 GetTop().Select(GetTop().GetLayout().FindNext(CMenuLayout::none, 1));
             }
         }
-        else if (event.key == ENativeKey::Return)
+        else if (key == ENativeKey::Return)
         {
             Choose(level, selected);
         }

@@ -12,8 +12,8 @@ namespace Mirel::GUI
 {
 
 /// Menus in popup windows that the toolkit draws. An item is chosen by a click, by dragging to it with the
-/// button that opened the menu, or by the keys: arrows, return, escape, first letters. GUI thread only; a
-/// command may destroy the object.
+/// button that opened the menu, or by the keys: arrows, return or space, escape, first letters. GUI thread
+/// only; a command may destroy the object.
 class CDrawnMenus : public IMenuPresenter, private IMenuPanelListener
 {
 public:

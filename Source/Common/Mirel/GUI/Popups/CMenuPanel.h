@@ -61,7 +61,11 @@ private:
     void OnButtonDown(const SNativeMouseEvent& event) override;
     void OnButtonUp(const SNativeMouseEvent& event) override;
     void OnWheel(const SNativeWheelEvent& event) override;
-    void OnKeyDown(const SNativeKeyEvent& event) override { listener.OnMenuKey(event); }
+    bool OnKeyDown(const SNativeKeyEvent& event) override
+    {
+        listener.OnMenuKey(event);
+        return true;
+    }
     void OnCloseRequested() override { listener.OnMenuDismissed(); }
     void OnClosed() override { listener.OnMenuDismissed(); }
     void OnScaleChanged(int /*scale*/) override { listener.OnMenuDismissed(); }

@@ -215,6 +215,24 @@ TEST(CGUIImageParamButton, AcceptsReturnArrowsPagesAndD)
     EXPECT_FALSE(user.OnKeyDown(event));
 }
 
+TEST(CGUIImageParamButton, LeavesShortcutsToTheHost)
+{
+    CButton rig(Tests::TwoState(0, 0.0F, 1.0F));
+    CButtonUserControl& user = rig.widget->GetUserControl();
+    for (const std::uint32_t modifier :
+         {GUI::ModifierFlags::control, GUI::ModifierFlags::alternate, GUI::ModifierFlags::command})
+    {
+        GUI::COSXKeyEvent event;
+        event.modifiers = modifier;
+        event.character = U'd';
+        EXPECT_FALSE(user.AcceptsKey(event));
+        event.key = ENativeKey::Left;
+        EXPECT_FALSE(user.AcceptsKey(event));
+        event.key = ENativeKey::Return;
+        EXPECT_TRUE(user.AcceptsKey(event)) << "the release of a press may come with any modifier";
+    }
+}
+
 TEST(CGUIImageParamButton, KeysPushStepAndSetTheDefault)
 {
     CButton rig(Tests::Integer(0.0F, 5.0F, 3.0F));
@@ -339,7 +357,7 @@ TEST(CGUIImageParamButton, ShowsItsStateAndTheStopOfTheParameter)
     rig.Press();
     EXPECT_EQ(rig.Seen(), color(4, 0));
     rig.Release();
-    EXPECT_EQ(rig.Seen(), color(2, 1));
+    EXPECT_EQ(rig.Seen(), color(3, 1)); // the click gave it the focus
     rig.MoveAway();
     EXPECT_EQ(rig.Seen(), color(3, 1)); // the click gave it the focus
     rig.widget->Enable(false);
@@ -373,7 +391,7 @@ TEST(CGUIImageParamToggleSwitch, HoldsTheParameterAtItsTopWhilePressed)
     EXPECT_EQ(rig.Seen(), Tests::ColorOf(4, 1).Pack());
     rig.Release();
     EXPECT_EQ(rig.Take(), "0.00 ]");
-    EXPECT_EQ(rig.Seen(), Tests::ColorOf(2, 0).Pack());
+    EXPECT_EQ(rig.Seen(), Tests::ColorOf(3, 0).Pack()); // the press gave it the focus
 }
 
 TEST(CGUIImageParamToggleSwitch, LeavingReleasesItAndComingBackPressesItAgain)

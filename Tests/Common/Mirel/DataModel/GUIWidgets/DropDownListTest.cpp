@@ -179,15 +179,43 @@ TEST(CGUIImageParamDropDownList, WheelAndKeysStep)
     rig.platform.TurnWheel(-1.0);
     EXPECT_EQ(rig.noted.Take(), "[0.00 ]");
     rig.widget->SetFocus();
-    rig.Type(ENativeKey::Up);
+    rig.Type(ENativeKey::Right);
     EXPECT_EQ(rig.noted.Take(), "[1.00 ]");
     rig.Type(ENativeKey::Left);
     EXPECT_EQ(rig.noted.Take(), "[0.00 ]");
     rig.Type(ENativeKey::Character, U'd');
     EXPECT_EQ(rig.noted.Take(), "[2.00 ]");
     EXPECT_EQ(rig.menus.opened, 0);
-    rig.Type(ENativeKey::Return);
-    EXPECT_EQ(rig.menus.opened, 1);
+}
+
+TEST(CGUIImageParamDropDownList, KeysOpenItAtTheReleaseWithThePresentValueSelected)
+{
+    CList rig;
+    rig.widget->SetFocus();
+    rig.noted.param.SetValue(1.0F);
+    rig.noted.Take();
+    int opened = 0;
+    for (const auto& [key, character] :
+         {std::pair(ENativeKey::Return, U'\0'), std::pair(ENativeKey::Character, U' '),
+          std::pair(ENativeKey::Down, U'\0'), std::pair(ENativeKey::Up, U'\0')})
+    {
+        rig.Down(key, character);
+        EXPECT_EQ(rig.menus.opened, opened);
+        EXPECT_TRUE(rig.IsPushed());
+        rig.Up(key, character);
+        ASSERT_EQ(rig.menus.opened, ++opened);
+        EXPECT_EQ(rig.menus.menu->GetCurrent(), 1);
+        rig.menus.Close();
+        EXPECT_FALSE(rig.IsPushed());
+        EXPECT_EQ(rig.noted.Take(), "");
+    }
+}
+
+TEST(CGUIImageParamDropDownList, IsSeenToHaveTheFocus)
+{
+    CList rig;
+    rig.widget->SetFocus();
+    EXPECT_EQ(rig.Seen(15, 15), Tests::ColorOf(StateFocus).Pack());
 }
 
 TEST(CGUIImageParamDropDownList, AlternateClickSetsTheDefaultAndRightClickIsTold)

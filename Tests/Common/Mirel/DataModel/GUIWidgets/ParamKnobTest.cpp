@@ -420,6 +420,27 @@ TEST(CParamKnobKeyboardControl, OtherKeysAreNotTaken)
     EXPECT_EQ(knob.param.GetValue(), 0.5F);
 }
 
+TEST(CParamKnobKeyboardControl, LeavesShortcutsToTheHost)
+{
+    CKnob knob;
+    for (const std::uint32_t modifier :
+         {GUI::ModifierFlags::control, GUI::ModifierFlags::alternate, GUI::ModifierFlags::command})
+    {
+        COSXKeyEvent event;
+        event.modifiers = modifier;
+        for (const char32_t character : {U'd', U'E', U'+', U'-'})
+        {
+            event.character = character;
+            EXPECT_FALSE(knob.keys.AcceptsKey(event));
+        }
+        event.character = 0;
+        event.key = ENativeKey::Up;
+        EXPECT_FALSE(knob.keys.AcceptsKey(event));
+        event.key = ENativeKey::Escape;
+        EXPECT_TRUE(knob.keys.AcceptsKey(event));
+    }
+}
+
 TEST(CParamKnobGraphics, HalfOf128FramesIsFrame64)
 {
     EXPECT_EQ(CParamKnobGraphics::GetFrameOf(0.5F, 128), 64);

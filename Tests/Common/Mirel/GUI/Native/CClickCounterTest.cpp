@@ -51,9 +51,19 @@ TEST(CClickCounter, ReleaseHasTheCountOfItsPressWhateverCameBetween)
     counter.CountPress(EMouseButton::Left, {10, 10}, 1000);
     counter.CountPress(EMouseButton::Left, {10, 10}, 1001);
     counter.CountPress(EMouseButton::Right, {10, 10}, 1002);
-    EXPECT_EQ(counter.GetCount(EMouseButton::Left), 2);
-    EXPECT_EQ(counter.GetCount(EMouseButton::Right), 1);
-    EXPECT_EQ(counter.GetCount(EMouseButton::Middle), 0);
+    EXPECT_EQ(counter.CountRelease(EMouseButton::Left, {10, 10}), 2);
+    EXPECT_EQ(counter.CountRelease(EMouseButton::Right, {10, 10}), 1);
+    EXPECT_EQ(counter.CountRelease(EMouseButton::Middle, {10, 10}), 0);
+}
+
+TEST(CClickCounter, PressAfterADragBeginsAnew)
+{
+    CClickCounter counter;
+    counter.CountPress(EMouseButton::Left, {10, 10}, 1000);
+    EXPECT_EQ(counter.CountRelease(EMouseButton::Left, {10, 10 + far + 1}), 1);
+    EXPECT_EQ(counter.CountPress(EMouseButton::Left, {10, 10}, 1001), 1);
+    EXPECT_EQ(counter.CountRelease(EMouseButton::Left, {10 - far, 10}), 1);
+    EXPECT_EQ(counter.CountPress(EMouseButton::Left, {10, 10}, 1002), 2);
 }
 
 TEST(CClickCounter, TimeThatWrapsStaysQuick)

@@ -40,6 +40,7 @@ public:
     std::vector<Mirel::GUI::SNativeWheelEvent> wheels;
     std::vector<Mirel::GUI::SNativeKeyEvent> keys;
     std::vector<int> scales;
+    bool wantsKeys = true;
 
     /// Runs in every call, with its name.
     std::function<void(const std::string&)> onCall;
@@ -129,10 +130,11 @@ public:
         wheels.push_back(event);
         Note("wheel");
     }
-    void OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event) override
+    bool OnKeyDown(const Mirel::GUI::SNativeKeyEvent& event) override
     {
         keys.push_back(event);
         Note("key down");
+        return wantsKeys;
     }
     void OnKeyUp(const Mirel::GUI::SNativeKeyEvent& event) override
     {

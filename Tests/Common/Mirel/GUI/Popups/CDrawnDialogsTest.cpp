@@ -94,6 +94,21 @@ TEST_F(CDrawnDialogsTest, KeysAnswer)
     EXPECT_EQ(answer, EMessageAnswer::Cancel);
 }
 
+TEST_F(CDrawnDialogsTest, KeysComeBackToTheOwnerThatHadThem)
+{
+    rig.window->GetNativeWindow()->SetFocus();
+    Ask(EMessageButtons::Ok);
+    EXPECT_FALSE(rig.window->GetNativeWindow()->HasFocus());
+    rig.PressKey(ENativeKey::Return);
+    EXPECT_TRUE(rig.window->GetNativeWindow()->HasFocus());
+
+    CWindow other(rig.platform, {});
+    other.Show(true);
+    Ask(EMessageButtons::Ok);
+    rig.PressKey(ENativeKey::Return);
+    EXPECT_FALSE(rig.window->GetNativeWindow()->HasFocus());
+}
+
 TEST_F(CDrawnDialogsTest, GivingUpAnswersAsTheButtonsAllow)
 {
     for (const auto& [buttons, expected] : {std::pair(EMessageButtons::Ok, EMessageAnswer::Yes),

@@ -175,6 +175,14 @@ TEST_F(CDrawnMenusTest, KeysStepOverWhatCannotBeChosenAndRoundTheEnds)
     EXPECT_EQ(TakeScript(), "Quit closed ");
 }
 
+TEST_F(CDrawnMenusTest, SpaceChooses)
+{
+    menu.SetCurrent(skin);
+    ASSERT_TRUE(Open());
+    rig.Type(" ");
+    EXPECT_EQ(TakeScript(), "Skin closed ");
+}
+
 TEST_F(CDrawnMenusTest, FirstLetterSelects)
 {
     ASSERT_TRUE(Open());
@@ -287,7 +295,7 @@ TEST_F(CDrawnMenusTest, OpensAtTheCurrentItem)
     EXPECT_EQ(Selected(0), quit);
     rig.PressKey(ENativeKey::Return);
     EXPECT_EQ(TakeScript(), "Quit closed ");
-    for (const int none : {-1, redo, separator, quit + 1})
+    for (const int none : {-2, -1, redo, separator, quit + 1})
     {
         menu.SetCurrent(none);
         ASSERT_TRUE(Open());

@@ -98,12 +98,12 @@ void COffscreenPlatform::PressButton(EMouseButton button)
         grabbed = target;
     }
     buttons |= ButtonFlag(button);
-    clicks.CountPress(button, pointer, static_cast<std::uint32_t>(timeMs));
+    const int count = clicks.CountPress(button, pointer, static_cast<std::uint32_t>(timeMs));
     if (target != nullptr)
     {
         SNativeMouseEvent event = MakeEvent(*target);
         event.button = button;
-        event.clickCount = clicks.GetCount(button);
+        event.clickCount = count;
         target->GetSink().OnButtonDown(event);
     }
 }
@@ -120,12 +120,13 @@ void COffscreenPlatform::ReleaseButton(EMouseButton button)
     {
         grabbed = nullptr;
     }
+    const int count = clicks.CountRelease(button, pointer);
     const Core::CLifeToken::CWatch watch(life);
     if (target != nullptr)
     {
         SNativeMouseEvent event = MakeEvent(*target);
         event.button = button;
-        event.clickCount = clicks.GetCount(button);
+        event.clickCount = count;
         target->GetSink().OnButtonUp(event);
     }
     if (watch.IsAlive())
@@ -415,9 +416,13 @@ void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)
     event.timeMs = timeMs;
     COffscreenWindow* const menu = FindTopMenu();
     COffscreenWindow* const target = menu != nullptr ? menu : focus;
-    if (target != nullptr)
+    if (target != nullptr && down)
     {
-        down ? target->GetSink().OnKeyDown(event) : target->GetSink().OnKeyUp(event);
+        target->GetSink().OnKeyDown(event);
+    }
+    else if (target != nullptr)
+    {
+        target->GetSink().OnKeyUp(event);
     }
 }
 

@@ -81,8 +81,8 @@ bool CX11Window::Create(const SNativeWindowOptions& options)
     const bool isChild = kind == ENativeWindowKind::Child;
     const bool isPopup = kind == ENativeWindowKind::Menu || kind == ENativeWindowKind::Tooltip;
     const bool hasInput = kind != ENativeWindowKind::Tooltip;
-    const xcb_window_t parent =
-        isChild ? static_cast<xcb_window_t>(options.foreignParent) : connection.GetRoot();
+    parent = isChild ? static_cast<xcb_window_t>(options.foreignParent) : XCB_NONE;
+    const xcb_window_t around = isChild ? parent : connection.GetRoot();
     id = xcb_generate_id(connection.Get());
     // Depth, visual, border and colours of its own: a parent may have those that do not go with ours.
     const std::array<std::uint32_t, 6> values = {
@@ -93,7 +93,7 @@ bool CX11Window::Create(const SNativeWindowOptions& options)
         hasInput ? eventsOfAll | eventsOfInput : eventsOfAll,
         connection.GetColormap()};
     const auto cookie = xcb_create_window_checked(
-        connection.Get(), connection.GetDepth(), id, parent, static_cast<std::int16_t>(position.x),
+        connection.Get(), connection.GetDepth(), id, around, static_cast<std::int16_t>(position.x),
         static_cast<std::int16_t>(position.y), static_cast<std::uint16_t>(size.width),
         static_cast<std::uint16_t>(size.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, connection.GetVisual(),
         XCB_CW_BORDER_PIXEL | XCB_CW_BIT_GRAVITY | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_SAVE_UNDER |

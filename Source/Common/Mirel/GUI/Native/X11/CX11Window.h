@@ -5,6 +5,7 @@
 #include "Mirel/GUI/Native/INativeWindowSink.h"
 #include "Mirel/GUI/Native/X11/CX11Presenter.h"
 
+#include <bitset>
 #include <memory>
 #include <string>
 #include <xcb/xcb.h>
@@ -43,6 +44,7 @@ public:
     bool CanBeTransparent() const override;
     void SetFocus() override;
     bool HasFocus() const override { return focused; }
+    void FocusEmbedded() override;
     bool CaptureMouse() override;
     void ReleaseMouse() override;
     void SetCursor(ECursorShape shape) override;
@@ -87,6 +89,7 @@ private:
     void OnEmbedding(const xcb_client_message_event_t& event);
     void ChangeFocus(bool focused_);
     void OnKey(const xcb_key_press_event_t& event, bool isDown);
+    void HandOn(xcb_key_press_event_t event);
     void OnCrossing(const xcb_enter_notify_event_t& event, bool isIn);
     void OnMotion(const xcb_motion_notify_event_t& event);
     void OnButton(const xcb_button_press_event_t& event, bool isDown);
@@ -97,7 +100,9 @@ private:
     INativeWindowSink& sink;
     ENativeWindowKind kind;
     xcb_window_t id = XCB_NONE;
+    xcb_window_t parent = XCB_NONE;   ///< Of a child.
     xcb_window_t embedder = XCB_NONE; ///< Who embeds this window by messages.
+    std::bitset<256> handedOn;        ///< By key code: the press went on to the parent.
     std::unique_ptr<CX11Presenter> presenter;
     CPoint position;
     CSize size;

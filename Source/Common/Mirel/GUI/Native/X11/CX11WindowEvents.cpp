@@ -250,12 +250,53 @@ void CX11Window::OnEmbedding(const xcb_client_message_event_t& event)
 void CX11Window::OnKey(const xcb_key_press_event_t& event, bool isDown)
 {
     platform.SetTime(event.time);
+    const Core::CLifeToken::CWatch watch(life);
+    bool isSpare = false;
     if (isDown)
     {
-        sink.OnKeyDown(platform.GetKeyboard().Press(event));
+        isSpare = !sink.OnKeyDown(platform.GetKeyboard().Press(event));
+    }
+    else
+    {
+        sink.OnKeyUp(platform.GetKeyboard().Release(event));
+    }
+    if (!watch.IsAlive())
+    {
         return;
     }
-    sink.OnKeyUp(platform.GetKeyboard().Release(event));
+    if (isDown)
+    {
+        // What another program sent here was its own before.
+        const bool isSent = (event.response_type & syntheticBit) != 0;
+        handedOn.set(event.detail, isSpare && !isSent && parent != XCB_NONE);
+    }
+    if (handedOn.test(event.detail))
+    {
+        HandOn(event);
+    }
+    if (!isDown)
+    {
+        handedOn.reset(event.detail);
+    }
+}
+
+/// As the server does with a key that a window did not ask for: to the parent, or whatever around that wants
+/// keys.
+void CX11Window::HandOn(xcb_key_press_event_t event)
+{
+    if (id == XCB_NONE)
+    {
+        return;
+    }
+    const CX11Scope scope(connection);
+    const bool isDown = (event.response_type & ~syntheticBit) == XCB_KEY_PRESS;
+    event.event = parent;
+    event.child = id;
+    event.event_x = static_cast<std::int16_t>(event.event_x + position.x);
+    event.event_y = static_cast<std::int16_t>(event.event_y + position.y);
+    xcb_send_event(connection.Get(), 1, parent,
+                   isDown ? XCB_EVENT_MASK_KEY_PRESS : XCB_EVENT_MASK_KEY_RELEASE,
+                   reinterpret_cast<const char*>(&event)); // NOLINT: the protocol's bytes
 }
 
 void CX11Window::OnCrossing(const xcb_enter_notify_event_t& event, bool isIn)
@@ -322,7 +363,7 @@ void CX11Window::OnButton(const xcb_button_press_event_t& event, bool isDown)
         return;
     }
     made.buttons &= ~ButtonFlag(made.button);
-    made.clickCount = platform.GetClicks().GetCount(made.button);
+    made.clickCount = platform.GetClicks().CountRelease(made.button, made.screenPosition);
     sink.OnButtonUp(made);
 }
 

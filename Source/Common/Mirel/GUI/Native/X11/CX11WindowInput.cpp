@@ -1,5 +1,6 @@
 #include "Mirel/GUI/Native/X11/CX11Platform.h"
 #include "Mirel/GUI/Native/X11/CX11Window.h"
+#include "Mirel/GUI/Native/X11/X11Memory.h"
 #include "Mirel/GUI/Native/X11/X11Properties.h"
 
 namespace Mirel::GUI
@@ -34,6 +35,23 @@ void CX11Window::SetFocus()
         SendToRoot(connection, id, message);
     }
     xcb_set_input_focus(connection.Get(), XCB_INPUT_FOCUS_PARENT, id, XCB_CURRENT_TIME);
+}
+
+void CX11Window::FocusEmbedded()
+{
+    if (id == XCB_NONE)
+    {
+        return;
+    }
+    const CX11Scope scope(connection);
+    const TX11Pointer<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection.Get(), xcb_query_tree(connection.Get(), id), nullptr));
+    const int count = tree == nullptr ? 0 : xcb_query_tree_children_length(tree.get());
+    if (count > 0)
+    {
+        const xcb_window_t inner = xcb_query_tree_children(tree.get())[count - 1];
+        xcb_set_input_focus(connection.Get(), XCB_INPUT_FOCUS_PARENT, inner, XCB_CURRENT_TIME);
+    }
 }
 
 bool CX11Window::CaptureMouse()

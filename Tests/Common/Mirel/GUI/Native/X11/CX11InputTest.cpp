@@ -15,6 +15,7 @@ namespace ModifierFlags = Mirel::GUI::ModifierFlags;
 namespace
 {
 
+constexpr int aCode = 38;
 constexpr int shiftCode = 50;
 constexpr int controlCode = 37;
 constexpr int alternateCode = 64;
@@ -274,6 +275,98 @@ TEST_F(CX11InputTest, EmbeddedWindowTakesTheFocusWhenAsked)
     ASSERT_TRUE(PumpUntil(childSink, "focus in"));
     ASSERT_TRUE(PumpUntil(sink, "focus out"));
     EXPECT_FALSE(window->HasFocus());
+}
+
+TEST_F(CX11InputTest, EmbeddedWindowHandsOnTheKeysThatItHasNoUseFor)
+{
+    CRecordingSink childSink;
+    const auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}),
+                            childSink, 0x334455);
+    child->SetFocus();
+    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    sink.Clear();
+    childSink.Clear();
+
+    probe->Type(aCode);
+    Settle();
+    EXPECT_THAT(childSink.log, ElementsAre("key down", "key up"));
+    EXPECT_THAT(sink.log, ElementsAre());
+
+    childSink.wantsKeys = false;
+    probe->Type(aCode);
+    Settle();
+    EXPECT_THAT(sink.log, ElementsAre("key down", "key up"));
+    ASSERT_EQ(sink.keys.size(), 2U);
+    EXPECT_EQ(sink.keys[0].text, "a");
+    EXPECT_EQ(sink.keys[0].keyCode, static_cast<std::uint32_t>(aCode));
+}
+
+TEST_F(CX11InputTest, EmbeddedWindowKeepsTheReleaseOfAKeyThatItTook)
+{
+    CRecordingSink childSink;
+    const auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}),
+                            childSink, 0x334455);
+    child->SetFocus();
+    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    sink.Clear();
+    probe->KeyDown(aCode);
+    Settle();
+    childSink.wantsKeys = false;
+    probe->KeyUp(aCode);
+    Settle();
+    EXPECT_THAT(sink.log, ElementsAre());
+}
+
+TEST_F(CX11InputTest, EmbeddedWindowGivesNothingBackToTheProgramThatSentIt)
+{
+    const xcb_window_t host = probe->ShowWindow(400, 400, 200, 200);
+    const std::uint32_t mask = XCB_EVENT_MASK_KEY_PRESS;
+    xcb_change_window_attributes(probe->Get(), host, XCB_CW_EVENT_MASK, &mask);
+    CRecordingSink childSink;
+    childSink.wantsKeys = false;
+    const auto child = Open(ChildOptions(host, {0, 0, 100, 100}), childSink, 0x334455);
+    const auto countPresses = [this]
+    {
+        int presses = 0;
+        while (xcb_generic_event_t* event = xcb_poll_for_event(probe->Get()))
+        {
+            presses += (event->response_type & 0x7F) == XCB_KEY_PRESS ? 1 : 0;
+            std::free(event); // NOLINT: allocated by the library
+        }
+        return presses;
+    };
+    xcb_key_press_event_t press{};
+    press.response_type = XCB_KEY_PRESS;
+    press.detail = aCode;
+    press.root = probe->GetRoot();
+    press.event = static_cast<xcb_window_t>(child->GetId());
+    press.same_screen = 1;
+    xcb_send_event(probe->Get(), 0, press.event, 0, reinterpret_cast<const char*>(&press)); // NOLINT
+    probe->Sync();
+    ASSERT_TRUE(PumpUntil(childSink, "key down"));
+    Settle();
+    EXPECT_EQ(countPresses(), 0);
+
+    child->SetFocus();
+    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    probe->Type(aCode);
+    Settle();
+    probe->Sync();
+    EXPECT_EQ(countPresses(), 1);
+}
+
+TEST_F(CX11InputTest, WindowGivesItsKeysToTheOneEmbeddedInIt)
+{
+    window->FocusEmbedded();
+    Settle();
+    EXPECT_TRUE(window->HasFocus()) << "nothing is embedded";
+    CRecordingSink childSink;
+    const auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}),
+                            childSink, 0x334455);
+    EXPECT_FALSE(child->HasFocus());
+    window->FocusEmbedded();
+    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    EXPECT_TRUE(child->HasFocus());
 }
 
 TEST_F(CX11InputTest, EmbedderTellsTheFocusByMessages)
