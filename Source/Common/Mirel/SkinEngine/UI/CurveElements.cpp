@@ -29,10 +29,10 @@ constexpr SExposedProperty styleProperty = {nullptr, 0.0F, 1.0F, ValueKindIntege
 bool ExposeExtraPixels(CUIElement& element, const CExtraPixels& pixels)
 {
     Core::IEventProvider* const changed = &pixels.GetChangedEventProvider();
-    const bool exposed = element.Expose(
+    const bool exposed = element.GetProperties().Expose(
         ".x_extra_pixels", pixelsProperty, [&pixels] { return static_cast<float>(pixels.GetX()); }, nullptr,
         changed);
-    return element.Expose(
+    return element.GetProperties().Expose(
                ".y_extra_pixels", pixelsProperty, [&pixels] { return static_cast<float>(pixels.GetY()); },
                nullptr, changed) &&
            exposed;
@@ -41,7 +41,7 @@ bool ExposeExtraPixels(CUIElement& element, const CExtraPixels& pixels)
 template <class Graph>
 bool ExposeAntiAlias(CUIElement& element, Graph& graph)
 {
-    return element.ExposeSwitch(
+    return element.GetProperties().ExposeSwitch(
         ".anti_alias", antiAliasProperty, [&graph] { return graph.GetAntiAlias(); },
         [&graph](bool on) { graph.SetAntiAlias(on); }, nullptr);
 }
@@ -142,11 +142,11 @@ bool ExposeCurvesGraph(CUIElement& element, CXYCurvesGraphics& graph)
     bool exposed = ExposeExtraPixels(element, graph.GetExtraPixels());
     exposed = ExposeAntiAlias(element, graph) && exposed;
     exposed =
-        element.Expose(
+        element.GetProperties().Expose(
             ".graph_style", styleProperty, [&graph] { return static_cast<float>(graph.GetGraphStyle()); },
             [&graph](float value) { graph.SetGraphStyle(value >= 0.5F ? 1 : 0); }, nullptr) &&
         exposed;
-    return element.Expose(
+    return element.GetProperties().Expose(
                ".positions_count", pixelsProperty, [&graph] { return graph.GetPositionsCount(); },
                [&graph](float value) { graph.SetPositionsCount(value); }, nullptr) &&
            exposed;
