@@ -241,13 +241,10 @@ SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
     SetShowWarnings(attributes.showWarnings);
     SetRefreshPriority(attributes.refreshPriority);
     SetBackgroundColor(attributes.backgroundColor.value_or(Graphics::CColor()));
-    const Core::CSize imageSize =
-        attributes.background != nullptr && attributes.backgroundIsImage && !attributes.backgroundRepeats
-            ? attributes.background->GetSize()
-            : Core::CSize();
-    // A colour alone needs no graphics: the widget fills itself with it.
-    SetBackgroundGraphics(attributes.backgroundIsImage ? std::move(attributes.background) : nullptr);
-
+    const Core::CSize imageSize = attributes.background != nullptr && !attributes.backgroundRepeats
+                                      ? attributes.background->GetSize()
+                                      : Core::CSize();
+    SetBackgroundGraphics(std::move(attributes.background));
     return load->root.Open(attributes, imageSize);
 }
 

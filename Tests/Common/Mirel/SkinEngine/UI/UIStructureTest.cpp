@@ -136,7 +136,6 @@ TEST(UIStructure, TheRootIsGivenWhatItsElementSays)
     EXPECT_EQ(rig.root.refreshPriority, 2);
     ASSERT_NE(rig.root.background, nullptr);
     EXPECT_EQ(rig.root.background->GetSize().width, 30);
-    EXPECT_TRUE(rig.root.backgroundIsImage);
     EXPECT_TRUE(rig.root.backgroundRepeats);
     EXPECT_EQ(rig.root.backgroundColor, (Graphics::CColor{1, 2, 3}));
     EXPECT_EQ(rig.root.width, 123);
@@ -151,8 +150,8 @@ TEST(UIStructure, TheRootIsGivenWhatItsElementSays)
     EXPECT_EQ(rig.root.background, nullptr);
     EXPECT_TRUE(rig.BuildFile("<SKIN refresh_priority='normal' background_color='red'/>"));
     EXPECT_EQ(rig.root.refreshPriority, 1);
-    EXPECT_FALSE(rig.root.backgroundIsImage);
-    EXPECT_NE(rig.root.background, nullptr);
+    EXPECT_EQ(rig.root.backgroundColor, (Graphics::CColor{255, 0, 0}));
+    EXPECT_EQ(rig.root.background, nullptr);
 }
 
 TEST(UIStructure, PassesAreReported)
