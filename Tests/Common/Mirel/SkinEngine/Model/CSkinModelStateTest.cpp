@@ -1,29 +1,19 @@
 #include "Mirel/SkinEngine/Model/CSkinModelState.h"
 
-#include "Mirel/Core/TLookupTable.h"
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/Math/CConstantBinaryFunction.h"
 #include "Mirel/Math/CConstantFunction.h"
 #include "Mirel/Math/CFunctionProxy.h"
-#include "Mirel/Math/FunctionsLibrary.h"
-#include "Mirel/Math/TBinaryFunction.h"
-#include "Mirel/Math/TFunction.h"
-#include "Mirel/Math/TLUTFunction.h"
 #include "Mirel/Serialization/CMemDataObject.h"
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/Serialization/IndexedKey.h"
 #include "Mirel/Serialization/Limits.h"
 #include "Mirel/Serialization/ReadText.h"
 #include "StateRig.h"
-#include "Support/AllocationCounter.h"
-#include "Support/EventCounter.h"
-#include "rapidcheck/gtest.h"
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <chrono>
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
