@@ -38,16 +38,14 @@ bool ExposeExtraPixels(CUIElement& element, const CExtraPixels& pixels)
            exposed;
 }
 
-template <class Graph>
-bool ExposeAntiAlias(CUIElement& element, Graph& graph)
+bool ExposeAntiAlias(CUIElement& element, CBaseCurveGraphics& graph)
 {
     return element.GetProperties().ExposeSwitch(
         ".anti_alias", antiAliasProperty, [&graph] { return graph.GetAntiAlias(); },
         [&graph](bool on) { graph.SetAntiAlias(on); }, nullptr);
 }
 
-template <class Graph>
-void ReadGraph(CUIElement& element, Graph& graph)
+void ReadGraph(CUIElement& element, CBaseCurveGraphics& graph)
 {
     const CNamedAttributes& attributes = element.GetAttributes();
     graph.SetColor(element.ReadColor("color", element.GetTextColor()));
@@ -89,14 +87,9 @@ bool ReadRuler(CUIElement& element, CGUIRuler& widget, bool vertical, const std:
     ruler.SetFont(element.GetFont());
     ruler.SetHAlign(ReadTextHAlign(attributes));
     ruler.SetVAlign(ReadTextVAlign(attributes));
-    int margin = 0;
-    ReadNumber(attributes, "margin", margin);
-    int hMargin = margin;
-    int vMargin = margin;
-    ReadNumber(attributes, "h_margin", hMargin);
-    ReadNumber(attributes, "v_margin", vMargin);
-    ruler.SetHMargin(hMargin);
-    ruler.SetVMargin(vMargin);
+    const SAxisPair margins = ReadAxisPair(attributes, "margin");
+    ruler.SetHMargin(margins.horizontal);
+    ruler.SetVMargin(margins.vertical);
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {prefix}, widget.GetViewer());
     return element.Place(widget, CUIElement::EInput::None) && exposed;
