@@ -240,14 +240,9 @@ void CUIElement::ReadCursor(GUI::CLightWidget& widget) const
 /// The size and the margins of what holds cells.
 void CUIElement::ReadGroup(CBaseGroupLayoutCell& cell) const
 {
-    int margin = 0;
-    ReadNumber(attributes, "margin", margin);
-    int hMargin = margin;
-    int vMargin = margin;
-    ReadNumber(attributes, "h_margin", hMargin);
-    ReadNumber(attributes, "v_margin", vMargin);
-    cell.SetHMargin(hMargin);
-    cell.SetVMargin(vMargin);
+    const SAxisPair margins = ReadAxisPair(attributes, "margin");
+    cell.SetHMargin(margins.horizontal);
+    cell.SetVMargin(margins.vertical);
     const auto width = ReadPixels(attributes, "width");
     const auto height = ReadPixels(attributes, "height");
     cell.SetAutoWidth(!width.has_value());

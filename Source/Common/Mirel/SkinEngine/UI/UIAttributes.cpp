@@ -253,6 +253,16 @@ std::optional<int> ReadPixels(const CNamedAttributes& attributes, const std::str
     return value;
 }
 
+SAxisPair ReadAxisPair(const CNamedAttributes& attributes, const std::string& name)
+{
+    int both = 0;
+    ReadNumber(attributes, name, both);
+    SAxisPair pair{both, both};
+    ReadNumber(attributes, "h_" + name, pair.horizontal);
+    ReadNumber(attributes, "v_" + name, pair.vertical);
+    return pair;
+}
+
 float ReadOpacity(const CNamedAttributes& attributes)
 {
     const bool inPercent = GetView(attributes, "opacity").find('%') != std::string_view::npos;
