@@ -9,9 +9,9 @@
 #include "Mirel/Serialization/CXmlDataObject.h"
 #include "Mirel/Serialization/IndexedKey.h"
 #include "StateRig.h"
-#include "rapidcheck/gtest.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <array>
 #include <bit>
