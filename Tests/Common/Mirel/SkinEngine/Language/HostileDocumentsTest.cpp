@@ -58,9 +58,9 @@ public:
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t length = sizeof(address);
-        ::bind(listener, reinterpret_cast<sockaddr*>(&address), length);
-        ::listen(listener, 1);
-        ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length);
+        EXPECT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), length), 0);
+        EXPECT_EQ(::listen(listener, 1), 0);
+        EXPECT_EQ(::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length), 0);
         url = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/x";
     }
     CWatchedPort(const CWatchedPort&) = delete;

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "ParserRig.h"
+#include "Support/Environment.h"
 #include "Support/SmallStack.h"
 #include "Support/ThreadTime.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include <malloc.h>
@@ -72,7 +72,7 @@ protected:
         }
         EXPECT_LT(seconds, mostSeconds);
         EXPECT_LT(PeakBytes() - peakBefore, (isSanitized ? std::size_t{2048} : std::size_t{256}) << 20U);
-        if (std::getenv("HOSTILE_FIGURES") != nullptr)
+        if (FindEnvironmentText("HOSTILE_FIGURES"))
         {
             std::printf("%.3f s, stack %zu KB, peak +%zu MB, kept %zu MB\n", seconds, stackBytes >> 10U,
                         (PeakBytes() - peakBefore) >> 20U, AllocatedBytes() >> 20U);

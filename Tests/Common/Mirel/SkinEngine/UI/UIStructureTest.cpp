@@ -301,13 +301,15 @@ TEST(UIStructure, FontsThatCannotBeLoadedAreReported)
 
 TEST(UIStructure, ElementsWithoutAWidgetSaySoAndTheirContentIsBuilt)
 {
-    for (const std::string name :
+    for (const char* name :
          {"TEXT_EDIT_BOX", "PARAM_TEXT_EDIT_BOX", "XYZ_PARAM_SCRATCH_PAD", "XYZ_IMAGE_PARAM_JOYSTICK",
           "XY_PARAM_PAD", "XY_ZOOM_SELECT_PAD", "COLOR_SCALE", "SURFACE_COLORMAP_2DPLOT", "VIEW_3D"})
     {
         CUIRig rig;
-        EXPECT_TRUE(rig.Build("<" + name + ">" + box + "</" + name + ">"));
-        EXPECT_THAT(rig.TakeMessages(), ElementsAre("1: " + name + ": this element is not supported yet."));
+        EXPECT_TRUE(rig.Build(
+            std::string("<").append(name).append(">").append(box).append("</").append(name).append(">")));
+        EXPECT_THAT(rig.TakeMessages(), ElementsAre(std::string("1: ").append(name).append(
+                                            ": this element is not supported yet.")));
         EXPECT_NE(rig.Widget(0), nullptr) << name;
     }
 }
