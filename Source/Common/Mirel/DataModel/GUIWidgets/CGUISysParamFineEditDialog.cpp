@@ -39,7 +39,7 @@ CGUISysParamFineEditDialog::CGUISysParamFineEditDialog(GUI::INativePlatform& pla
     field->SetMaxLength(longestText);
     field->SetConfirmHandler([this] { Confirm(); });
     AddStop(*field);
-    CGUISysParamFineEditDialog::OnLayout(GetSize());
+    OnLayout(GetSize());
     field->SetText(Controls::CBaseParamTextViewer(control.GetParam()).GetText());
     field->SelectAll();
 }

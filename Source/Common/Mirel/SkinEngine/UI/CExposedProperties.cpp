@@ -13,6 +13,7 @@ namespace Mirel::SkinEngine
 {
 
 using namespace DataModel::Objects;
+using Containers::CNamedAttributes;
 using Layout::CBaseGroupLayoutCell;
 using Layout::CGroupLayoutCell;
 
@@ -52,15 +53,19 @@ IParamValueToText* MakeValueToText(const SExposedProperty& property)
     return property.format == nullptr ? nullptr : new CParamValueToText(property.format, false, "{value}");
 }
 
+/// What the skin says of the range of a margin, as of the spacing.
+SExposedProperty GetRange(const CNamedAttributes& attributes, const char* name, const char* title)
+{
+    float min = -largestMargin;
+    float max = largestMargin;
+    ReadNumber(attributes, std::string("min_") + name, min);
+    ReadNumber(attributes, std::string("max_") + name, max);
+    return {title, min, max, ValueKindInteger, nullptr, "%.0f"};
+}
+
 } // namespace
 
-CExposedProperties::CExposedProperties(CGUISkinData& data_, const char* id_,
-                                       const Containers::CNamedAttributes& attributes_)
-    : data(data_),
-      attributes(attributes_),
-      id(id_)
-{
-}
+CExposedProperties::CExposedProperties(CGUISkinData& data_, const char* id_) : data(data_), id(id_) {}
 
 bool CExposedProperties::Expose(const char* suffix, const SExposedProperty& property,
                                 std::function<float()> get, std::function<void(float)> set,
@@ -152,32 +157,22 @@ bool CExposedProperties::ExposeCell(CBaseGroupLayoutCell& cell)
            exposed;
 }
 
-/// What the skin says of the range of a margin, as of the spacing.
-SExposedProperty CExposedProperties::GetRange(const char* name, const char* title) const
-{
-    float min = -largestMargin;
-    float max = largestMargin;
-    ReadNumber(attributes, std::string("min_") + name, min);
-    ReadNumber(attributes, std::string("max_") + name, max);
-    return {title, min, max, ValueKindInteger, nullptr, "%.0f"};
-}
-
-bool CExposedProperties::ExposeMargins(CBaseGroupLayoutCell& cell)
+bool CExposedProperties::ExposeMargins(CBaseGroupLayoutCell& cell, const CNamedAttributes& attributes)
 {
     const bool exposed = Expose(
-        ".h_margin", GetRange("h_margin", "H Margin"),
+        ".h_margin", GetRange(attributes, "h_margin", "H Margin"),
         [&cell] { return static_cast<float>(cell.GetHMargin()); },
         [&cell](float value) { cell.SetHMargin(ToPixels(value)); }, nullptr);
     return Expose(
-               ".v_margin", GetRange("v_margin", "V Margin"),
+               ".v_margin", GetRange(attributes, "v_margin", "V Margin"),
                [&cell] { return static_cast<float>(cell.GetVMargin()); },
                [&cell](float value) { cell.SetVMargin(ToPixels(value)); }, nullptr) &&
            exposed;
 }
 
-bool CExposedProperties::ExposeFlow(CGroupLayoutCell& cell)
+bool CExposedProperties::ExposeFlow(CGroupLayoutCell& cell, const CNamedAttributes& attributes)
 {
-    bool exposed = ExposeMargins(cell);
+    bool exposed = ExposeMargins(cell, attributes);
     exposed =
         Expose(
             ".layout_type", Choice("Layout", "horizontal;vertical;stack"),
@@ -185,7 +180,7 @@ bool CExposedProperties::ExposeFlow(CGroupLayoutCell& cell)
             [&cell](float value) { cell.SetLayoutType(ToChoice<Layout::ELayoutType>(value)); }, nullptr) &&
         exposed;
     return Expose(
-               ".spacing", GetRange("spacing", "Spacing"),
+               ".spacing", GetRange(attributes, "spacing", "Spacing"),
                [&cell] { return static_cast<float>(cell.GetSpacing()); },
                [&cell](float value) { cell.SetSpacing(ToPixels(value)); }, nullptr) &&
            exposed;

@@ -26,11 +26,11 @@ struct SExposedProperty
 
 /// The properties of one element as parameters of the model, under the element's identifier and a suffix;
 /// none without an identifier. Whatever is exposed must live as long as the data, or be owned by it. Each
-/// operation is false if an identifier is taken. Lives as long as the element is built; GUI thread only.
+/// operation is false if an identifier is taken. GUI thread only.
 class CExposedProperties
 {
 public:
-    CExposedProperties(CGUISkinData& data_, const char* id_, const Containers::CNamedAttributes& attributes_);
+    CExposedProperties(CGUISkinData& data_, const char* id_);
 
     /// Enters a parameter, if anybody wants it. The event is that of the property, null if it has none;
     /// without a setter the parameter is read only.
@@ -45,15 +45,14 @@ public:
     bool ExposeWidget(GUI::CLightWidget& widget);
     bool ExposeVisibility(CSkinVisibility& visibility);
     bool ExposeCell(Layout::CBaseGroupLayoutCell& cell);
-    bool ExposeMargins(Layout::CBaseGroupLayoutCell& cell);
-    bool ExposeFlow(Layout::CGroupLayoutCell& cell);
     bool ExposeOptions(Layout::CLayoutOptions& options);
 
-private:
-    SExposedProperty GetRange(const char* name, const char* title) const;
+    // The attributes may give the ranges.
+    bool ExposeMargins(Layout::CBaseGroupLayoutCell& cell, const Containers::CNamedAttributes& attributes);
+    bool ExposeFlow(Layout::CGroupLayoutCell& cell, const Containers::CNamedAttributes& attributes);
 
+private:
     CGUISkinData& data;
-    const Containers::CNamedAttributes& attributes;
     std::string id;
 };
 

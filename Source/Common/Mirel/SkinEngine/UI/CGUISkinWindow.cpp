@@ -1,12 +1,10 @@
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
 
-#include "Mirel/DataModel/Objects/CCaptureParamWrapper.h"
-#include "Mirel/DataModel/Objects/CEnumToText.h"
-#include "Mirel/DataModel/Objects/CParamValueToText.h"
 #include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/Runtime/CDynamicObject.h"
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Language/MessagePresentation.h"
+#include "Mirel/SkinEngine/UI/CExposedProperties.h"
 #include "Mirel/SkinEngine/UI/CGUISkinData.h"
 #include "Mirel/SkinEngine/UI/CSkinRoot.h"
 #include "Mirel/SkinEngine/UI/CSkinUIElementsHandler.h"
@@ -215,20 +213,13 @@ void CGUISkinWindow::ExposeWindow()
     thread->AddInterface<System::IThreadInvoker>("IThreadInvoker", &timers.GetInvoker(), false);
     model.AddObject("model_thread", thread.release(), true);
 
-    const ISkinModelExposure& wanted = load->model.GetExposure();
-    const CParamInfo opacityInfo(ValueKindReal, 0.0F, 1.0F, 1.0F, "Window Opacity", "", "",
-                                 new CParamValueToText("%.2f", false, "{value}"));
-    model.AddParam("window.opacity",
-                   new CCaptureParamWrapper(
-                       opacityInfo, [this] { return GetOpacity(); },
-                       [this](float value) { SetOpacity(value); }, &opacityChanged),
-                   wanted.GetParamFlags("window.opacity"), true);
-    const CParamInfo loadedInfo(ValueKindInteger, 0.0F, 1.0F, 0.0F, "Window Loaded", "", "",
-                                new CEnumToText({"Not loaded", "Loaded"}));
-    model.AddConstParam("window.loaded",
-                        new CConstCaptureParamWrapper(
-                            loadedInfo, [this] { return loaded ? 1.0F : 0.0F; }, &loadedChanged),
-                        wanted.GetParamFlags("window.loaded"), true);
+    CExposedProperties properties(load->data, "window");
+    properties.Expose(
+        ".opacity", {"Window Opacity", 0.0F, 1.0F, ValueKindReal, nullptr, "%.2f"},
+        [this] { return GetOpacity(); }, [this](float value) { SetOpacity(value); }, &opacityChanged);
+    properties.ExposeSwitch(
+        ".loaded", {"Window Loaded", 0.0F, 1.0F, ValueKindInteger, "Not loaded;Loaded", nullptr},
+        [this] { return loaded; }, nullptr, &loadedChanged);
 }
 
 SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)

@@ -27,7 +27,7 @@ constexpr std::string_view systemCursorPrefix = "system::";
 CUIElement::CUIElement(CUIBuild& build_, const CNamedAttributes& attributes_)
     : build(build_),
       attributes(attributes_),
-      properties(build_.GetData(), GetText(attributes_, "id"), attributes_),
+      properties(build_.GetData(), GetText(attributes_, "id")),
       inside(build_.GetScope())
 {
     inside.element = build.GetElement();
@@ -96,8 +96,8 @@ bool CUIElement::PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds hol
     inside.widget = &widget;
     auto& content = static_cast<Layout::CContentLayoutCell&>(cell);
     const bool placed = PlaceCell(cell, [&content](bool shown) { content.SetShown(shown); });
-    const bool exposed =
-        properties.ExposeWidget(widget) && (holds == EHolds::Overlays || properties.ExposeFlow(cell));
+    const bool exposed = properties.ExposeWidget(widget) &&
+                         (holds == EHolds::Overlays || properties.ExposeFlow(cell, attributes));
     build.Push(std::move(inside));
     return placed && exposed;
 }
@@ -106,7 +106,7 @@ bool CUIElement::Place(CGroupLayoutCell& cell)
 {
     ReadGroup(cell);
     const bool placed = PlaceCell(cell, nullptr);
-    const bool exposed = properties.ExposeFlow(cell);
+    const bool exposed = properties.ExposeFlow(cell, attributes);
     build.Push(std::move(inside));
     return placed && exposed;
 }
@@ -115,7 +115,7 @@ bool CUIElement::Place(Layout::CTableLayoutCell& cell)
 {
     ReadGroup(cell);
     const bool placed = PlaceCell(cell, nullptr);
-    const bool exposed = properties.ExposeMargins(cell);
+    const bool exposed = properties.ExposeMargins(cell, attributes);
     inside.table = &cell;
     build.Push(std::move(inside));
     return placed && exposed;

@@ -253,16 +253,6 @@ std::optional<int> ReadPixels(const CNamedAttributes& attributes, const std::str
     return value;
 }
 
-SAxisPair ReadAxisPair(const CNamedAttributes& attributes, const std::string& name)
-{
-    int both = 0;
-    ReadNumber(attributes, name, both);
-    SAxisPair pair{both, both};
-    ReadNumber(attributes, "h_" + name, pair.horizontal);
-    ReadNumber(attributes, "v_" + name, pair.vertical);
-    return pair;
-}
-
 float ReadOpacity(const CNamedAttributes& attributes)
 {
     const bool inPercent = GetView(attributes, "opacity").find('%') != std::string_view::npos;
@@ -330,6 +320,16 @@ bool ReadVertical(const CNamedAttributes& attributes, bool missing)
         return orientation == "vertical";
     }
     return FindText(attributes, "vertical") == nullptr ? missing : IsTrue(attributes, "vertical");
+}
+
+SAxisPair ReadAxisPair(const CNamedAttributes& attributes, const std::string& name)
+{
+    int both = 0;
+    ReadNumber(attributes, name, both);
+    SAxisPair pair{both, both};
+    ReadNumber(attributes, "h_" + name, pair.horizontal);
+    ReadNumber(attributes, "v_" + name, pair.vertical);
+    return pair;
 }
 
 } // namespace Mirel::SkinEngine

@@ -40,16 +40,6 @@ std::optional<float> ReadRatio(const Containers::CNamedAttributes& attributes, c
 /// The pixels that a plain number names; none for a share, a text without a number, and -1.
 std::optional<int> ReadPixels(const Containers::CNamedAttributes& attributes, const std::string& name);
 
-/// Pixels on both axes.
-struct SAxisPair
-{
-    int horizontal = 0;
-    int vertical = 0;
-};
-
-/// Such as `h_margin` and `v_margin`: what is missing is as `margin` says, or 0 without it.
-SAxisPair ReadAxisPair(const Containers::CNamedAttributes& attributes, const std::string& name);
-
 /// `opacity`, from 0 to 1, 1 if it is missing.
 float ReadOpacity(const Containers::CNamedAttributes& attributes);
 
@@ -67,5 +57,15 @@ void ReadFont(const Containers::CNamedAttributes& attributes, Graphics::CFontDes
 
 /// `orientation` or `vertical`; the given value for neither.
 bool ReadVertical(const Containers::CNamedAttributes& attributes, bool missing);
+
+/// Pixels on both axes.
+struct SAxisPair
+{
+    int horizontal = 0;
+    int vertical = 0;
+};
+
+/// Such as `h_margin` and `v_margin`: what is missing is as `margin` says, or 0 without it.
+SAxisPair ReadAxisPair(const Containers::CNamedAttributes& attributes, const std::string& name);
 
 } // namespace Mirel::SkinEngine
