@@ -20,14 +20,14 @@ void CSkinStateKeeper::Restore(CSkinModel& model, const std::string& path)
 
 bool CSkinStateKeeper::Save(Serialization::IWriteDataStream& stream, const CSkinModel* model) const
 {
-    CSkinModelState present;
-    if (model != nullptr)
-    {
-        model->TakeState(present);
-    }
-    const Serialization::ISerialize& saved = model == nullptr ? state : present;
     const bool hasVersion = stream.Write("version", version);
-    return stream.Write("state", saved) && hasVersion;
+    if (model == nullptr)
+    {
+        return stream.Write("state", static_cast<const Serialization::ISerialize&>(state)) && hasVersion;
+    }
+    CSkinModelState present;
+    model->TakeState(present);
+    return stream.Write("state", static_cast<const Serialization::ISerialize&>(present)) && hasVersion;
 }
 
 bool CSkinStateKeeper::Load(const Serialization::IReadDataStream& stream)
