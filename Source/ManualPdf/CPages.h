@@ -26,11 +26,11 @@ public:
 private:
     struct CDestroySurface
     {
-        void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+        void operator()(cairo_surface_t* owned) const { cairo_surface_destroy(owned); }
     };
     struct CDestroyContext
     {
-        void operator()(cairo_t* context) const { cairo_destroy(context); }
+        void operator()(cairo_t* owned) const { cairo_destroy(owned); }
     };
     struct CUnref
     {
@@ -41,7 +41,7 @@ private:
 
     CLayout LayOut(const std::string& markup, double size, bool bold, double width) const;
     static double HeightOf(PangoLayout* layout);
-    void Show(PangoLayout* layout, double x, double y, double grey);
+    void Show(PangoLayout* layout, double x, double top, double grey);
 
     void AddHeading(const SBlock& block);
     void AddText(const SBlock& block);

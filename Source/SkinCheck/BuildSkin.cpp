@@ -11,9 +11,9 @@
 #include "Mirel/SkinEngine/Model/CSkinModel.h"
 #include "Mirel/SkinEngine/Model/CSkinModelFactory.h"
 #include "Mirel/SkinEngine/Model/ObjectLookup.h"
+#include "Mirel/SkinEngine/UI/CExposedProperties.h"
 #include "Mirel/SkinEngine/UI/CGUISkinData.h"
 #include "Mirel/SkinEngine/UI/CSkinUIElementsHandler.h"
-#include "Mirel/SkinEngine/UI/ExposedObjects.h"
 #include "SkinCheck/CPluginObjects.h"
 #include "SkinCheck/SetAll.h"
 
@@ -91,8 +91,8 @@ void BuildSkin(const SCheckOptions& options, SCheckResult& result)
 
     CUnseenWindow window;
     CGUISkinData data(model);
-    ExposeWindowProperties(
-        data, [] { return 1.0F; }, [](float) {}, nullptr, [] { return true; }, nullptr);
+    CExposedProperties(data, "window")
+        .ExposeWindow([] { return 1.0F; }, [](float) {}, nullptr, [] { return true; }, nullptr);
     CSkinParser parser(result.log);
     CElementPrinter elements;
     result.log.SetParser(&parser);

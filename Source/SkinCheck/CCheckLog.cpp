@@ -33,17 +33,4 @@ int CCheckLog::GetSeverity() const
     return severity;
 }
 
-const char* KindText(int kind)
-{
-    switch (kind)
-    {
-    case CMessageKind::Error:
-        return "error";
-    case CMessageKind::Warning:
-        return "warning";
-    default:
-        return "info";
-    }
-}
-
 } // namespace SkinCheck

@@ -41,7 +41,4 @@ private:
     std::vector<SCheckMessage> messages;
 };
 
-/// "error", "warning" or "info".
-const char* KindText(int kind);
-
 } // namespace SkinCheck

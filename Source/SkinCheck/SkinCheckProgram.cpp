@@ -16,6 +16,8 @@
 namespace SkinCheck
 {
 
+using Mirel::CoreUtilities::CMessageKind;
+
 namespace
 {
 
@@ -66,7 +68,7 @@ void PrintMessages(const SCheckResult& result, const SOptions& options, bool col
 {
     for (const SCheckMessage& message : result.log.GetMessages())
     {
-        if (message.kind == Mirel::CoreUtilities::CMessageKind::Info && !options.infos)
+        if (message.kind == CMessageKind::Info && !options.infos)
         {
             continue;
         }
@@ -79,8 +81,8 @@ void PrintMessages(const SCheckResult& result, const SOptions& options, bool col
             }
             out << ' ';
         }
-        out << ColourOf(message.kind, colours) << KindText(message.kind) << (colours ? "\033[0m" : "") << ": "
-            << message.text << '\n';
+        out << ColourOf(message.kind, colours) << CMessageKind::GetName(message.kind)
+            << (colours ? "\033[0m" : "") << ": " << message.text << '\n';
     }
 }
 
@@ -150,7 +152,7 @@ void PrintJson(const SCheckResult& result, const SOptions& options, std::ostream
     PrintList(out, "messages", result.log.GetMessages(),
               [&out](const SCheckMessage& message)
               {
-                  out << "{\"level\": " << JsonText(KindText(message.kind))
+                  out << "{\"level\": " << JsonText(CMessageKind::GetName(message.kind))
                       << ", \"text\": " << JsonText(message.text) << ", \"file\": " << JsonText(message.file)
                       << ", \"line\": " << message.line << "}";
               });

@@ -24,11 +24,11 @@ public:
 private:
     struct CDestroySurface
     {
-        void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+        void operator()(cairo_surface_t* owned) const { cairo_surface_destroy(owned); }
     };
     struct CDestroyContext
     {
-        void operator()(cairo_t* context) const { cairo_destroy(context); }
+        void operator()(cairo_t* owned) const { cairo_destroy(owned); }
     };
 
     std::unique_ptr<cairo_surface_t, CDestroySurface> surface;

@@ -3,12 +3,12 @@
 #include "AAXPlugin/CRunningAudio.h"
 #include "Support/CTemporaryFolder.h"
 #include "Support/DataFolder.h"
+#include "Support/Environment.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <set>
 #include <utility>
@@ -31,9 +31,7 @@ constexpr bool isSanitized = false;
 int GetGestureCount()
 {
     constexpr int usual = 300;
-    const char* wanted = std::getenv("SCOPE_BANK_GESTURES"); // NOLINT(concurrency-mt-unsafe)
-    const int count = wanted == nullptr ? 0 : std::atoi(wanted);
-    return count > 0 ? count : usual;
+    return static_cast<int>(GetEnvironmentNumber("SCOPE_BANK_GESTURES", usual));
 }
 
 /// Gives up, or names a preset or a skin as is asked for; keeps no question open.
@@ -326,12 +324,12 @@ protected:
 
     void WriteBoth(int differing, const CPicture& first, const CPicture& other)
     {
-        const char* place = std::getenv("SCOPE_BANK_PICTURES"); // NOLINT(concurrency-mt-unsafe)
+        const auto place = FindEnvironmentText("SCOPE_BANK_PICTURES");
         std::string error;
-        if (differing != 0 && place != nullptr)
+        if (differing != 0 && place)
         {
-            WritePicture(first, std::string(place) + "/first.png", error);
-            WritePicture(other, std::string(place) + "/other.png", error);
+            WritePicture(first, *place + "/first.png", error);
+            WritePicture(other, *place + "/other.png", error);
         }
     }
 

@@ -1,10 +1,10 @@
 #include "AAXPlugin/CInProcessPlugin.h"
+#include "Support/Environment.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
-#include <cstdlib>
 #include <functional>
 #include <random>
 #include <thread>
@@ -20,11 +20,8 @@ constexpr std::uint32_t State = 0x746E776C;
 /// A third of a second, or as many seconds as AAXPLUGIN_THREADS_SECONDS says.
 std::chrono::milliseconds Duration()
 {
-    // No other thread runs yet. NOLINTNEXTLINE(concurrency-mt-unsafe)
-    const char* seconds = std::getenv("AAXPLUGIN_THREADS_SECONDS");
-    constexpr int decimal = 10;
-    return std::chrono::milliseconds(seconds != nullptr ? std::strtol(seconds, nullptr, decimal) * 1000
-                                                        : 300);
+    const long seconds = Tests::GetEnvironmentNumber("AAXPLUGIN_THREADS_SECONDS", 0);
+    return std::chrono::milliseconds(seconds > 0 ? seconds * 1000 : 300);
 }
 
 /// Does something over and over on a thread of its own.

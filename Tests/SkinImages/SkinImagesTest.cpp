@@ -66,6 +66,9 @@ std::set<std::string> NamesIn(const fs::path& folder)
 
 class SkinImagesTest : public testing::Test
 {
+public:
+    ~SkinImagesTest() override { fs::remove_all(folder); }
+
 protected:
     SkinImagesTest()
         : folder(fs::temp_directory_path() /
@@ -73,7 +76,6 @@ protected:
                   testing::UnitTest::GetInstance()->current_test_info()->name()))
     {
     }
-    ~SkinImagesTest() override { fs::remove_all(folder); }
 
     int Run(std::initializer_list<const char*> arguments)
     {

@@ -41,6 +41,7 @@ std::string ReadNumber(int descriptor)
     dup2(silence, STDERR_FILENO);
     fcntl(descriptor, F_SETFD, 0);
     std::vector<char*> texts;
+    texts.reserve(arguments.size() + 1);
     for (std::string& argument : arguments)
     {
         texts.push_back(argument.data());

@@ -1,11 +1,12 @@
 #include "Support/CommaLocale.h"
 
+#include "Support/Environment.h"
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <string>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -24,40 +25,6 @@ constexpr std::array<unsigned char, 54> numericCategory = {
     ',',  0,    '.',  0,    3,    3, 0, 0, ',',  0, 0, 0, '.', 0, 0, 0, //
     'U',  'T',  'F',  '-',  '8',  0};
 
-/// Sets an environment variable and puts back what was there.
-class CEnvironmentVariable
-{
-public:
-    CEnvironmentVariable(const char* name_, const std::string& value) : name(name_)
-    {
-        // The test programs load locales from one thread only.
-        if (const char* old = std::getenv(name)) // NOLINT(concurrency-mt-unsafe)
-        {
-            previous = old;
-        }
-        setenv(name, value.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
-    }
-
-    CEnvironmentVariable(const CEnvironmentVariable&) = delete;
-    CEnvironmentVariable& operator=(const CEnvironmentVariable&) = delete;
-
-    ~CEnvironmentVariable()
-    {
-        if (previous)
-        {
-            setenv(name, previous->c_str(), 1); // NOLINT(concurrency-mt-unsafe)
-        }
-        else
-        {
-            unsetenv(name); // NOLINT(concurrency-mt-unsafe)
-        }
-    }
-
-private:
-    const char* name;
-    std::optional<std::string> previous;
-};
-
 locale_t LoadCommaLocale()
 {
     std::string folder = (std::filesystem::temp_directory_path() / "comma-locale-XXXXXX").string();
@@ -68,7 +35,7 @@ locale_t LoadCommaLocale()
     std::filesystem::create_directory(folder + "/comma");
     std::ofstream(folder + "/comma/LC_NUMERIC", std::ios::binary)
         .write(reinterpret_cast<const char*>(numericCategory.data()), numericCategory.size());
-    const CEnvironmentVariable path("LOCPATH", folder);
+    const Tests::CEnvironmentVariable path("LOCPATH", folder.c_str());
 #ifdef __SANITIZE_ADDRESS__
     const __lsan::ScopedDisabler disabler; // newlocale leaks its copy of the search path
 #endif

@@ -48,8 +48,8 @@ struct CRunOptions
     bool offline = false;
     bool loops = false;
     bool isHeard = false;
-    std::string skinFile;
     bool watchesSkin = false;
+    std::string skinFile;
     std::string snapshotFile;
     std::vector<double> snapshotSeconds; ///< In rising order.
     std::optional<CPictureSize> pictureSize;

@@ -74,8 +74,9 @@ void CGallery::Run()
 
 bool CGallery::OnMouseWheel(const GUI::COSXMouseWheelEvent& event)
 {
-    constexpr float pixelsPerNotch = 60.0F;
-    ScrollTo(-page->GetPosition().y - Core::TruncateToInt32(std::round(event.deltaY * pixelsPerNotch)));
+    constexpr double pixelsPerNotch = 60.0;
+    ScrollTo(-page->GetPosition().y -
+             Core::TruncateToInt32(std::round(static_cast<double>(event.deltaY) * pixelsPerNotch)));
     return true;
 }
 

@@ -12,6 +12,12 @@ struct CMessageKind
         Warning = 1,
         Info = 2
     };
+
+    /// "error", "warning" or "info".
+    static const char* GetName(int kind)
+    {
+        return kind == Error ? "error" : kind == Warning ? "warning" : "info";
+    }
 };
 
 /// Where a run that reads skins, models or settings reports what it met.

@@ -2,12 +2,10 @@
 
 #include "Mirel/Core/CCapture.h"
 #include "Mirel/Core/CDirty.h"
-#include "Mirel/Core/CEnable.h"
-#include "Mirel/Core/IRefreshTime.h"
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/Core/TStoredValue.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
-#include "Mirel/DataModel/CRefreshTimer.h"
+#include "Mirel/DataModel/CTimedCopy.h"
 #include "Mirel/DataModel/TICaptureObject.h"
 
 #include <type_traits>
@@ -23,9 +21,7 @@ namespace Mirel::DataModel
 /// tick; a function is taken anew only if the source has fired since, which it may do on another thread if
 /// its event provider allows that. GUI thread only.
 template <class T, class I, class C>
-class TConstCaptureObjectTimerProxy : public virtual TIConstCaptureObject<T, I>,
-                                      public virtual Core::IRefreshTime,
-                                      public virtual Core::IEnable
+class TConstCaptureObjectTimerProxy : public virtual TIConstCaptureObject<T, I>, public CTimedCopy
 {
 public:
     /// Neither is owned, both must outlive the proxy; the provider may be null. Enabled, and up to date.
@@ -41,8 +37,7 @@ public:
         {
             capture.BeginCapture();
         }
-        timer.SetProvider(timerProvider);
-        timer.Start();
+        StartTimer(timerProvider);
     }
 
     T GetValue() const override { return value.Get(); }
@@ -62,30 +57,7 @@ public:
     }
     bool IsCaptured() const override { return capture.IsCaptured(); }
 
-    int GetRefreshTime() const override { return timer.GetPeriod(); }
-    void SetRefreshTime(int milliseconds) override { timer.SetPeriod(milliseconds); }
-
-    bool IsEnabled() const override { return enabled.IsEnabled(); }
-    Core::IEventProvider& GetEnableChangedEventProvider() const override
-    {
-        return enabled.GetEnableChangedEventProvider();
-    }
-
-    void Enable(bool enable) override
-    {
-        if (enable)
-        {
-            timer.Start();
-        }
-        else
-        {
-            timer.Stop();
-        }
-        enabled.Enable(enable);
-    }
-
-    /// What each tick does.
-    void Refresh()
+    void Refresh() override
     {
         if (infoMark.IsDirty())
         {
@@ -129,15 +101,12 @@ private:
     Core::TStoredValue<T> value;
     C info;
     Core::CCapture capture;
-    Core::CEnable enabled;
     Core::CDirty valueMark;
     Core::CDirty infoMark;
     Command markValue{this, &TConstCaptureObjectTimerProxy::MarkValue};
     Command markInfo{this, &TConstCaptureObjectTimerProxy::MarkInfo};
-    Command tick{this, &TConstCaptureObjectTimerProxy::Refresh};
     CoreUtilities::CCallbackHelper valueChanged;
     CoreUtilities::CCallbackHelper infoChanged;
-    CRefreshTimer timer{tick};
 };
 
 } // namespace Mirel::DataModel

@@ -67,7 +67,7 @@ public:
     Core::IEventProvider& GetMovedEvent() const { return moved; }
 
     /// Of the graphics.
-    CSize GetSize() const override;
+    CSize GetSize() const final;
     void SetSize(const CSize& newSize) override;
 
     /// Fires after each change of the graphics' size, whoever made it.

@@ -81,14 +81,14 @@ void CLightWidget::CRecursiveGraphics::DrawTree(Graphics::CDrawSurface& surface,
         {
             continue;
         }
-        const CPoint position = child->position;
-        const CRect seen = Minus(Intersect(child->GetFrame(), box), position);
+        const CPoint offset = child->position;
+        const CRect seen = Minus(Intersect(child->GetFrame(), box), offset);
         if (!seen.IsEmpty())
         {
             const Graphics::CSimple2DRegion childRegion(seen);
-            surface.Translate(position);
+            surface.Translate(offset);
             child->recursive->Draw(surface, &childRegion);
-            surface.Translate({-position.x, -position.y});
+            surface.Translate({-offset.x, -offset.y});
         }
     }
 }

@@ -157,7 +157,7 @@ private:
             rig.platform.SetModifiers((Next() & 1U) != 0 ? Mirel::GUI::ModifierFlags::alternate : 0U);
             break;
         case 8:
-            rig.platform.Wait(Next() * 10U);
+            rig.platform.Wait(std::uint64_t{Next()} * 10U);
             break;
         case 9:
             rig.platform.LoseCapture();

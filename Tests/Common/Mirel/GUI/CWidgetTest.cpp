@@ -80,6 +80,9 @@ void Place(CWidget& widget, const CRect& frame)
 /// A window with a content that two widgets stand in.
 class CWidgetTree : public testing::Test
 {
+public:
+    ~CWidgetTree() override { rig.window.reset(); }
+
 protected:
     CWidgetTree()
     {
@@ -95,7 +98,6 @@ protected:
         rig.TakeScript();
         rig.Native().TakePresented();
     }
-    ~CWidgetTree() override { rig.window.reset(); }
 
     CWindowRig rig;
     CNotingMouse aMouse{"a", rig.script};

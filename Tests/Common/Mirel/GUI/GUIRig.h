@@ -203,8 +203,8 @@ public:
     std::uint32_t PixelAt(int x, int y) const
     {
         const auto& picture = Native().GetPicture();
-        const auto* row =
-            reinterpret_cast<const std::uint32_t*>(picture.GetData()) + y * picture.GetSize().width;
+        const auto* row = reinterpret_cast<const std::uint32_t*>(picture.GetData()) +
+                          std::ptrdiff_t{y} * picture.GetSize().width;
         return row[x] & 0xFFFFFFU;
     }
 

@@ -1,6 +1,6 @@
 #include "Common/Mirel/GUI/CWidgetMonkey.h"
+#include "Support/Environment.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -9,8 +9,7 @@ using namespace Tests;
 /// GUI_RANDOM_EVENTS=1000000 runs for longer.
 TEST(RandomEvents, NeverConfuseTheTreeOrThePicture)
 {
-    const char* const wanted = std::getenv("GUI_RANDOM_EVENTS");
-    const long steps = wanted == nullptr ? 20000 : std::atol(wanted);
+    const long steps = GetEnvironmentNumber("GUI_RANDOM_EVENTS", 20000);
     constexpr long stepsPerTree = 2000;
     constexpr long stepsPerPicture = 50;
     for (long done = 0; done < steps; done += stepsPerTree)

@@ -1,8 +1,7 @@
 #include "Mirel/GUI/SiblingCover.h"
 
-#include "rapidcheck/gtest.h"
-
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 using Mirel::Graphics::CRect;
 using Mirel::GUI::WithoutCover;

@@ -25,19 +25,6 @@ constexpr const char* skinFileKey = "skinFile";
 
 constexpr std::uint32_t opaque = 0xFF000000U;
 
-const char* KindName(int kind)
-{
-    switch (kind)
-    {
-    case CMessageKind::Error:
-        return "error";
-    case CMessageKind::Warning:
-        return "warning";
-    default:
-        return "info";
-    }
-}
-
 /// A message is one line of three fields.
 std::string OneLine(std::string text)
 {
@@ -330,7 +317,7 @@ std::string CAudioPluginSkinGUI::GetSkinMessages() const
     {
         for (const SkinEngine::SSkinMessage& message : window->GetMessages())
         {
-            lines.append(KindName(message.kind)).append("\t");
+            lines.append(CMessageKind::GetName(message.kind)).append("\t");
             lines.append(OneLine(message.place)).append("\t");
             lines.append(OneLine(message.text)).append("\n");
         }

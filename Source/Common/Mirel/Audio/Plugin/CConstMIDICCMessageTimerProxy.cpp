@@ -9,22 +9,8 @@ CConstMIDICCMessageTimerProxy::CConstMIDICCMessageTimerProxy(const CMIDICCMessag
     : source(source_),
       copy(source_.Get())
 {
-    timer.SetPeriod(periodMs);
-    timer.SetProvider(&timerProvider);
-    timer.Start();
-}
-
-void CConstMIDICCMessageTimerProxy::Enable(bool enable)
-{
-    if (enable)
-    {
-        timer.Start();
-    }
-    else
-    {
-        timer.Stop();
-    }
-    enabled.Enable(enable);
+    SetRefreshTime(periodMs);
+    StartTimer(&timerProvider);
 }
 
 void CConstMIDICCMessageTimerProxy::Refresh()

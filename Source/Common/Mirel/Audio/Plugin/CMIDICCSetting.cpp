@@ -47,8 +47,8 @@ bool ReadField(const Serialization::IReadDataStream& stream, const char* key, T 
 
 CMIDICCSetting::CMIDICCSetting(const IConstParamInfo& info)
 {
-    SetMin(info.GetMin());
-    SetMax(info.GetMax());
+    Exchange(min, info.GetMin());
+    Exchange(max, info.GetMax());
 }
 
 CMIDICCSetting::CMIDICCSetting(const CMIDICCSetting& other) : IMIDICCSetting(other), ISerializable(other)

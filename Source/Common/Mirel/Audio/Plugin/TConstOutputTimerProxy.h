@@ -2,11 +2,9 @@
 
 #include "Mirel/Core/CCapture.h"
 #include "Mirel/Core/CDirty.h"
-#include "Mirel/Core/CEnable.h"
-#include "Mirel/Core/IRefreshTime.h"
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
-#include "Mirel/DataModel/CRefreshTimer.h"
+#include "Mirel/DataModel/CTimedCopy.h"
 #include "Mirel/DataModel/TICaptureObject.h"
 
 namespace Mirel::Audio::Plugin
@@ -20,13 +18,9 @@ namespace Mirel::Audio::Plugin
 /// Disabled it stands still, which spares an unseen output its cost. The thread of the timer only.
 template <class T, class I, class C, class Capture>
 class TConstOutputTimerProxy : public virtual DataModel::TIConstCaptureObject<T, I>,
-                               public virtual Core::IRefreshTime,
-                               public virtual Core::IEnable
+                               public DataModel::CTimedCopy
 {
 public:
-    TConstOutputTimerProxy(const TConstOutputTimerProxy&) = delete;
-    TConstOutputTimerProxy& operator=(const TConstOutputTimerProxy&) = delete;
-
     Core::IEventProvider& GetValueChangedEventProvider() const override
     {
         return events.GetChangedEventProvider();
@@ -44,28 +38,6 @@ public:
     }
     bool IsCaptured() const override { return false; }
 
-    int GetRefreshTime() const override { return timer.GetPeriod(); }
-    void SetRefreshTime(int milliseconds) override { timer.SetPeriod(milliseconds); }
-
-    bool IsEnabled() const override { return enabled.IsEnabled(); }
-    Core::IEventProvider& GetEnableChangedEventProvider() const override
-    {
-        return enabled.GetEnableChangedEventProvider();
-    }
-
-    void Enable(bool enable) override
-    {
-        if (enable)
-        {
-            timer.Start();
-        }
-        else
-        {
-            timer.Stop();
-        }
-        enabled.Enable(enable);
-    }
-
 protected:
     /// All must outlive this object.
     TConstOutputTimerProxy(const Capture& capture_, const I& info_, System::ITimerProvider& timerProvider)
@@ -73,15 +45,14 @@ protected:
           info(info_),
           published(&capture_.GetChangedEventProvider(), &markPublished)
     {
-        timer.SetProvider(&timerProvider);
-        timer.Start();
+        StartTimer(&timerProvider);
     }
 
     /// Takes over what was published. False if there is nothing to tell.
     virtual bool TakeOver(const Capture& source) = 0;
 
 private:
-    void Refresh()
+    void Refresh() override
     {
         capture.DeliverChange();
         if (isPublished.IsDirty())
@@ -101,12 +72,9 @@ private:
     const Capture& capture;
     C info;
     Core::CCapture events;
-    Core::CEnable enabled;
     Core::CDirty isPublished{true}; ///< The event may fire on the thread of another reader.
     Command markPublished{this, &TConstOutputTimerProxy::MarkPublished};
-    Command refresh{this, &TConstOutputTimerProxy::Refresh};
     CoreUtilities::CCallbackHelper published;
-    DataModel::CRefreshTimer timer{refresh};
 };
 
 } // namespace Mirel::Audio::Plugin

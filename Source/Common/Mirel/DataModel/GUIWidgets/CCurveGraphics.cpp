@@ -77,7 +77,7 @@ class CCurveGraphics::CSweep
 public:
     CSweep(const CCurveGraphics& graphics, const CCurveSteps& steps_, const Graphics::CRect& clip)
         : viewer(graphics.viewer),
-          clampValues(graphics.curveAccessMode),
+          clampValues(graphics.GetCurveAccessMode()),
           vertical(graphics.viewer.IsVertical()),
           size(graphics.GetSize()),
           length(vertical ? size.height : size.width),
@@ -118,12 +118,12 @@ private:
 };
 
 CCurveGraphics::CCurveGraphics(const Controls::CCurveViewer& viewer_)
-    : viewer(viewer_),
-      extraPixels(viewer_.GetXViewer(), viewer_.GetYViewer()),
+    : CBaseCurveGraphics(GraphStyleCurve, viewer_.GetXViewer(), viewer_.GetYViewer()),
+      viewer(viewer_),
       layoutConnection(&viewer_.GetLayoutChangedEventProvider(), &layoutChanged),
       curveConnection(&viewer_.GetCurveChangedEventProvider(), &curveChanged)
 {
-    ReservePoints();
+    points.Reserve(CCurveGraphics::CountPoints());
 }
 
 void CCurveGraphics::Draw(CDrawSurface& surface, const Graphics::CSimple2DRegion* region)
@@ -133,11 +133,9 @@ void CCurveGraphics::Draw(CDrawSurface& surface, const Graphics::CSimple2DRegion
     {
         return;
     }
-    surface.SetTextNoClip(true);
-    surface.SetPenColor(color);
-    surface.SetPenStyle(penStyle);
+    TakeUpPen(surface);
     const CSweep sweep(*this, steps, GetBounds(region));
-    if (antiAlias)
+    if (GetAntiAlias())
     {
         DrawForm<CExactPixels>(surface, sweep);
     }
@@ -150,7 +148,7 @@ void CCurveGraphics::Draw(CDrawSurface& surface, const Graphics::CSimple2DRegion
 template <class Form>
 void CCurveGraphics::DrawForm(CDrawSurface& surface, const CSweep& sweep)
 {
-    if (graphStyle == GraphStyleBargraph)
+    if (GetGraphStyle() == GraphStyleBargraph)
     {
         DrawBars<Form>(surface, sweep);
     }
@@ -275,7 +273,7 @@ bool CCurveGraphics::HitTest(Graphics::CPoint point) const
     const auto length = static_cast<float>(vertical ? area.height : area.width);
     const auto across = static_cast<float>(vertical ? area.width : area.height);
     const auto along = static_cast<float>(vertical ? point.y : point.x);
-    const float value = viewer.GetValue(along / (length - 1.0F), curveAccessMode);
+    const float value = viewer.GetValue(along / (length - 1.0F), GetCurveAccessMode());
     if (area.IsEmpty() || !std::isfinite(value))
     {
         return false;
@@ -283,74 +281,12 @@ bool CCurveGraphics::HitTest(Graphics::CPoint point) const
     const auto toPixel = [&](float v) { return ToPixel((vertical ? v : 1.0F - v) * (across - 1.0F)); };
     const int tested = vertical ? point.x : point.y;
     const int pixel = toPixel(value);
-    if (graphStyle == GraphStyleBargraph)
+    if (GetGraphStyle() == GraphStyleBargraph)
     {
         return toPixel(GetZeroPosition(viewer.GetYViewer())) <= tested ? tested < pixel + 1
                                                                        : tested > pixel - 1;
     }
     return pixel - 2 <= tested && tested < pixel + 2;
-}
-
-void CCurveGraphics::SetSize(CSize newSize)
-{
-    CBaseGraphics::SetSize(newSize);
-    extraPixels.SetSize(newSize);
-    ReservePoints();
-}
-
-void CCurveGraphics::SetColor(Graphics::CColor newColor)
-{
-    SetProperty(color, newColor);
-}
-
-void CCurveGraphics::SetPenStyle(std::uint32_t newPenStyle)
-{
-    SetProperty(penStyle, newPenStyle);
-}
-
-void CCurveGraphics::SetGraphStyle(std::uint32_t newGraphStyle)
-{
-    SetProperty(graphStyle, newGraphStyle);
-}
-
-void CCurveGraphics::SetSampleRate(float newSampleRate)
-{
-    SetProperty(sampleRate, newSampleRate);
-}
-
-void CCurveGraphics::SetAntiAlias(bool newAntiAlias)
-{
-    SetProperty(antiAlias, newAntiAlias);
-}
-
-void CCurveGraphics::SetCurveAccessMode(bool newCurveAccessMode)
-{
-    SetProperty(curveAccessMode, newCurveAccessMode);
-}
-
-void CCurveGraphics::SetMinMaxMode(bool newMinMaxMode)
-{
-    SetProperty(minMaxMode, newMinMaxMode);
-}
-
-template <class T>
-void CCurveGraphics::SetProperty(T& property, T value)
-{
-    bool differs = false;
-    if constexpr (std::is_floating_point_v<T>)
-    {
-        differs = property < value || property > value;
-    }
-    else
-    {
-        differs = property != value;
-    }
-    if (differs)
-    {
-        property = value;
-        ReservePoints();
-        RaiseChanged();
-    }
 }
 
 bool CCurveGraphics::GetSteps(CCurveSteps& steps) const
@@ -364,16 +300,10 @@ bool CCurveGraphics::DrawsMinMax(const CCurveSteps& steps) const
     return minMaxMode && !viewer.IsVertical() && steps.count > 2 * std::int64_t{GetSize().width};
 }
 
-void CCurveGraphics::ReservePoints()
+int CCurveGraphics::CountPoints() const
 {
     CCurveSteps steps;
-    points.Reserve(GetSteps(steps) ? 2 * steps.count : 0);
-}
-
-void CCurveGraphics::OnLayoutChanged()
-{
-    ReservePoints();
-    RaiseChanged();
+    return GetSteps(steps) ? 2 * steps.count : 0;
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

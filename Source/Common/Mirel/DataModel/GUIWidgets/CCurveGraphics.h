@@ -3,10 +3,7 @@
 #include "Mirel/Core/TCommand.h"
 #include "Mirel/CoreUtilities/CCallbackHelper.h"
 #include "Mirel/DataModel/Controls/CCurveViewer.h"
-#include "Mirel/DataModel/GUIWidgets/CExtraPixels.h"
-#include "Mirel/DataModel/GUIWidgets/CPointsBuffers.h"
-#include "Mirel/Graphics/CBaseGraphics.h"
-#include "Mirel/Graphics/CColor.h"
+#include "Mirel/DataModel/GUIWidgets/CBaseCurveGraphics.h"
 
 #include <cstdint>
 
@@ -16,11 +13,12 @@ namespace Mirel::DataModel::GUIWidgets
 struct CCurveSteps;
 
 /// Draws a curve, as a line or as bars, from its state at that moment: every paint evaluates it again, once
-/// for each sample. Samples that are no finite numbers leave a gap. A change of the curve or of an axis, and
-/// of any property, raises the changed event for the whole area. Paints allocate nothing. GUI thread.
-class CCurveGraphics : public Graphics::CBaseGraphics
+/// for each sample. Samples that are no finite numbers leave a gap. A change of the curve or of an axis
+/// raises the changed event for the whole area. GUI thread.
+class CCurveGraphics : public CBaseCurveGraphics
 {
 public:
+    /// Any other number is a line too.
     enum EGraphStyle : std::uint32_t
     {
         GraphStyleCurve = 0,
@@ -35,38 +33,18 @@ public:
     /// On the line, give or take two pixels, or on a bar.
     bool HitTest(Graphics::CPoint point) const override;
 
-    void SetSize(Graphics::CSize newSize) override;
-
-    Graphics::CColor GetColor() const { return color; }
-    void SetColor(Graphics::CColor newColor);
-
-    /// As CDrawSurface::SetPenStyle has it.
-    std::uint32_t GetPenStyle() const { return penStyle; }
-    void SetPenStyle(std::uint32_t newPenStyle);
-
-    /// Bars for GraphStyleBargraph; a line for any other number.
-    std::uint32_t GetGraphStyle() const { return graphStyle; }
-    void SetGraphStyle(std::uint32_t newGraphStyle);
-
     /// Samples of a continuous curve for each pixel along the sweep; 1 at first. Nothing is drawn with 0 or
     /// less.
     float GetSampleRate() const { return sampleRate; }
-    void SetSampleRate(float newSampleRate);
-
-    /// Points between pixels, or on whole ones; true at first.
-    bool GetAntiAlias() const { return antiAlias; }
-    void SetAntiAlias(bool newAntiAlias);
-
-    /// Whether values outside of the view are drawn at its edge. False at first.
-    bool GetCurveAccessMode() const { return curveAccessMode; }
-    void SetCurveAccessMode(bool newCurveAccessMode);
+    void SetSampleRate(float newSampleRate) { SetProperty(sampleRate, newSampleRate); }
 
     /// Whether a line of more than two samples a pixel shows the lowest and highest of each column, which
     /// keeps peaks. False at first; vertical curves know no such form.
     bool GetMinMaxMode() const { return minMaxMode; }
-    void SetMinMaxMode(bool newMinMaxMode);
+    void SetMinMaxMode(bool newMinMaxMode) { SetProperty(minMaxMode, newMinMaxMode); }
 
-    const CExtraPixels& GetExtraPixels() const { return extraPixels; }
+protected:
+    int CountPoints() const override;
 
 private:
     class CSweep;
@@ -82,21 +60,10 @@ private:
 
     bool GetSteps(CCurveSteps& steps) const;
     bool DrawsMinMax(const CCurveSteps& steps) const;
-    template <class T>
-    void SetProperty(T& property, T value);
-    void ReservePoints();
-    void OnLayoutChanged();
 
     const Controls::CCurveViewer& viewer;
-    Graphics::CColor color;
-    std::uint32_t penStyle = 0;
-    std::uint32_t graphStyle = GraphStyleCurve;
     float sampleRate = 1.0F;
-    bool antiAlias = true;
-    bool curveAccessMode = false;
     bool minMaxMode = false;
-    CPointsBuffers points;
-    CExtraPixels extraPixels;
     Core::TCommand<CCurveGraphics> layoutChanged{this, &CCurveGraphics::OnLayoutChanged};
     Core::TConstCommand<CCurveGraphics> curveChanged{this, &CCurveGraphics::RaiseChanged};
     CoreUtilities::CCallbackHelper layoutConnection;

@@ -42,8 +42,9 @@ struct CLinearTrack
         {
             return 0.0F;
         }
-        const double begin = static_cast<double>(horizontal ? point.x : point.y) - thumbLength / 2;
-        const double share = (begin - marginBefore) / length;
+        const std::int64_t along = horizontal ? point.x : point.y;
+        const std::int64_t begin = along - thumbLength / 2 - marginBefore;
+        const double share = static_cast<double>(begin) / length;
         return static_cast<float>(std::clamp(horizontal ? share : 1.0 - share, 0.0, 1.0));
     }
 };

@@ -24,7 +24,7 @@ CPushableImageWidgetGraphics::CPushableImageWidgetGraphics(const GUI::CLightWidg
 
 bool CPushableImageWidgetGraphics::HitTest(Graphics::CPoint point) const
 {
-    return invisible ? CBaseGraphics::HitTest(point) : CMultiFilmStripDrawer::HitTest(point);
+    return invisible ? GetArea().Contains(point) : CMultiFilmStripDrawer::HitTest(point);
 }
 
 void CPushableImageWidgetGraphics::SetPushed(bool newPushed)

@@ -13,15 +13,15 @@ namespace Mirel::DataModel::GUIWidgets
 
 CXYCurvesGraphics::CXYCurvesGraphics(const Controls::CCurveViewer& xViewer_,
                                      const Controls::CCurveViewer& yViewer_)
-    : xViewer(xViewer_),
+    : CBaseCurveGraphics(GraphStyleDots, xViewer_.GetYViewer(), yViewer_.GetYViewer()),
+      xViewer(xViewer_),
       yViewer(yViewer_),
-      extraPixels(xViewer_.GetYViewer(), yViewer_.GetYViewer()),
       xLayoutConnection(&xViewer_.GetLayoutChangedEventProvider(), &curvesChanged),
       xCurveConnection(&xViewer_.GetCurveChangedEventProvider(), &curvesChanged),
       yLayoutConnection(&yViewer_.GetLayoutChangedEventProvider(), &curvesChanged),
       yCurveConnection(&yViewer_.GetCurveChangedEventProvider(), &curvesChanged)
 {
-    ReservePoints();
+    points.Reserve(CXYCurvesGraphics::CountPoints());
 }
 
 void CXYCurvesGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CSimple2DRegion* /*region*/)
@@ -30,10 +30,8 @@ void CXYCurvesGraphics::Draw(Graphics::CDrawSurface& surface, const Graphics::CS
     {
         return;
     }
-    surface.SetTextNoClip(true);
-    surface.SetPenColor(color);
-    surface.SetPenStyle(penStyle);
-    if (antiAlias)
+    TakeUpPen(surface);
+    if (GetAntiAlias())
     {
         DrawForm<CExactPixels>(surface);
     }
@@ -48,7 +46,7 @@ void CXYCurvesGraphics::DrawForm(Graphics::CDrawSurface& surface)
 {
     using Point = typename Form::Point;
     const std::span<Point> buffer(points.Get(static_cast<Point*>(nullptr)));
-    if (graphStyle == GraphStyleCurve)
+    if (GetGraphStyle() == GraphStyleCurve)
     {
         AddPoints<Form>(TPointsPen(buffer, 1,
                                    [&surface](const Point* corners, int count)
@@ -70,8 +68,8 @@ void CXYCurvesGraphics::AddPoints(Pen pen) const
     float t = 0.0F;
     for (int i = 0; i < count; ++i)
     {
-        const float x = xViewer.GetValue(t, curveAccessMode);
-        const float y = yViewer.GetValue(t, curveAccessMode);
+        const float x = xViewer.GetValue(t, GetCurveAccessMode());
+        const float y = yViewer.GetValue(t, GetCurveAccessMode());
         t += step;
         if (std::isfinite(x) && std::isfinite(y))
         {
@@ -89,72 +87,6 @@ int CXYCurvesGraphics::CountPoints() const
 {
     const float count = std::min(positionsCount, static_cast<float>(CLimits::maxSamples));
     return count > 1.0F ? Graphics::RoundToPixel(static_cast<double>(count)) : 0;
-}
-
-void CXYCurvesGraphics::SetSize(Graphics::CSize newSize)
-{
-    CBaseGraphics::SetSize(newSize);
-    extraPixels.SetSize(newSize);
-}
-
-void CXYCurvesGraphics::SetColor(Graphics::CColor newColor)
-{
-    if (color != newColor)
-    {
-        color = newColor;
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::SetPenStyle(std::uint32_t newPenStyle)
-{
-    if (penStyle != newPenStyle)
-    {
-        penStyle = newPenStyle;
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::SetGraphStyle(std::uint32_t newGraphStyle)
-{
-    if (graphStyle != newGraphStyle)
-    {
-        graphStyle = newGraphStyle;
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::SetAntiAlias(bool newAntiAlias)
-{
-    if (antiAlias != newAntiAlias)
-    {
-        antiAlias = newAntiAlias;
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::SetCurveAccessMode(bool newCurveAccessMode)
-{
-    if (curveAccessMode != newCurveAccessMode)
-    {
-        curveAccessMode = newCurveAccessMode;
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::SetPositionsCount(float newPositionsCount)
-{
-    if (positionsCount < newPositionsCount || positionsCount > newPositionsCount)
-    {
-        positionsCount = newPositionsCount;
-        ReservePoints();
-        RaiseChanged();
-    }
-}
-
-void CXYCurvesGraphics::ReservePoints()
-{
-    points.Reserve(CountPoints());
 }
 
 } // namespace Mirel::DataModel::GUIWidgets

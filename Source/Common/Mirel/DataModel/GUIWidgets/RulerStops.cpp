@@ -40,10 +40,13 @@ std::vector<CRulerStop> GetSteppedStops(const CParamViewerConfig& axis)
     {
         return stops;
     }
-    const double stride = std::ceil((last - first + 1.0) / CLimits::maxRulerStops);
-    for (double k = std::ceil(first / stride) * stride; k <= last; k += stride)
+    const auto firstStop = static_cast<std::int64_t>(first);
+    const auto lastStop = static_cast<std::int64_t>(last);
+    const std::int64_t stride = (lastStop - firstStop) / CLimits::maxRulerStops + 1;
+    for (std::int64_t k = (firstStop + stride - 1) / stride * stride; k <= lastStop; k += stride)
     {
-        const auto position = static_cast<float>(std::clamp(k / spread - before, 0.0, 1.0));
+        const auto position =
+            static_cast<float>(std::clamp(static_cast<double>(k) / spread - before, 0.0, 1.0));
         stops.push_back({position, WithPlainZero(axis.PositionToValue(position), axis)});
     }
     return stops;
@@ -77,9 +80,11 @@ void AddMultiples(std::vector<CRulerStop>& stops, const CParamViewerConfig& axis
                   double labels)
 {
     const double step = RoundUpToNice((high - low) / labels);
-    for (double k = std::ceil(low / step - tolerance); k <= high / step + tolerance; k += 1.0)
+    const double first = std::ceil(low / step - tolerance);
+    const auto intervals = static_cast<int>(std::floor(high / step + tolerance) - first);
+    for (int i = 0; i <= intervals; ++i)
     {
-        AddValue(stops, axis, k * step);
+        AddValue(stops, axis, (first + i) * step);
     }
 }
 
@@ -91,11 +96,13 @@ void AddDecades(std::vector<CRulerStop>& stops, const CParamViewerConfig& axis, 
     const double least = std::min(std::fabs(low), std::fabs(high));
     const double most = std::max(std::fabs(low), std::fabs(high));
     const bool hasRoom = 3.0 * std::log10(most / least) <= labels;
-    for (double decade = std::pow(10.0, std::floor(std::log10(least))); decade <= most; decade *= 10.0)
+    const auto firstDecade = static_cast<int>(std::floor(std::log10(least)));
+    const auto lastDecade = static_cast<int>(std::floor(std::log10(most * (1.0 + tolerance))));
+    for (int decade = firstDecade; decade <= lastDecade; ++decade)
     {
         for (const double factor : {1.0, 2.0, 5.0})
         {
-            const double value = factor * decade;
+            const double value = factor * std::pow(10.0, decade);
             if ((factor < 2.0 || hasRoom) && value >= least * (1.0 - tolerance) &&
                 value <= most * (1.0 + tolerance))
             {

@@ -142,8 +142,8 @@ bool CListBox::OnMouseDrag(const COSXMouseEvent& event)
 
 bool CListBox::OnMouseWheel(const COSXMouseWheelEvent& event)
 {
-    constexpr float rowsPerNotch = 3.0F;
-    ScrollTo(firstRow - Core::TruncateToInt32(std::round(event.deltaY * rowsPerNotch)));
+    constexpr double rowsPerNotch = 3.0;
+    ScrollTo(firstRow - Core::TruncateToInt32(std::round(static_cast<double>(event.deltaY) * rowsPerNotch)));
     return true;
 }
 

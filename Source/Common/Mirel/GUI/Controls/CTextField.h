@@ -63,7 +63,7 @@ private:
     void Paste();
     void AfterMove();
     void AfterChange();
-    int GetX(std::size_t position) const;
+    int GetX(std::size_t place) const;
     std::size_t FindPosition(int x) const;
     void ScrollToCaret();
     void StopBlinking();

@@ -28,7 +28,7 @@ protected:
     bool OnSpareKey(const COSXKeyEvent& event) override;
 
 private:
-    void AddButton(const char* text, EMessageAnswer answer);
+    void AddButton(const char* shown, EMessageAnswer answer);
     void Answer(EMessageAnswer answer);
     void MoveFocus(int step);
 

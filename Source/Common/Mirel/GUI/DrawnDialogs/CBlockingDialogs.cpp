@@ -39,7 +39,7 @@ CBlockingDialogs::~CBlockingDialogs()
 {
     while (!open.empty())
     {
-        Cancel(open.begin()->first);
+        CBlockingDialogs::Cancel(open.begin()->first);
     }
 }
 

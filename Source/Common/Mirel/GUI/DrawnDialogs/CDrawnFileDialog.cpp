@@ -296,8 +296,7 @@ void CDrawnFileDialog::Answer(const std::string& path)
 {
     if (const auto call = std::exchange(answered, nullptr); call)
     {
-        const std::string chosen = path;
-        call(chosen);
+        call(std::string(path)); // what the path stands in may go with the dialog
     }
 }
 

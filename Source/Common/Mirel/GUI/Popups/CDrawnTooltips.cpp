@@ -48,7 +48,7 @@ CDrawnTooltips::CDrawnTooltips(INativePlatform& platform_, const CPopupLook& loo
 
 CDrawnTooltips::~CDrawnTooltips()
 {
-    Hide();
+    CDrawnTooltips::Hide();
 }
 
 void CDrawnTooltips::Show(const std::string& text, const INativeWindow& owner_, CPoint screenPosition)

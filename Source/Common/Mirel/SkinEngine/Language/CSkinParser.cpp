@@ -1,6 +1,5 @@
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 
-#include "Mirel/SkinEngine/Language/IElementListener.h"
 #include "Mirel/SkinEngine/Language/LanguageElements.h"
 #include "Mirel/SkinEngine/Language/Quoted.h"
 #include "Mirel/SkinEngine/Language/VariableSubstitution.h"
@@ -113,9 +112,9 @@ void CSkinParser::SetVariable(const char* name, const char* value)
     variables.Set(name, value);
 }
 
-void CSkinParser::SetElementListener(IElementListener* listener_)
+void CSkinParser::SetElementListener(IElementListener* listener)
 {
-    listener = listener_;
+    listened.SetListener(listener);
 }
 
 const char* CSkinParser::GetCurrentElementName() const
@@ -163,13 +162,13 @@ bool CSkinParser::ProcessStart(const char* name, CNamedAttributes& attributes)
         if (inUndefine)
         {
             EnterElement();
-            ListenToStart(name, nullptr);
+            listened.StartRefused(name);
             definitions.Undefine(name);
             return true;
         }
         if (!CheckRootElement(name))
         {
-            ListenToStart(name, nullptr);
+            listened.StartRefused(name);
             return false;
         }
         const char* baseType = definitions.TranslateStart(name, attributes);
@@ -189,7 +188,7 @@ bool CSkinParser::ProcessStart(const char* name, CNamedAttributes& attributes)
 bool CSkinParser::StartDefinition(const char* name, CNamedAttributes& attributes)
 {
     EnterElement();
-    ListenToStart(name, nullptr);
+    listened.StartRefused(name);
     if (startHandlers.contains(name))
     {
         return Fail(std::string(name) + ": you cannot redefine reserved elements. "
@@ -279,7 +278,7 @@ bool CSkinParser::StartRecorded(const char* name, const CNamedAttributes& attrib
 bool CSkinParser::StartHandled(const char* name, const CNamedAttributes& attributes)
 {
     EnterElement();
-    ListenToStart(name, &attributes);
+    listened.Start(name, attributes);
     const auto handler = startHandlers.find(name);
     if (handler != startHandlers.end())
     {
@@ -332,13 +331,13 @@ bool CSkinParser::ProcessEnd(const char* name)
 
 bool CSkinParser::EndHandled(const char* name)
 {
-    const bool listened = !listenedElements.empty() && listenedElements.back().name == name;
+    const bool isListened = listened.IsInnermost(name);
     const std::size_t before = expansions.size();
     const auto handler = endHandlers.find(name);
     const bool result = handler == endHandlers.end() || handler->second->Execute();
-    if (listened)
+    if (isListened)
     {
-        ListenToEnd();
+        listened.End();
     }
     if (expansions.size() > before)
     {
@@ -349,31 +348,6 @@ bool CSkinParser::EndHandled(const char* name)
         LeaveElement();
     }
     return Conclude(result);
-}
-
-/// Without attributes the element was refused: the listener hears of neither end.
-void CSkinParser::ListenToStart(const char* name, const CNamedAttributes* attributes)
-{
-    if (listener == nullptr)
-    {
-        return;
-    }
-    const bool shown = attributes != nullptr && !IsLanguageElement(name);
-    listenedElements.push_back({name, shown});
-    if (shown)
-    {
-        listener->OnElementStart(name, *attributes);
-    }
-}
-
-void CSkinParser::ListenToEnd()
-{
-    const CListenedElement element = std::move(listenedElements.back());
-    listenedElements.pop_back();
-    if (element.shown && listener != nullptr)
-    {
-        listener->OnElementEnd(element.name.c_str());
-    }
 }
 
 void CSkinParser::RefuseText(const char* name)

@@ -8,6 +8,7 @@
 #include "Mirel/SkinEngine/Language/CBoundedLog.h"
 #include "Mirel/SkinEngine/Language/CDefineParser.h"
 #include "Mirel/SkinEngine/Language/CExpansion.h"
+#include "Mirel/SkinEngine/Language/CListenedElements.h"
 #include "Mirel/SkinEngine/Language/CParseBudget.h"
 #include "Mirel/SkinEngine/Language/CPublicState.h"
 #include "Mirel/SkinEngine/Language/CSkinPaths.h"
@@ -140,12 +141,6 @@ private:
         std::string name;
     };
 
-    struct CListenedElement
-    {
-        std::string name;
-        bool shown; ///< A refused element's end comes all the same.
-    };
-
     // The walk.
     bool ProcessStart(const char* name, Containers::CNamedAttributes& attributes);
     bool StartResolved(const char* name, Containers::CNamedAttributes& attributes);
@@ -157,8 +152,6 @@ private:
     bool ProcessEnd(const char* name);
     bool EndHandled(const char* name);
     void RefuseText(const char* name) override;
-    void ListenToStart(const char* name, const Containers::CNamedAttributes* attributes);
-    void ListenToEnd();
     bool Conclude(bool result);
     void EnterElement();
     void LeaveElement();
@@ -211,8 +204,7 @@ private:
     CParseBudget budget;
     Containers::TStringMap<std::unique_ptr<CStartCommand>> startHandlers;
     Containers::TStringMap<std::unique_ptr<CEndCommand>> endHandlers;
-    IElementListener* listener = nullptr;
-    std::vector<CListenedElement> listenedElements; ///< Those that are open, kept while there is a listener.
+    CListenedElements listened;
 
     std::string currentElementName;
     std::string rootElement;

@@ -43,7 +43,7 @@ public:
           reader(parser_.reader),
           depth(parser_.depth),
           openUses(parser_.openUses.size()),
-          listenedElements(parser_.listenedElements.size())
+          listenedDepth(parser_.listened.GetDepth())
     {
         parser->state.SetCurrentFile(path);
         parser->reader = nullptr;
@@ -67,10 +67,7 @@ public:
 private:
     void CloseRest()
     {
-        while (parser->listenedElements.size() > listenedElements)
-        {
-            parser->ListenToEnd();
-        }
+        parser->listened.EndDownTo(listenedDepth);
         while (parser->openUses.size() > openUses)
         {
             parser->openUses.pop_back();
@@ -90,7 +87,7 @@ private:
     const CXmlFileReader* reader;
     int depth;
     std::size_t openUses;
-    std::size_t listenedElements;
+    std::size_t listenedDepth;
     bool complete = false;
 };
 
@@ -164,7 +161,7 @@ void CSkinParser::ResetWalk()
     expansions.clear();
     openUses.clear();
     localVariables.clear();
-    listenedElements.clear();
+    listened.Clear();
     repeats.Clear();
     repeat = {};
     recordingRepeat = false;

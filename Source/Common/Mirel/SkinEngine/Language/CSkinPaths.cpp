@@ -31,7 +31,7 @@ void CSkinPaths::SetDataFolder(std::string path)
 
 std::string CSkinPaths::Resolve(const std::string& root, std::string_view value)
 {
-    const std::string path = NormalizePath(value);
+    std::string path = NormalizePath(value);
     if (!path.empty() && path.front() == '/' && IsInside(root, path))
     {
         return path;

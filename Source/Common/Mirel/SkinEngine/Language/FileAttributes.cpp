@@ -95,7 +95,7 @@ std::optional<std::string> FindFileAttribute(const CNamedAttributes& attributes,
             CNamePieces pieces = Beginning(base, baseCount);
             const CNamePieces rest = Beginning(suffix, suffixCount);
             pieces.insert(pieces.end(), rest.begin(), rest.end());
-            if (const auto path = FindShortenedAttribute(attributes, pieces, files))
+            if (auto path = FindShortenedAttribute(attributes, pieces, files))
             {
                 return path;
             }

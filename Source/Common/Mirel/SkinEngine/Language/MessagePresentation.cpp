@@ -16,31 +16,30 @@ struct CShown
     bool infos;
 };
 
+bool IsShown(int kind, const CShown& shown)
+{
+    switch (kind)
+    {
+    case CMessageKind::Error:
+        return shown.errors;
+    case CMessageKind::Warning:
+        return shown.warnings;
+    default:
+        return kind == CMessageKind::Info && shown.infos;
+    }
+}
+
 std::string Lines(const CMemMessageLog& log, const CShown& shown)
 {
     std::string lines;
     for (const CMemMessageLog::CMessage& message : log.GetMessages())
     {
-        const char* prefix = nullptr;
-        if (message.level > log.GetThreshold())
+        if (message.level <= log.GetThreshold() && IsShown(message.kind, shown))
         {
-            continue;
-        }
-        if (message.kind == CMessageKind::Error && shown.errors)
-        {
-            prefix = "error: ";
-        }
-        else if (message.kind == CMessageKind::Warning && shown.warnings)
-        {
-            prefix = "warning: ";
-        }
-        else if (message.kind == CMessageKind::Info && shown.infos)
-        {
-            prefix = "info: ";
-        }
-        if (prefix != nullptr)
-        {
-            lines.append("\n- ").append(prefix).append(message.text);
+            lines.append("\n- ")
+                .append(CMessageKind::GetName(message.kind))
+                .append(": ")
+                .append(message.text);
         }
     }
     return lines;

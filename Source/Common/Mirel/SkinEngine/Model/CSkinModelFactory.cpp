@@ -40,7 +40,7 @@ public:
         log.Post(CMessageKind::Info, "Pre-Parsing the model...", 0);
         parser.ResetHandlers();
         RegisterMarks();
-        preParsed = ParseFile(path);
+        preParsed = ParseFile(parser, path, rootElement, variables);
         DropItemMarks(parser);
         return preParsed;
     }
@@ -62,7 +62,7 @@ public:
         log.Post(CMessageKind::Info, "Parsing the model...", 0);
         parser.ResetHandlers();
         RegisterBuilders();
-        const bool succeeded = ParseFile(path);
+        const bool succeeded = ParseFile(parser, path, rootElement, variables);
         void* noContext = nullptr;
         const std::unique_ptr<IParsedTemplate> rest(parser.StopRecording(noContext));
         build.Drop();
@@ -86,18 +86,6 @@ private:
     {
         log.Post(CMessageKind::Error, "Fatal error: model parsing failed", 0);
         return false;
-    }
-
-    bool ParseFile(const char* path)
-    {
-        parser.SetRootElement(rootElement);
-        const std::unique_ptr<Containers::INamedAttributesConstIterator> variable(
-            std::as_const(variables).CreateIterator());
-        for (; variable->IsValid(); variable->Next())
-        {
-            parser.SetVariable(variable->GetName(), variable->GetValue());
-        }
-        return parser.ParseFile(path);
     }
 
     void RegisterBuilders()

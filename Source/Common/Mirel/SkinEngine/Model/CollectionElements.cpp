@@ -16,7 +16,7 @@ namespace
 
 /// Hands the collection to the model: it lives as long as that, and lets its items go in time.
 template <class T>
-T& OwnCollection(CModelBuild& build, std::unique_ptr<T> collection)
+T& OwnCollection(CElementBuild& build, std::unique_ptr<T> collection)
 {
     T& owned = build.Own(std::move(collection));
     const auto close = [&owned] { owned.SetItemFactory(nullptr); };
@@ -27,7 +27,7 @@ T& OwnCollection(CModelBuild& build, std::unique_ptr<T> collection)
 
 } // namespace
 
-bool BuildCollectionStart(CModelBuild& build, const CNamedAttributes& attributes)
+bool BuildCollectionStart(CElementBuild& build, const CNamedAttributes& attributes)
 {
     build.GetParser().StartRecording(nullptr);
     build.openCollection = nullptr;
@@ -54,7 +54,7 @@ bool BuildCollectionStart(CModelBuild& build, const CNamedAttributes& attributes
     return added;
 }
 
-bool BuildForEachStart(CModelBuild& build, const CNamedAttributes& attributes)
+bool BuildForEachStart(CElementBuild& build, const CNamedAttributes& attributes)
 {
     using T = CForEachSkinCollection;
     build.GetParser().StartRecording(nullptr);
@@ -77,12 +77,19 @@ bool BuildForEachStart(CModelBuild& build, const CNamedAttributes& attributes)
     return added;
 }
 
-bool BuildCollectionEnd(CModelBuild& build)
+CSkinCollectionBase* CloseCollection(CElementBuild& build, std::unique_ptr<IParsedTemplate>& body)
 {
     void* noContext = nullptr;
-    std::unique_ptr<IParsedTemplate> body(build.GetParser().StopRecording(noContext));
+    body.reset(build.GetParser().StopRecording(noContext));
     CSkinCollectionBase* const collection = std::exchange(build.openCollection, nullptr);
-    if (body == nullptr || collection == nullptr)
+    return body == nullptr ? nullptr : collection;
+}
+
+bool BuildCollectionEnd(CModelBuild& build)
+{
+    std::unique_ptr<IParsedTemplate> body;
+    CSkinCollectionBase* const collection = CloseCollection(build, body);
+    if (collection == nullptr)
     {
         return true;
     }

@@ -2,10 +2,13 @@
 
 #include "Mirel/SkinEngine/Model/CModelBuild.h"
 
+#include <memory>
 #include <string>
 
 namespace Mirel::SkinEngine
 {
+
+class IParsedTemplate;
 
 // The elements of the model dialect. For each a function that builds what it stands for, and one that marks
 // what it refers to as wanted. False for a failed element, with a message in the log.
@@ -62,9 +65,13 @@ bool BuildExposedObjects(CModelBuild& build, const Containers::CNamedAttributes&
 
 // What has an end as well.
 bool BuildModelStart(CModelBuild& build, const Containers::CNamedAttributes& attributes);
-bool BuildCollectionStart(CModelBuild& build, const Containers::CNamedAttributes& attributes);
-bool BuildForEachStart(CModelBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildCollectionStart(CElementBuild& build, const Containers::CNamedAttributes& attributes);
+bool BuildForEachStart(CElementBuild& build, const Containers::CNamedAttributes& attributes);
 bool BuildCollectionEnd(CModelBuild& build);
+
+/// At the end of a collection's element in either dialect: the collection, and what its items are made of.
+/// Null if the element was refused.
+CSkinCollectionBase* CloseCollection(CElementBuild& build, std::unique_ptr<IParsedTemplate>& body);
 
 // Marks.
 bool MarkObject(const SModelMarks& marks, const Containers::CNamedAttributes& attributes);

@@ -44,4 +44,14 @@ void RegisterEnd(CSkinParser& parser, const char* name, F handle)
     parser.RegisterEndHandler(name, new TEndCommand<F>(std::move(handle)));
 }
 
+/// Reads a file of a dialect, whose first element has that name, with variables of the client's.
+inline bool ParseFile(CSkinParser& parser, const char* path, const char* rootElement,
+                      const Containers::CNamedAttributes& variables)
+{
+    parser.SetRootElement(rootElement);
+    variables.Visit([&parser](const std::string& name, const std::string& value)
+                    { parser.SetVariable(name.c_str(), value.c_str()); });
+    return parser.ParseFile(path);
+}
+
 } // namespace Mirel::SkinEngine

@@ -150,11 +150,11 @@ bool ReadAxis(CUIElement& element, const SAxisNames& names, CParamViewerConfig& 
     ReadNumber(attributes, prefix + "max_zoom", maxZoom);
     axis.SetZoom(zoom);
     axis.SetOffset(offset);
-    const bool exposed = element.Expose(
+    const bool exposed = element.GetProperties().Expose(
         ("." + prefix + "zoom").c_str(), {"Zoom", 1.0F, maxZoom, ValueKindReal, nullptr, nullptr},
         [&axis] { return axis.GetZoom(); }, [&axis](float value) { axis.SetZoom(value); },
         &axis.GetZoomChangedEventProvider());
-    return element.Expose(
+    return element.GetProperties().Expose(
                ("." + prefix + "offset").c_str(), {"Offset", 0.0F, 1.0F, ValueKindReal, nullptr, nullptr},
                [&axis] { return axis.GetOffset(); }, [&axis](float value) { axis.SetOffset(value); },
                &axis.GetOffsetChangedEventProvider()) &&

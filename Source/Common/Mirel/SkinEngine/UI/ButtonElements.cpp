@@ -29,7 +29,7 @@ SPushImage ReadPushImage(CUIBuild& build, const CNamedAttributes& attributes)
 
 bool ExposePushed(CUIElement& element, CPushableImageWidgetGraphics& graphics)
 {
-    return element.ExposeSwitch(
+    return element.GetProperties().ExposeSwitch(
         ".pushed", pushedProperty, [&graphics] { return graphics.IsPushed(); },
         [&graphics](bool on) { graphics.SetPushed(on); }, &graphics.GetPushedChangedEventProvider());
 }

@@ -1,14 +1,12 @@
 #include "Mirel/SkinEngine/UI/CGUISkinWindow.h"
 
-#include "Mirel/GUI/CLightWidgetAdapter.h"
-#include "Mirel/GUI/CLightWidgetLayoutCell.h"
-#include "Mirel/GUI/CWidgetLayoutCell.h"
 #include "Mirel/Runtime/CDynamicObject.h"
 #include "Mirel/SkinEngine/Language/CSkinParser.h"
 #include "Mirel/SkinEngine/Language/MessagePresentation.h"
+#include "Mirel/SkinEngine/UI/CExposedProperties.h"
 #include "Mirel/SkinEngine/UI/CGUISkinData.h"
+#include "Mirel/SkinEngine/UI/CSkinRoot.h"
 #include "Mirel/SkinEngine/UI/CSkinUIElementsHandler.h"
-#include "Mirel/SkinEngine/UI/ExposedObjects.h"
 
 #include <filesystem>
 #include <utility>
@@ -35,21 +33,17 @@ constexpr float alphaUnit = 0.003921569F;
 /// What a load builds. What is made of the rest stands last, and goes first.
 struct CGUISkinWindow::SLoad
 {
-    SLoad(CoreUtilities::IMessageLog& log, const std::string& dataFolder)
-        : model(&log),
-          fonts(Graphics::GetFontsFolder(dataFolder))
+    explicit SLoad(CGUISkinWindow& window)
+        : model(&window.placedLog),
+          fonts(Graphics::GetFontsFolder(window.services.dataFolder)),
+          root(window, window.onRootResized)
     {
     }
 
     CSkinModel model; ///< All that the skin can name.
     Graphics::CGraphicResourcesManager images;
     Graphics::CFontManager fonts;
-    std::unique_ptr<GUI::CLightWidget> lightRoot;
-    std::unique_ptr<GUI::CLightWidgetAdapter> adapter; ///< Shows the light root.
-    Layout::CGroupLayoutCell* group = nullptr;         ///< The root's area.
-    bool hasFixedWidth = false;
-    bool hasFixedHeight = false;
-    Core::CSize fixedSize;
+    CSkinRoot root;
     CGUISkinData data{model}; ///< The skin's own part of the model, its widgets and cells.
 };
 
@@ -161,7 +155,7 @@ bool CGUISkinWindow::Attach(GUI::CWindow* around)
 
 bool CGUISkinWindow::Build()
 {
-    load = std::make_unique<SLoad>(placedLog, services.dataFolder);
+    load = std::make_unique<SLoad>(*this);
     load->images.SetDeviceScale(platform.GetScale());
     if (!load->fonts.GetProblem().empty())
     {
@@ -219,9 +213,9 @@ void CGUISkinWindow::ExposeWindow()
     thread->AddInterface<System::IThreadInvoker>("IThreadInvoker", &timers.GetInvoker(), false);
     model.AddObject("model_thread", thread.release(), true);
 
-    ExposeWindowProperties(
-        load->data, [this] { return GetOpacity(); }, [this](float value) { SetOpacity(value); },
-        &opacityChanged, [this] { return loaded; }, &loadedChanged);
+    CExposedProperties(load->data, "window")
+        .ExposeWindow([this] { return GetOpacity(); }, [this](float value) { SetOpacity(value); },
+                      &opacityChanged, [this] { return loaded; }, &loadedChanged);
 }
 
 SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
@@ -234,53 +228,18 @@ SSkinPlace CGUISkinWindow::OpenRoot(SSkinRootAttributes attributes)
     SetShowWarnings(attributes.showWarnings);
     SetRefreshPriority(attributes.refreshPriority);
     SetBackgroundColor(attributes.backgroundColor.value_or(Graphics::CColor()));
-    const Core::CSize imageSize =
-        attributes.background != nullptr && attributes.backgroundIsImage && !attributes.backgroundRepeats
-            ? attributes.background->GetSize()
-            : Core::CSize();
-    // A colour alone needs no graphics: the widget fills itself with it.
-    SetBackgroundGraphics(attributes.backgroundIsImage ? std::move(attributes.background) : nullptr);
-
-    SSkinPlace place;
-    place.native = this;
-    if (attributes.lightMode && !attributes.systemWidget)
-    {
-        load->lightRoot = std::make_unique<GUI::CLightWidget>();
-        load->adapter = std::make_unique<GUI::CLightWidgetAdapter>(load->lightRoot.get(), false);
-        load->lightRoot->GetSizeChangedEvent().Connect(onRootResized);
-        AddChild(load->adapter.get(), false);
-        load->adapter->Show(true);
-        place.light = load->lightRoot.get();
-        load->group = &load->lightRoot->GetCell();
-    }
-    else
-    {
-        load->group = &GetCell();
-    }
-    place.group = load->group;
-    SizeRoot(attributes, imageSize);
-    return place;
-}
-
-void CGUISkinWindow::SizeRoot(const SSkinRootAttributes& attributes, Core::CSize imageSize)
-{
-    constexpr int ofContent = SSkinRootAttributes::sizeOfContent;
-    const auto fixed = [](int stated, int ofImage) {
-        return stated != ofContent ? stated : ofImage > 0 ? ofImage : ofContent;
-    };
-    const int width = fixed(attributes.width, imageSize.width);
-    const int height = fixed(attributes.height, imageSize.height);
-    load->group->SetAutoWidth(width == ofContent);
-    load->group->SetAutoHeight(height == ofContent);
-    load->group->SetFixedSize({width == ofContent ? 0 : width, height == ofContent ? 0 : height});
+    const Core::CSize imageSize = attributes.background != nullptr && !attributes.backgroundRepeats
+                                      ? attributes.background->GetSize()
+                                      : Core::CSize();
+    SetBackgroundGraphics(std::move(attributes.background));
+    return load->root.Open(attributes, imageSize);
 }
 
 void CGUISkinWindow::LayOut()
 {
-    if (load != nullptr && load->group != nullptr)
+    if (load != nullptr && load->root.IsOpen())
     {
-        load->group->SetAutoUpdate(true);
-        load->group->SetPosition({0, 0});
+        load->root.LayOut();
         OnRootResized();
     }
     const Core::CSize found = GetSize();
@@ -288,8 +247,10 @@ void CGUISkinWindow::LayOut()
     {
         const Core::CSize seen = {found.width > 0 ? found.width : sizeOfNothing,
                                   found.height > 0 ? found.height : sizeOfNothing};
-        // The layout of a window that is itself the root would take the size back.
-        SetViewSize(load != nullptr && load->lightRoot == nullptr ? seen : Core::CSize());
+        if (load != nullptr && load->root.GetLight() == nullptr)
+        {
+            SetViewSize(seen); // the layout of a window that is itself the root would take the size back
+        }
         SetSize(seen);
     }
 }
@@ -313,11 +274,7 @@ void CGUISkinWindow::PresentParseMessages(CoreUtilities::CMemMessageLog& message
 
 void CGUISkinWindow::Start()
 {
-    if (!statePath.empty() && statePath != skinPath)
-    {
-        state.Clear(); // of another skin
-    }
-    load->model.RestoreState(state);
+    state.Restore(load->model, skinPath);
     load->model.GetEnable().Enable(true);
     timers.GetStandard().AddTimer(refreshPeriodMs, &onRefresh);
     timers.Run(true);
@@ -332,10 +289,10 @@ void CGUISkinWindow::CloseSkin()
     {
         return;
     }
-    KeepState();
     laidOut = false;
     if (loaded)
     {
+        state.Keep(load->model, skinPath);
         loaded = false;
         loadedChanged.Notify();
     }
@@ -361,10 +318,6 @@ void CGUISkinWindow::Drop()
     {
         services.leaveModel();
     }
-    if (load->lightRoot != nullptr)
-    {
-        load->lightRoot->GetSizeChangedEvent().Disconnect(&onRootResized);
-    }
     SetBackgroundGraphics(nullptr);
     SetBackgroundColor({});
     SetRefreshPriority(0);
@@ -373,18 +326,16 @@ void CGUISkinWindow::Drop()
 
 void CGUISkinWindow::OnRootResized()
 {
-    if (load != nullptr && load->lightRoot != nullptr)
+    if (load == nullptr || load->root.GetLight() == nullptr)
     {
-        const Core::CSize rootSize = load->lightRoot->GetSize();
-        if (laidOut && rootSize != GetSize())
-        {
-            SetSize(rootSize);
-            contentResized.Notify();
-        }
-        else
-        {
-            SetSize(rootSize);
-        }
+        return;
+    }
+    const Core::CSize rootSize = load->root.GetLight()->GetSize();
+    const bool isNew = laidOut && rootSize != GetSize();
+    SetSize(rootSize);
+    if (isNew)
+    {
+        contentResized.Notify();
     }
 }
 
@@ -394,7 +345,7 @@ void CGUISkinWindow::OnResized()
     {
         background->SetSize(GetSize());
     }
-    if (load != nullptr && load->lightRoot == nullptr)
+    if (load != nullptr && load->root.GetLight() == nullptr)
     {
         CCustomWidget::OnResized();
         if (laidOut)
@@ -406,16 +357,12 @@ void CGUISkinWindow::OnResized()
 
 void CGUISkinWindow::SetViewSize(Core::CSize viewSize)
 {
-    if (load == nullptr || load->group == nullptr || viewSize.IsEmpty())
+    if (load == nullptr || !load->root.IsOpen() || viewSize.IsEmpty())
     {
         return;
     }
     const bool wasLaidOut = std::exchange(laidOut, false);
-    load->group->SetAutoUpdate(false);
-    load->group->SetAutoSize(false);
-    load->group->SetFixedSize(viewSize);
-    load->group->SetAutoUpdate(true);
-    load->group->SetPosition({0, 0});
+    load->root.LayOutIn(viewSize);
     SetSize(viewSize);
     laidOut = wasLaidOut;
 }
@@ -428,45 +375,17 @@ void CGUISkinWindow::OnDraw(const GUI::COSXNativeDrawEvent& event)
     }
 }
 
-void CGUISkinWindow::KeepState()
-{
-    if (loaded)
-    {
-        load->model.TakeState(state);
-        statePath = skinPath;
-    }
-}
-
 bool CGUISkinWindow::SaveState(Serialization::IWriteDataStream& stream) const
 {
-    const bool hasVersion = stream.Write("version", stateVersion);
-    if (!loaded)
-    {
-        return stream.Write("state", static_cast<const Serialization::ISerialize&>(state)) && hasVersion;
-    }
-    CSkinModelState present;
-    load->model.TakeState(present);
-    return stream.Write("state", static_cast<const Serialization::ISerialize&>(present)) && hasVersion;
+    return state.Save(stream, loaded ? &load->model : nullptr);
 }
 
 bool CGUISkinWindow::LoadState(const Serialization::IReadDataStream& stream)
 {
-    int version = 0;
-    stream.Read("version", version);
-    bool read = false;
-    if (version < stateVersion)
-    {
-        read = state.Deserialize(stream); // its fields stand side by side with the version
-    }
-    else
-    {
-        state.Clear();
-        read = stream.Read("state", static_cast<Serialization::IDeSerialize&>(state));
-    }
-    statePath.clear();
+    const bool read = state.Load(stream);
     if (loaded)
     {
-        load->model.RestoreState(state);
+        state.Restore(load->model, skinPath);
     }
     return read;
 }

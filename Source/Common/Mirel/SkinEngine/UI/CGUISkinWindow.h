@@ -5,8 +5,8 @@
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/GUI/CCustomWidget.h"
 #include "Mirel/GUI/CWindow.h"
-#include "Mirel/SkinEngine/Model/CSkinModelState.h"
 #include "Mirel/SkinEngine/UI/CPlacedLog.h"
+#include "Mirel/SkinEngine/UI/CSkinStateKeeper.h"
 #include "Mirel/SkinEngine/UI/CSkinTimers.h"
 #include "Mirel/SkinEngine/UI/ISkinRoot.h"
 #include "Mirel/SkinEngine/UI/SSkinWindowServices.h"
@@ -28,9 +28,6 @@ class CGUISkinWindow : public GUI::CCustomWidget, private GUI::CWidgetEventsTarg
 {
 public:
     static constexpr const char* engineVersion = "1.8";
-
-    /// The version of a saved state.
-    static constexpr int stateVersion = 2;
 
     /// Milliseconds between two refresh events.
     static constexpr int refreshPeriodMs = 50;
@@ -131,12 +128,10 @@ private:
     bool Build();
     bool Parse();
     void ExposeWindow();
-    void SizeRoot(const SSkinRootAttributes& attributes, Core::CSize imageSize);
     void LayOut();
     void PresentParseMessages(CoreUtilities::CMemMessageLog& messages);
     void Start();
     void Drop();
-    void KeepState();
     void OnRootResized();
     void Refresh() { refreshed.Notify(); }
 
@@ -172,8 +167,7 @@ private:
     CoreUtilities::CMemMessageLog log;
     CPlacedLog placedLog{log};
     std::unique_ptr<Graphics::IGraphics> background;
-    CSkinModelState state; ///< For the next load.
-    std::string statePath; ///< The skin that the state was taken from; empty for one that was loaded.
+    CSkinStateKeeper state;
     Command onRootResized{this, &CGUISkinWindow::OnRootResized};
     Command onRefresh{this, &CGUISkinWindow::Refresh};
     std::unique_ptr<SLoad> load;

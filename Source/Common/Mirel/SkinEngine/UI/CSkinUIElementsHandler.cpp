@@ -56,7 +56,7 @@ public:
     {
         parser.ResetHandlers();
         RegisterMarks();
-        preParsed = ParseFile(path);
+        preParsed = ParseFile(parser, path, rootElement, variables);
         DropItemMarks(parser);
         return preParsed;
     }
@@ -76,7 +76,7 @@ public:
         }
         parser.ResetHandlers();
         RegisterBuilders();
-        const bool succeeded = ParseFile(path);
+        const bool succeeded = ParseFile(parser, path, rootElement, variables);
         void* noContext = nullptr;
         const std::unique_ptr<IParsedTemplate> rest(parser.StopRecording(noContext));
         build.Drop();
@@ -105,14 +105,6 @@ private:
     {
         log.Post(CMessageKind::Error, "Fatal error: skin parsing failed", 0);
         return false;
-    }
-
-    bool ParseFile(const char* path)
-    {
-        parser.SetRootElement(rootElement);
-        variables.Visit([this](const std::string& name, const std::string& value)
-                        { parser.SetVariable(name.c_str(), value.c_str()); });
-        return parser.ParseFile(path);
     }
 
     void RegisterBuilders()
@@ -223,9 +215,8 @@ CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtiliti
 CSkinUIElementsHandler::CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_,
                                                CGUISkinData& data_, const SSkinUIServices& services_,
                                                const SUIScope& scope,
-                                               std::shared_ptr<CSkinModelContext> context_)
-    : implementation(
-          std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr, std::move(context_)))
+                                               const std::shared_ptr<CSkinModelContext>& context_)
+    : implementation(std::make_unique<CImplementation>(parser_, log_, data_, services_, nullptr, context_))
 {
     implementation->StartItem(scope);
 }

@@ -38,7 +38,7 @@ public:
     /// given up to EndItem becomes part of it.
     CSkinUIElementsHandler(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                            const SSkinUIServices& services_, const SUIScope& scope,
-                           std::shared_ptr<CSkinModelContext> context_);
+                           const std::shared_ptr<CSkinModelContext>& context_);
 
     CSkinUIElementsHandler(const CSkinUIElementsHandler&) = delete;
     CSkinUIElementsHandler& operator=(const CSkinUIElementsHandler&) = delete;

@@ -12,21 +12,9 @@ namespace Mirel::SkinEngine
 
 using namespace DataModel::Objects;
 using Containers::CNamedAttributes;
-using CoreUtilities::CMessageKind;
 
 namespace
 {
-
-bool RunAll(std::vector<std::unique_ptr<CModelCommand>>& commands)
-{
-    bool succeeded = true;
-    const auto running = std::exchange(commands, {});
-    for (const auto& command : running)
-    {
-        succeeded = command->Execute() && succeeded;
-    }
-    return succeeded;
-}
 
 std::string TakeText(char* text)
 {
@@ -39,29 +27,13 @@ std::string TakeText(char* text)
 CUIBuild::CUIBuild(CSkinParser& parser_, CoreUtilities::IMessageLog& log_, CGUISkinData& data_,
                    const SSkinUIServices& services_, ISkinRoot* root_,
                    std::shared_ptr<CSkinModelContext> context_)
-    : parser(parser_),
-      log(log_),
+    : CElementBuild(parser_, log_, data_.GetModel(), data_.GetWholeModel(), std::move(context_),
+                    {maxSkinElements, "The skin has too many elements: the rest is left out."}),
       data(data_),
       services(services_),
       root(root_),
-      context(std::move(context_)),
       scopes(1)
 {
-}
-
-void CUIBuild::Fail(const std::string& message) const
-{
-    log.Post(CMessageKind::Error, message.c_str(), 0);
-}
-
-void CUIBuild::Warn(const std::string& message) const
-{
-    log.Post(CMessageKind::Warning, message.c_str(), 0);
-}
-
-void CUIBuild::Inform(const char* message) const
-{
-    log.Post(CMessageKind::Info, message, 0);
 }
 
 bool CUIBuild::IsInside(const char* name) const
@@ -87,7 +59,8 @@ R& CUIBuild::GetRelay(const char* id, const char* kind, typename R::CSource& pla
     void*& known = relays[std::string(typeid(R).name()) + ' ' + name];
     if (known == nullptr)
     {
-        CConnection& connection = data.Own(std::make_unique<CConnection>(context, name.c_str(), placeholder));
+        CConnection& connection =
+            data.Own(std::make_unique<CConnection>(GetContext(), name.c_str(), placeholder));
         known = &connection.GetRelay();
         if (id != nullptr && !connection.IsConnected())
         {
@@ -99,32 +72,32 @@ R& CUIBuild::GetRelay(const char* id, const char* kind, typename R::CSource& pla
 
 ICaptureParam& CUIBuild::GetParam(const char* id)
 {
-    return GetRelay<CParamRelay>(id, "param", data.GetWholeModel().GetParamNotFound());
+    return GetRelay<CParamRelay>(id, "param", GetWholeModel().GetParamNotFound());
 }
 
 const IConstCaptureParam& CUIBuild::GetConstParam(const char* id)
 {
-    return GetRelay<CConstParamRelay>(id, "param", data.GetWholeModel().GetParamNotFound());
+    return GetRelay<CConstParamRelay>(id, "param", GetWholeModel().GetParamNotFound());
 }
 
 const IConstCaptureCurve& CUIBuild::GetCurve(const char* id)
 {
-    return GetRelay<CConstCurveRelay>(id, "curve", data.GetWholeModel().GetCurveNotFound());
+    return GetRelay<CConstCurveRelay>(id, "curve", GetWholeModel().GetCurveNotFound());
 }
 
 const IConstCaptureString& CUIBuild::GetString(const char* id)
 {
-    return GetRelay<CConstStringRelay>(id, "string", data.GetWholeModel().GetStringNotFound());
+    return GetRelay<CConstStringRelay>(id, "string", GetWholeModel().GetStringNotFound());
 }
 
 const IConstAction& CUIBuild::GetAction(const char* id)
 {
-    return GetRelay<CActionRelay>(id, "action", data.GetWholeModel().GetActionNotFound());
+    return GetRelay<CActionRelay>(id, "action", GetWholeModel().GetActionNotFound());
 }
 
 const IConstParamInfo& CUIBuild::GetParamInfo(const char* id)
 {
-    return GetRelay<CParamInfoRelay>(id, "parameter info", data.GetWholeModel().GetParamNotFound().GetInfo());
+    return GetRelay<CParamInfoRelay>(id, "parameter info", GetWholeModel().GetParamNotFound().GetInfo());
 }
 
 std::string CUIBuild::FindFile(const CNamedAttributes& attributes, const std::string& name,
@@ -135,7 +108,7 @@ std::string CUIBuild::FindFile(const CNamedAttributes& attributes, const std::st
     {
         pieces.push_back(suffix);
     }
-    return TakeText(parser.GetFileAttribute(attributes, pieces));
+    return TakeText(GetParser().GetFileAttribute(attributes, pieces));
 }
 
 Graphics::CSharedImage CUIBuild::LoadImage(const std::string& path, const std::string& maskPath)
@@ -166,8 +139,8 @@ CUIBuild::ReadImage(const CNamedAttributes& attributes, const std::string& name,
     {
         pieces.push_back(suffix);
     }
-    const std::string maskPath = TakeText(parser.GetFileAttribute(attributes, pieces, {"_mask"}));
-    const std::string mousePath = TakeText(parser.GetFileAttribute(attributes, pieces, {"_mouse"}));
+    const std::string maskPath = TakeText(GetParser().GetFileAttribute(attributes, pieces, {"_mask"}));
+    const std::string mousePath = TakeText(GetParser().GetFileAttribute(attributes, pieces, {"_mouse"}));
     Graphics::CSharedImage image = LoadImage(path, maskPath);
     if (image == nullptr)
     {
@@ -186,48 +159,11 @@ CUIBuild::ReadImage(const CNamedAttributes& attributes, const std::string& name,
     return std::make_unique<Graphics::CNormalImageElement>(std::move(image), std::move(mouseMask));
 }
 
-void CUIBuild::Note(const char* id, const CNamedAttributes& attributes)
-{
-    if (IsTrue(attributes, "persistent"))
-    {
-        persistentIds.emplace_back(id);
-    }
-    if (IsTrue(attributes, "exposed"))
-    {
-        exposedIds.emplace_back(id);
-    }
-}
-
-bool CUIBuild::TakeElement()
-{
-    if (builtElements < maxSkinElements)
-    {
-        ++builtElements;
-        return true;
-    }
-    if (builtElements == maxSkinElements)
-    {
-        ++builtElements;
-        Fail("The skin has too many elements: the rest is left out.");
-    }
-    return false;
-}
-
-bool CUIBuild::TakeElements(int count)
-{
-    if (!context->GetCollections()->TakeElements(count))
-    {
-        return false;
-    }
-    elements += count;
-    return true;
-}
-
 bool CUIBuild::Finish()
 {
     Inform("Building widgets...");
-    const bool succeeded = RunAll(preLinks);
-    RunAll(counts);
+    const bool succeeded = RunPreLinks();
+    RunCounts();
     for (const SPending& each : std::exchange(pending, {}))
     {
         if (!each.isConnected())
@@ -235,48 +171,25 @@ bool CUIBuild::Finish()
             ReportMissing(each.id, each.kind);
         }
     }
-    Publish();
+    Publish([this](const char* id) { return GetWholeModel().MakePersistent(id, true); },
+            [this](const char* id) { return GetWholeModel().Expose(id); });
     Drop();
     return succeeded;
 }
 
-void CUIBuild::Publish() const
-{
-    ISkinModel& whole = data.GetWholeModel();
-    for (const std::string& id : persistentIds)
-    {
-        if (!whole.MakePersistent(id.c_str(), true))
-        {
-            Warn(id + ": cannot make object persistent (already persistent or unknown object).");
-        }
-    }
-    for (const std::string& id : exposedIds)
-    {
-        if (!whole.Expose(id.c_str()))
-        {
-            Warn(id + ": cannot expose object (already exposed or unknown object).");
-        }
-    }
-}
-
 void CUIBuild::ReportMissing(const std::string& id, const char* kind) const
 {
-    const bool exists = context->GetDictionary().Find(id.c_str()) != nullptr;
+    const bool exists = GetContext()->GetDictionary().Find(id.c_str()) != nullptr;
     Warn(exists ? id + ": Unknown " + kind + " identifier (wrong object type)."
                 : id + ": Unknown identifier (object does not exist).");
 }
 
 void CUIBuild::Drop()
 {
+    DropRest();
     scopes.resize(1);
     relays.clear();
     pending.clear();
-    preLinks.clear();
-    counts.clear();
-    persistentIds.clear();
-    exposedIds.clear();
-    openCollection = nullptr;
-    builtElements = 0;
 }
 
 } // namespace Mirel::SkinEngine

@@ -1,20 +1,17 @@
 #include "Mirel/SkinEngine/UI/CUIElement.h"
 
-#include "Mirel/Core/Numeric.h"
-#include "Mirel/DataModel/Objects/EValueKind.h"
 #include "Mirel/GUI/CLightWidgetLayoutCell.h"
 #include "Mirel/GUI/CWidgetLayoutCell.h"
 #include "Mirel/Graphics/CSharedBitmap.h"
 #include "Mirel/SkinEngine/Language/Quoted.h"
 #include "Mirel/SkinEngine/UI/CSkinWidgetAdapter.h"
 
-#include <array>
 #include <string_view>
+#include <utility>
 
 namespace Mirel::SkinEngine
 {
 
-using namespace DataModel::Objects;
 using Containers::CNamedAttributes;
 using Graphics::CColor;
 using Layout::CBaseGroupLayoutCell;
@@ -24,36 +21,13 @@ namespace
 {
 
 constexpr std::string_view systemCursorPrefix = "system::";
-constexpr float largestMargin = 100.0F;
-constexpr float largestFlex = 100.0F;
-
-constexpr SExposedProperty hideShow = {nullptr, 0.0F, 1.0F, ValueKindInteger, "Hide;Show", nullptr};
-constexpr SExposedProperty plainFlag = {nullptr, 0.0F, 1.0F, ValueKindBoolean, nullptr, nullptr};
-constexpr SExposedProperty plainShare = {nullptr, 0.0F, 1.0F, ValueKindReal, nullptr, nullptr};
-
-int ToPixels(float value)
-{
-    return Core::TruncateToInt32(static_cast<double>(value) + (value < 0.0F ? -0.5 : 0.5));
-}
-
-SExposedProperty Choice(const char* title, const char* names)
-{
-    return {title, 0.0F, 2.0F, ValueKindInteger, names, nullptr};
-}
-
-/// A setter and getter pair of an enumeration of three, as 0 to 2.
-template <class E>
-E ToChoice(float value)
-{
-    return static_cast<E>(ToPixels(value));
-}
 
 } // namespace
 
 CUIElement::CUIElement(CUIBuild& build_, const CNamedAttributes& attributes_)
     : build(build_),
       attributes(attributes_),
-      id(GetText(attributes_, "id")),
+      properties(build_.GetData(), GetText(attributes_, "id")),
       inside(build_.GetScope())
 {
     inside.element = build.GetElement();
@@ -123,7 +97,8 @@ bool CUIElement::PlaceWidget(GUI::CLightWidget& widget, EInput input, EHolds hol
     inside.widget = &widget;
     auto& content = static_cast<Layout::CContentLayoutCell&>(cell);
     const bool placed = PlaceCell(cell, [&content](bool shown) { content.SetShown(shown); });
-    const bool exposed = ExposeWidget(widget) && (holds == EHolds::Overlays || ExposeFlow(cell));
+    const bool exposed = properties.ExposeWidget(widget) &&
+                         (holds == EHolds::Overlays || properties.ExposeFlow(cell, attributes));
     build.Push(std::move(inside));
     return placed && exposed;
 }
@@ -132,7 +107,7 @@ bool CUIElement::Place(CGroupLayoutCell& cell)
 {
     ReadGroup(cell);
     const bool placed = PlaceCell(cell, nullptr);
-    const bool exposed = ExposeFlow(cell);
+    const bool exposed = properties.ExposeFlow(cell, attributes);
     build.Push(std::move(inside));
     return placed && exposed;
 }
@@ -141,7 +116,7 @@ bool CUIElement::Place(Layout::CTableLayoutCell& cell)
 {
     ReadGroup(cell);
     const bool placed = PlaceCell(cell, nullptr);
-    const bool exposed = ExposeMargins(cell);
+    const bool exposed = properties.ExposeMargins(cell, attributes);
     inside.table = &cell;
     build.Push(std::move(inside));
     return placed && exposed;
@@ -270,14 +245,9 @@ void CUIElement::ReadCursor(GUI::CLightWidget& widget) const
 /// The size and the margins of what holds cells.
 void CUIElement::ReadGroup(CBaseGroupLayoutCell& cell) const
 {
-    int margin = 0;
-    ReadNumber(attributes, "margin", margin);
-    int hMargin = margin;
-    int vMargin = margin;
-    ReadNumber(attributes, "h_margin", hMargin);
-    ReadNumber(attributes, "v_margin", vMargin);
-    cell.SetHMargin(hMargin);
-    cell.SetVMargin(vMargin);
+    const SAxisPair margins = ReadAxisPair(attributes, "margin");
+    cell.SetHMargin(margins.horizontal);
+    cell.SetVMargin(margins.vertical);
     const auto width = ReadPixels(attributes, "width");
     const auto height = ReadPixels(attributes, "height");
     cell.SetAutoWidth(!width.has_value());
@@ -306,8 +276,8 @@ bool CUIElement::PlaceCell(CBaseGroupLayoutCell& cell, std::function<void(bool)>
     }
     inside.group = &cell;
     bool exposed = PlaceVisibility(std::move(show));
-    exposed = ExposeCell(cell) && exposed;
-    return (options == nullptr || ExposeOptions(*options)) && exposed;
+    exposed = properties.ExposeCell(cell) && exposed;
+    return (options == nullptr || properties.ExposeOptions(*options)) && exposed;
 }
 
 bool CUIElement::PlaceVisibility(std::function<void(bool)> show)
@@ -316,123 +286,7 @@ bool CUIElement::PlaceVisibility(std::function<void(bool)> show)
         build.GetData().Own(std::make_unique<CSkinVisibility>(build.GetScope().visibility, std::move(show)));
     visibility.SetVisible(IsNotFalse(attributes, "visible"));
     inside.visibility = &visibility;
-    return ExposeSwitch(
-        ".visible", hideShow, [&visibility] { return visibility.IsVisible(); },
-        [&visibility](bool on) { visibility.SetVisible(on); }, &visibility.GetChangedEventProvider());
-}
-
-bool CUIElement::Expose(const char* suffix, const SExposedProperty& property, std::function<float()> get,
-                        std::function<void(float)> set, Core::IEventProvider* changed)
-{
-    return id.empty() ||
-           ExposeProperty(build.GetData(), id + suffix, property, std::move(get), std::move(set), changed);
-}
-
-bool CUIElement::ExposeSwitch(const char* suffix, const SExposedProperty& property, std::function<bool()> get,
-                              std::function<void(bool)> set, Core::IEventProvider* changed)
-{
-    return id.empty() ||
-           ExposeFlag(build.GetData(), id + suffix, property, std::move(get), std::move(set), changed);
-}
-
-bool CUIElement::ExposeWidget(GUI::CLightWidget& widget)
-{
-    bool exposed = ExposeSwitch(
-        ".mouse_over", plainFlag, [&widget] { return widget.IsMouseOver(); }, nullptr,
-        &widget.GetMouseOverChangedEvent());
-    exposed = ExposeSwitch(
-                  ".focus", plainFlag, [&widget] { return widget.HasFocus(); },
-                  [&widget](bool on)
-                  {
-                      if (on)
-                      {
-                          widget.SetFocus();
-                      }
-                  },
-                  &widget.GetFocusChangedEvent()) &&
-              exposed;
-    return Expose(
-               ".opacity", plainShare, [&widget] { return widget.GetOpacity(); },
-               [&widget](float value) { widget.SetOpacity(value); }, &widget.GetOpacityChangedEvent()) &&
-           exposed;
-}
-
-bool CUIElement::ExposeCell(CBaseGroupLayoutCell& cell)
-{
-    // The titles of the two are crossed over: models and states know them as they are.
-    bool exposed = Expose(
-        ".internal_h_align", Choice("Internal V-Align", "left;center;right"),
-        [&cell] { return static_cast<float>(cell.GetInternalHAlign()); },
-        [&cell](float value) { cell.SetInternalHAlign(ToChoice<Layout::EAlign>(value)); }, nullptr);
-    exposed =
-        Expose(
-            ".internal_v_align", Choice("Internal H-Align", "top;center;bottom"),
-            [&cell] { return static_cast<float>(cell.GetInternalVAlign()); },
-            [&cell](float value) { cell.SetInternalVAlign(ToChoice<Layout::EAlign>(value)); }, nullptr) &&
-        exposed;
-    return ExposeSwitch(
-               ".display", {"Display", 0.0F, 1.0F, ValueKindBoolean, "false;true", nullptr},
-               [&cell] { return cell.IsDisplayed(); }, [&cell](bool on) { cell.SetDisplayed(on); },
-               nullptr) &&
-           exposed;
-}
-
-/// What the skin says of the range of a margin, as of the spacing.
-SExposedProperty CUIElement::GetRange(const char* name, const char* title) const
-{
-    float min = -largestMargin;
-    float max = largestMargin;
-    ReadNumber(attributes, std::string("min_") + name, min);
-    ReadNumber(attributes, std::string("max_") + name, max);
-    return {title, min, max, ValueKindInteger, nullptr, "%.0f"};
-}
-
-bool CUIElement::ExposeMargins(CBaseGroupLayoutCell& cell)
-{
-    const bool exposed = Expose(
-        ".h_margin", GetRange("h_margin", "H Margin"),
-        [&cell] { return static_cast<float>(cell.GetHMargin()); },
-        [&cell](float value) { cell.SetHMargin(ToPixels(value)); }, nullptr);
-    return Expose(
-               ".v_margin", GetRange("v_margin", "V Margin"),
-               [&cell] { return static_cast<float>(cell.GetVMargin()); },
-               [&cell](float value) { cell.SetVMargin(ToPixels(value)); }, nullptr) &&
-           exposed;
-}
-
-bool CUIElement::ExposeFlow(CGroupLayoutCell& cell)
-{
-    bool exposed = ExposeMargins(cell);
-    exposed =
-        Expose(
-            ".layout_type", Choice("Layout", "horizontal;vertical;stack"),
-            [&cell] { return static_cast<float>(cell.GetLayoutType()); },
-            [&cell](float value) { cell.SetLayoutType(ToChoice<Layout::ELayoutType>(value)); }, nullptr) &&
-        exposed;
-    return Expose(
-               ".spacing", GetRange("spacing", "Spacing"),
-               [&cell] { return static_cast<float>(cell.GetSpacing()); },
-               [&cell](float value) { cell.SetSpacing(ToPixels(value)); }, nullptr) &&
-           exposed;
-}
-
-bool CUIElement::ExposeOptions(Layout::CLayoutOptions& options)
-{
-    Core::IEventProvider* const changed = &options.GetChangedEvent();
-    bool exposed = Expose(
-        ".h_align", Choice("H Align", "left;center;right"),
-        [&options] { return static_cast<float>(options.GetHAlign()); },
-        [&options](float value) { options.SetHAlign(ToChoice<Layout::EAlign>(value)); }, changed);
-    exposed = Expose(
-                  ".v_align", Choice("V Align", "top;center;bottom"),
-                  [&options] { return static_cast<float>(options.GetVAlign()); },
-                  [&options](float value) { options.SetVAlign(ToChoice<Layout::EAlign>(value)); }, changed) &&
-              exposed;
-    return Expose(
-               ".flex", {"Flex", 0.0F, largestFlex, ValueKindReal, nullptr, "%.0f"},
-               [&options] { return options.GetFlex(); }, [&options](float value) { options.SetFlex(value); },
-               changed) &&
-           exposed;
+    return properties.ExposeVisibility(visibility);
 }
 
 } // namespace Mirel::SkinEngine

@@ -3,11 +3,12 @@
 #include "Mirel/GUI/CLightWidget.h"
 #include "Mirel/Graphics/CFont.h"
 #include "Mirel/Layout/CGroupLayoutCell.h"
+#include "Mirel/SkinEngine/UI/CExposedProperties.h"
 #include "Mirel/SkinEngine/UI/CUIBuild.h"
-#include "Mirel/SkinEngine/UI/ExposedObjects.h"
 #include "Mirel/SkinEngine/UI/UIAttributes.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -34,8 +35,6 @@ public:
     CUIBuild& GetBuild() const { return build; }
     const Containers::CNamedAttributes& GetAttributes() const { return attributes; }
 
-    /// Empty for none.
-    const std::string& GetId() const { return id; }
     Graphics::CColor GetTextColor() const { return inside.textColor; }
     const std::optional<Graphics::CColor>& GetBackgroundColor() const { return inside.backgroundColor; }
     Graphics::CSharedFont GetFont() const;
@@ -72,11 +71,8 @@ public:
     /// The same for what stands in a row of a table.
     void PlaceInRow(Layout::CTableLayoutCell& table, Layout::CTableLayoutCell::CRow* row);
 
-    /// A property under the element's identifier; nothing without one.
-    bool Expose(const char* suffix, const SExposedProperty& property, std::function<float()> get,
-                std::function<void(float)> set, Core::IEventProvider* changed);
-    bool ExposeSwitch(const char* suffix, const SExposedProperty& property, std::function<bool()> get,
-                      std::function<void(bool)> set, Core::IEventProvider* changed);
+    /// What of the element is shown in the model.
+    CExposedProperties& GetProperties() { return properties; }
 
 private:
     enum class EHolds
@@ -93,16 +89,10 @@ private:
     void ReadGroup(Layout::CBaseGroupLayoutCell& cell) const;
     bool PlaceCell(Layout::CBaseGroupLayoutCell& cell, std::function<void(bool)> show);
     bool PlaceVisibility(std::function<void(bool)> show);
-    bool ExposeWidget(GUI::CLightWidget& widget);
-    bool ExposeCell(Layout::CBaseGroupLayoutCell& cell);
-    bool ExposeMargins(Layout::CBaseGroupLayoutCell& cell);
-    bool ExposeFlow(Layout::CGroupLayoutCell& cell);
-    bool ExposeOptions(Layout::CLayoutOptions& options);
-    SExposedProperty GetRange(const char* name, const char* title) const;
 
     CUIBuild& build;
     const Containers::CNamedAttributes& attributes;
-    std::string id;
+    CExposedProperties properties;
     SUIScope inside; ///< What following elements stand in.
 };
 

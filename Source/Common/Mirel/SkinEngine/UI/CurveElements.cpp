@@ -29,25 +29,23 @@ constexpr SExposedProperty styleProperty = {nullptr, 0.0F, 1.0F, ValueKindIntege
 bool ExposeExtraPixels(CUIElement& element, const CExtraPixels& pixels)
 {
     Core::IEventProvider* const changed = &pixels.GetChangedEventProvider();
-    const bool exposed = element.Expose(
+    const bool exposed = element.GetProperties().Expose(
         ".x_extra_pixels", pixelsProperty, [&pixels] { return static_cast<float>(pixels.GetX()); }, nullptr,
         changed);
-    return element.Expose(
+    return element.GetProperties().Expose(
                ".y_extra_pixels", pixelsProperty, [&pixels] { return static_cast<float>(pixels.GetY()); },
                nullptr, changed) &&
            exposed;
 }
 
-template <class Graph>
-bool ExposeAntiAlias(CUIElement& element, Graph& graph)
+bool ExposeAntiAlias(CUIElement& element, CBaseCurveGraphics& graph)
 {
-    return element.ExposeSwitch(
+    return element.GetProperties().ExposeSwitch(
         ".anti_alias", antiAliasProperty, [&graph] { return graph.GetAntiAlias(); },
         [&graph](bool on) { graph.SetAntiAlias(on); }, nullptr);
 }
 
-template <class Graph>
-void ReadGraph(CUIElement& element, Graph& graph)
+void ReadGraph(CUIElement& element, CBaseCurveGraphics& graph)
 {
     const CNamedAttributes& attributes = element.GetAttributes();
     graph.SetColor(element.ReadColor("color", element.GetTextColor()));
@@ -89,14 +87,9 @@ bool ReadRuler(CUIElement& element, CGUIRuler& widget, bool vertical, const std:
     ruler.SetFont(element.GetFont());
     ruler.SetHAlign(ReadTextHAlign(attributes));
     ruler.SetVAlign(ReadTextVAlign(attributes));
-    int margin = 0;
-    ReadNumber(attributes, "margin", margin);
-    int hMargin = margin;
-    int vMargin = margin;
-    ReadNumber(attributes, "h_margin", hMargin);
-    ReadNumber(attributes, "v_margin", vMargin);
-    ruler.SetHMargin(hMargin);
-    ruler.SetVMargin(vMargin);
+    const SAxisPair margins = ReadAxisPair(attributes, "margin");
+    ruler.SetHMargin(margins.horizontal);
+    ruler.SetVMargin(margins.vertical);
     element.ReadSize(widget);
     const bool exposed = ReadAxis(element, {prefix}, widget.GetViewer());
     return element.Place(widget, CUIElement::EInput::None) && exposed;
@@ -142,11 +135,11 @@ bool ExposeCurvesGraph(CUIElement& element, CXYCurvesGraphics& graph)
     bool exposed = ExposeExtraPixels(element, graph.GetExtraPixels());
     exposed = ExposeAntiAlias(element, graph) && exposed;
     exposed =
-        element.Expose(
+        element.GetProperties().Expose(
             ".graph_style", styleProperty, [&graph] { return static_cast<float>(graph.GetGraphStyle()); },
             [&graph](float value) { graph.SetGraphStyle(value >= 0.5F ? 1 : 0); }, nullptr) &&
         exposed;
-    return element.Expose(
+    return element.GetProperties().Expose(
                ".positions_count", pixelsProperty, [&graph] { return graph.GetPositionsCount(); },
                [&graph](float value) { graph.SetPositionsCount(value); }, nullptr) &&
            exposed;

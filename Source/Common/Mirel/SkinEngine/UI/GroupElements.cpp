@@ -51,13 +51,8 @@ bool BuildCell(CUIBuild& build, const CNamedAttributes& attributes)
 bool BuildTable(CUIBuild& build, const CNamedAttributes& attributes)
 {
     CUIElement element(build, attributes);
-    int spacing = 0;
-    ReadNumber(attributes, "spacing", spacing);
-    int hSpacing = spacing;
-    int vSpacing = spacing;
-    ReadNumber(attributes, "h_spacing", hSpacing);
-    ReadNumber(attributes, "v_spacing", vSpacing);
-    return element.Place(element.Make<CTableLayoutCell>(hSpacing, vSpacing));
+    const SAxisPair spacing = ReadAxisPair(attributes, "spacing");
+    return element.Place(element.Make<CTableLayoutCell>(spacing.horizontal, spacing.vertical));
 }
 
 bool BuildTableRow(CUIBuild& build, const CNamedAttributes& attributes)

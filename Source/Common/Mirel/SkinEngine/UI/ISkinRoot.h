@@ -26,10 +26,8 @@ struct SSkinRootAttributes
     bool showWarnings = true;
     int refreshPriority = 0; ///< 1 normal, 2 high, 0 none.
 
-    /// Of an image, which gives its size, or of a colour, without a size; null for neither.
-    std::unique_ptr<Graphics::IGraphics> background;
-    bool backgroundIsImage = false;
-    bool backgroundRepeats = false;
+    std::unique_ptr<Graphics::IGraphics> background; ///< An image; null for none.
+    bool backgroundRepeats = false;                  ///< It has no say in the size of the skin then.
     std::optional<Graphics::CColor> backgroundColor;
 
     /// Pixels; sizeOfContent for an axis that is not fixed.

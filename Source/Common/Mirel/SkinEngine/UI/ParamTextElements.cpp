@@ -63,7 +63,7 @@ bool BuildParamTextControl(CUIBuild& build, const CNamedAttributes& attributes)
     auto& control = widget.GetControl();
     ReadControl(element, name, control);
     bool exposed = ReadAxis(element, {name.prefix}, control);
-    exposed = element.Expose(
+    exposed = element.GetProperties().Expose(
                   ".value", valueProperty, [&control] { return control.GetPosition(); },
                   [&control](float value) { control.SetPosition(value); },
                   &control.GetPositionChangedEventProvider()) &&

@@ -1,4 +1,3 @@
-#include "Mirel/Graphics/CColorDrawer.h"
 #include "Mirel/SkinEngine/UI/CUIElement.h"
 #include "Mirel/SkinEngine/UI/UIElements.h"
 
@@ -27,12 +26,7 @@ void ReadBackground(const CUIElement& element, SSkinRootAttributes& root)
     {
         root.background =
             std::make_unique<Graphics::CImageGraphics>(std::move(image), ReadTileMode(attributes));
-        root.backgroundIsImage = true;
         root.backgroundRepeats = ReadTileMode(attributes) == ETileMode::Repeat;
-    }
-    else if (root.backgroundColor)
-    {
-        root.background = std::make_unique<Graphics::CColorDrawer>(*root.backgroundColor, true);
     }
 }
 

@@ -329,4 +329,14 @@ bool ReadVertical(const CNamedAttributes& attributes, bool missing)
     return FindText(attributes, "vertical") == nullptr ? missing : IsTrue(attributes, "vertical");
 }
 
+SAxisPair ReadAxisPair(const CNamedAttributes& attributes, const std::string& name)
+{
+    int both = 0;
+    ReadNumber(attributes, name, both);
+    SAxisPair pair{both, both};
+    ReadNumber(attributes, "h_" + name, pair.horizontal);
+    ReadNumber(attributes, "v_" + name, pair.vertical);
+    return pair;
+}
+
 } // namespace Mirel::SkinEngine

@@ -67,4 +67,14 @@ void ReadFont(const Containers::CNamedAttributes& attributes, Graphics::CFontDes
 /// `orientation` or `vertical`; the given value for neither.
 bool ReadVertical(const Containers::CNamedAttributes& attributes, bool missing);
 
+/// Pixels on both axes.
+struct SAxisPair
+{
+    int horizontal = 0;
+    int vertical = 0;
+};
+
+/// Such as `h_margin` and `v_margin`: what is missing is as `margin` says, or 0 without it.
+SAxisPair ReadAxisPair(const Containers::CNamedAttributes& attributes, const std::string& name);
+
 } // namespace Mirel::SkinEngine

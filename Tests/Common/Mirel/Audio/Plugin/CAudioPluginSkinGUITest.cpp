@@ -348,7 +348,7 @@ TEST_F(CAudioPluginSkinGUITest, CopiesItsPicture)
 {
     places.WriteData("Skins/default.xml", "<SKIN background_color=\"#204060\" width=\"8\" height=\"4\"/>");
     ASSERT_TRUE(Open());
-    std::vector<std::uint32_t> pixels(10U * 5U, 0x12345678U);
+    std::vector<std::uint32_t> pixels(std::size_t{10} * 5, 0x12345678U);
     ASSERT_TRUE(editor->CopyPicture(pixels.data(), {9, 5}, 40));
     EXPECT_EQ(pixels[0], 0xFF204060U);
     EXPECT_EQ(pixels[3 * 10 + 7], 0xFF204060U);

@@ -1,58 +1,21 @@
 #include "Mirel/Audio/Plugin/CPluginPaths.h"
 #include "Mirel/Audio/Plugin/PreferencesFolder.h"
 #include "Support/CTemporaryFolder.h"
+#include "Support/Environment.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <optional>
 #include <string>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Mirel::Audio::Plugin;
+using Tests::CEnvironmentVariable;
 namespace fs = std::filesystem;
 
 namespace
 {
-
-// NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs during these tests.
-
-/// Sets, or with null removes, a variable of the environment for the time of a test.
-class CVariable
-{
-public:
-    CVariable(const char* name_, const char* value) : name(name_)
-    {
-        if (const char* old = std::getenv(name))
-        {
-            before = old;
-        }
-        Set(value);
-    }
-    CVariable(const CVariable&) = delete;
-    CVariable& operator=(const CVariable&) = delete;
-    ~CVariable() { Set(before ? before->c_str() : nullptr); }
-
-private:
-    void Set(const char* value) const
-    {
-        if (value == nullptr)
-        {
-            unsetenv(name);
-        }
-        else
-        {
-            setenv(name, value, 1);
-        }
-    }
-
-    const char* name;
-    std::optional<std::string> before;
-};
-
-// NOLINTEND(concurrency-mt-unsafe)
 
 mode_t PermissionsOf(const std::string& path)
 {
@@ -129,24 +92,24 @@ TEST(CPluginPaths, WithoutAUserFolderThereAreNoPreferences)
 
 TEST(FindPreferencesFolder, TakesTheVariableElseTheHomeFolder)
 {
-    const CVariable home("HOME", "/home/someone");
+    const CEnvironmentVariable home("HOME", "/home/someone");
     {
-        const CVariable config("XDG_CONFIG_HOME", "/elsewhere/config");
+        const CEnvironmentVariable config("XDG_CONFIG_HOME", "/elsewhere/config");
         EXPECT_EQ(FindPreferencesFolder(), "/elsewhere/config");
     }
     for (const char* useless : {"", "relative/config"})
     {
-        const CVariable config("XDG_CONFIG_HOME", useless);
+        const CEnvironmentVariable config("XDG_CONFIG_HOME", useless);
         EXPECT_EQ(FindPreferencesFolder(), "/home/someone/.config");
     }
-    const CVariable config("XDG_CONFIG_HOME", nullptr);
+    const CEnvironmentVariable config("XDG_CONFIG_HOME", nullptr);
     EXPECT_EQ(FindPreferencesFolder(), "/home/someone/.config");
 }
 
 TEST(FindPreferencesFolder, AsksTheSystemForAHomeThatTheEnvironmentDoesNotName)
 {
-    const CVariable config("XDG_CONFIG_HOME", nullptr);
-    const CVariable home("HOME", nullptr);
+    const CEnvironmentVariable config("XDG_CONFIG_HOME", nullptr);
+    const CEnvironmentVariable home("HOME", nullptr);
     const std::string folder = FindPreferencesFolder();
     EXPECT_TRUE(folder.empty() || folder.ends_with("/.config")) << folder;
 }

@@ -17,7 +17,6 @@
 using namespace Mirel;
 using namespace Mirel::DataModel::GUIWidgets;
 using DataModel::Controls::CCurveViewer;
-using Graphics::CPointF;
 using Graphics::CRect;
 using Tests::CCanvas;
 using Tests::CChanges;

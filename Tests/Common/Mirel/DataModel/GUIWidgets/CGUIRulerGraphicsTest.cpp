@@ -79,6 +79,12 @@ struct CRuler
 
 using Texts = std::vector<std::string>;
 
+/// A place in whole pixels, as surfaces are given it.
+float Pixel(int place)
+{
+    return static_cast<float>(place);
+}
+
 } // namespace
 
 TEST(CGUIRulerGraphics, PrintsTheValuesOfTheStopsWithTheirMiddleAtTheirPlaces)
@@ -91,8 +97,8 @@ TEST(CGUIRulerGraphics, PrintsTheValuesOfTheStopsWithTheirMiddleAtTheirPlaces)
     {
         const auto& label = operations[static_cast<std::size_t>(i)];
         const Core::CSize extent = ruler.ExtentOf(label.text.c_str());
-        EXPECT_EQ(label.points[0].x, static_cast<float>(100 * i - extent.width / 2));
-        EXPECT_EQ(label.points[0].y, static_cast<float>((20 - extent.height) / 2));
+        EXPECT_EQ(label.points[0].x, Pixel(100 * i - extent.width / 2));
+        EXPECT_EQ(label.points[0].y, Pixel((20 - extent.height) / 2));
         EXPECT_EQ(label.color, (Graphics::CColor{1, 2, 3}));
     }
 }
@@ -110,9 +116,9 @@ TEST(CGUIRulerGraphics, MarginLeavesRoomForThem)
     CRuler ruler({441, 20});
     ruler.graphics.SetHMargin(20);
     const auto operations = ruler.Record();
-    EXPECT_EQ(operations.front().points[0].x, static_cast<float>(20 - ruler.ExtentOf("-1.0").width / 2));
-    EXPECT_EQ(operations[2].points[0].x, static_cast<float>(220 - ruler.ExtentOf("0.0").width / 2));
-    EXPECT_EQ(operations.back().points[0].x, static_cast<float>(420 - ruler.ExtentOf("1.0").width / 2));
+    EXPECT_EQ(operations.front().points[0].x, Pixel(20 - ruler.ExtentOf("-1.0").width / 2));
+    EXPECT_EQ(operations[2].points[0].x, Pixel(220 - ruler.ExtentOf("0.0").width / 2));
+    EXPECT_EQ(operations.back().points[0].x, Pixel(420 - ruler.ExtentOf("1.0").width / 2));
 }
 
 TEST(CGUIRulerGraphics, AlignmentAlongTheRulerIsThatOfTheLabelAtItsPlace)
@@ -148,7 +154,7 @@ TEST(CGUIRulerGraphics, VerticalRulerRunsUpward)
         const auto& label = operations[static_cast<std::size_t>(i)];
         const Core::CSize extent = ruler.ExtentOf(label.text.c_str());
         EXPECT_EQ(label.points[0].x, static_cast<float>(60 - 3 - extent.width));
-        EXPECT_EQ(label.points[0].y, static_cast<float>(210 - 50 * i - extent.height / 2));
+        EXPECT_EQ(label.points[0].y, Pixel(210 - 50 * i - extent.height / 2));
     }
 }
 

@@ -15,7 +15,6 @@
 
 using namespace Mirel;
 using namespace Mirel::DataModel::GUIWidgets;
-using GUI::EMouseButton;
 using GUI::ENativeKey;
 using Tests::CControlRig;
 using Tests::CNotedParam;

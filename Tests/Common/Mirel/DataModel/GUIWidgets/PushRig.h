@@ -45,6 +45,7 @@ inline Mirel::Graphics::CImageCatalog* MakeCatalog(Mirel::Graphics::CSize frame,
     for (int state = 0; state < statesCount; ++state)
     {
         std::vector<Mirel::Graphics::CColor> rows;
+        rows.reserve(static_cast<std::size_t>(framesCount));
         for (int f = 0; f < framesCount; ++f)
         {
             rows.push_back(ColorOf(state, f));

@@ -15,6 +15,7 @@ using Flags = std::vector<bool>;
 std::vector<CLabelExtent> Row(int count, int pitch, int width)
 {
     std::vector<CLabelExtent> labels;
+    labels.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         labels.push_back({i * pitch, i * pitch + width});

@@ -146,6 +146,17 @@ TEST(RulerStops, LogarithmicAxisHasOneTwoAndFiveOfEachDecade)
     ExpectNear(ValuesOf(GetRulerStops(axis, 500.0F, 100.0F)), {100.0F, 1000.0F, 10000.0F});
 }
 
+TEST(RulerStops, EndOfTheRangeCountsAsItsDecadeThoughAFloatLiesBelowIt)
+{
+    const auto info = Real(0.0001F, 0.01F);
+    CParamViewerConfig axis(info);
+    axis.SetLogScale(true);
+    const auto stops = Stops(axis);
+    ASSERT_EQ(stops.size(), 7U); // 1, 2 and 5 in two decades, and the end
+    EXPECT_NEAR(stops.front().value, 0.0001F, 1e-8F);
+    EXPECT_NEAR(stops.back().value, 0.01F, 1e-6F);
+}
+
 TEST(RulerStops, RunInTheOrderOfTheirPositions)
 {
     const auto info = Real(0.0F, 4.0F);

@@ -2,10 +2,10 @@
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamLinearMeter.h"
 #include "Mirel/DataModel/GUIWidgets/CSkinLinearParamSlider.h"
 #include "PushRig.h"
-#include "rapidcheck/gtest.h"
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <rapidcheck/gtest.h>
 
 using namespace Mirel;
 using namespace Mirel::DataModel::GUIWidgets;

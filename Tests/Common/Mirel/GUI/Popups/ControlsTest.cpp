@@ -193,6 +193,7 @@ TEST_F(CControlsTest, FieldConfirmsByReturnAndLeavesEscapeAlone)
 std::vector<CListBox::SItem> MakeItems(int count)
 {
     std::vector<CListBox::SItem> items;
+    items.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         items.push_back({std::string(1, static_cast<char>('a' + i % 26)) + std::to_string(i), i % 2 == 0});

@@ -313,14 +313,14 @@ TEST(CSkinParser, ReadsNumbersWithAPointInEveryLocale)
                 [&](const CNamedAttributes&)
                 {
                     std::array<char, 16> text = {};
-                    std::snprintf(text.data(), text.size(), "%.1f", 1.5);
+                    EXPECT_EQ(std::snprintf(text.data(), text.size(), "%.1f", 1.5), 3);
                     printed = text.data();
                     return true;
                 });
     EXPECT_TRUE(rig.Parse("<S><A/></S>"));
     EXPECT_EQ(printed, "1.5");
     std::array<char, 16> text = {};
-    std::snprintf(text.data(), text.size(), "%.1f", 1.5);
+    EXPECT_EQ(std::snprintf(text.data(), text.size(), "%.1f", 1.5), 3);
     EXPECT_STREQ(text.data(), "1,5");
 }
 

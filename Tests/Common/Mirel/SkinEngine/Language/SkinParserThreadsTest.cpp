@@ -45,8 +45,10 @@ TEST(SkinParserThreads, ParsersOnFourThreadsDoNotMeet)
             }
         }
     };
+    constexpr int threadCount = 4;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
+    threads.reserve(threadCount);
+    for (int i = 0; i < threadCount; ++i)
     {
         threads.emplace_back(parse);
     }

@@ -3,10 +3,10 @@
 #include "Mirel/Core/TArgCommand.h"
 #include "Mirel/CoreUtilities/CMemMessageLog.h"
 #include "Mirel/Runtime/CDynamicObject.h"
-#include "rapidcheck/gtest.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <memory>

@@ -2,9 +2,9 @@
 
 #include "Mirel/SkinEngine/Model/EObjectFlags.h"
 #include "Mirel/SkinEngine/Model/PatternMatch.h"
-#include "rapidcheck/gtest.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <string>
 #include <vector>

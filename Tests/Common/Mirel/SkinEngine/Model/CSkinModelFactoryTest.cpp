@@ -20,7 +20,6 @@ using namespace DataModel::Objects;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 using Tests::CModelRig;
 
 constexpr const char* twoParams = "<PARAM id='a' max='10' default='4'/><PARAM id='b' max='100'/>";

@@ -13,7 +13,6 @@ namespace
 
 using namespace DataModel::Objects;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Tests::CModelRig;
 
 constexpr const char* params = "<PARAM id='a' max='10' default='2'/><PARAM id='b' min='0' max='10'/>"

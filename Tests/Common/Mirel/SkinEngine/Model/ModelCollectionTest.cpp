@@ -5,9 +5,9 @@
 #include "ModelRig.h"
 #include "Support/EventCounter.h"
 
-#include "rapidcheck/gtest.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <string>

@@ -1,8 +1,8 @@
 #include "Mirel/SkinEngine/UI/UIElements.h"
 #include "UIRig.h"
 
-#include "rapidcheck/gtest.h"
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <array>

@@ -18,6 +18,7 @@
 #include "Support/CFakeTimerProvider.h"
 #include "Support/CTemporaryFolder.h"
 #include "Support/DataFolder.h"
+#include "Support/TakeMessages.h"
 
 #include <memory>
 #include <string>
@@ -140,19 +141,10 @@ public:
 
     std::vector<int> Place(int index = 0, int inner = -1) { return Place(Widget(index, inner)); }
 
-    /// Messages since the last call, as "0: text". Infos only if asked for.
+    /// Since the last call.
     std::vector<std::string> TakeMessages(bool withInfos = false)
     {
-        std::vector<std::string> taken;
-        for (const auto& message : log.GetMessages())
-        {
-            if (withInfos || message.kind != Mirel::CoreUtilities::CMessageKind::Info)
-            {
-                taken.push_back(std::to_string(message.kind) + ": " + message.text);
-            }
-        }
-        log.Clear();
-        return taken;
+        return Tests::TakeMessages(log, withInfos);
     }
 
     CTemporaryFolder folder;

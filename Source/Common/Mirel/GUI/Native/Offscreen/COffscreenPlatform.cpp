@@ -49,24 +49,19 @@ std::vector<SNativeScreen> COffscreenPlatform::GetScreens() const
     return {{screen, screen, true}};
 }
 
-COffscreenWindow* COffscreenPlatform::GetWindow(int index) const
-{
-    return index >= 0 && index < GetWindowCount() ? windows[static_cast<std::size_t>(index)] : nullptr;
-}
-
 bool COffscreenPlatform::Pump()
 {
     *pumpScheduled = false;
     bool any = false;
     const Core::CLifeToken::CWatch watch(life);
-    const auto all = windows;
+    const auto all = windows.GetAll();
     for (COffscreenWindow* window : all)
     {
         if (!watch.IsAlive())
         {
             return any;
         }
-        any = (Has(window) && window->PaintIfDue()) || any;
+        any = (windows.Has(window) && window->PaintIfDue()) || any;
     }
     return any;
 }
@@ -85,8 +80,8 @@ void COffscreenPlatform::MovePointer(CPoint screenPosition)
 
 void COffscreenPlatform::PressButton(EMouseButton button)
 {
-    COffscreenWindow* const menu = FindTopMenu();
-    COffscreenWindow* const under = FindUnderPointer();
+    COffscreenWindow* const menu = windows.FindTopMenu();
+    COffscreenWindow* const under = windows.FindAt(pointer);
     if (menu != nullptr && (under == nullptr || under->GetKind() != ENativeWindowKind::Menu))
     {
         DismissMenus();
@@ -196,31 +191,20 @@ void COffscreenPlatform::ChangeScale(int newScale)
 {
     scale = std::clamp(newScale, 1, maxScale);
     const Core::CLifeToken::CWatch watch(life);
-    const auto all = windows;
+    const auto all = windows.GetAll();
     for (COffscreenWindow* window : all)
     {
-        if (watch.IsAlive() && Has(window))
+        if (watch.IsAlive() && windows.Has(window))
         {
             window->GetSink().OnScaleChanged(scale);
         }
     }
 }
 
-void COffscreenPlatform::Add(COffscreenWindow& window)
-{
-    windows.push_back(&window);
-}
-
 void COffscreenPlatform::Remove(COffscreenWindow& window)
 {
-    std::erase(windows, &window);
+    windows.Remove(window);
     ForgetInput(window);
-}
-
-void COffscreenPlatform::Raise(COffscreenWindow& window)
-{
-    std::erase(windows, &window);
-    windows.push_back(&window);
 }
 
 void COffscreenPlatform::OnWindowShown(COffscreenWindow& window)
@@ -236,11 +220,11 @@ void COffscreenPlatform::OnWindowShown(COffscreenWindow& window)
         {
             window.GetSink().OnCaptureLost();
         }
-        if (hadFocus && Has(&window))
+        if (hadFocus && windows.Has(&window))
         {
             window.GetSink().OnFocusOut();
         }
-        if (Has(&window))
+        if (windows.Has(&window))
         {
             window.GetSink().OnHidden();
         }
@@ -249,10 +233,10 @@ void COffscreenPlatform::OnWindowShown(COffscreenWindow& window)
     SchedulePump();
     if (takesFocus)
     {
-        Raise(window);
+        windows.Raise(window);
     }
     window.GetSink().OnShown();
-    if (takesFocus && Has(&window) && window.IsShown())
+    if (takesFocus && windows.Has(&window) && window.IsShown())
     {
         SetFocus(&window);
     }
@@ -321,56 +305,30 @@ void COffscreenPlatform::SchedulePump()
     }
 }
 
-bool COffscreenPlatform::Has(const COffscreenWindow* window) const
-{
-    return std::find(windows.begin(), windows.end(), window) != windows.end();
-}
-
-COffscreenWindow* COffscreenPlatform::FindUnderPointer() const
-{
-    const auto found =
-        std::find_if(windows.rbegin(), windows.rend(),
-                     [this](const COffscreenWindow* window)
-                     {
-                         return window->IsShown() && window->GetKind() != ENativeWindowKind::Tooltip &&
-                                CRect(window->GetPosition(), window->GetSize()).Contains(pointer);
-                     });
-    return found == windows.rend() ? nullptr : *found;
-}
-
 /// A menu takes the pointer from what was pressed before it came, and leaves it to the windows that the
 /// pointer is over.
 COffscreenWindow* COffscreenPlatform::FindTarget() const
 {
-    COffscreenWindow* const menu = FindTopMenu();
+    COffscreenWindow* const menu = windows.FindTopMenu();
     if (menu != nullptr && captured == nullptr)
     {
-        COffscreenWindow* const under = FindUnderPointer();
+        COffscreenWindow* const under = windows.FindAt(pointer);
         return under != nullptr ? under : menu;
     }
     if (grabbed != nullptr || buttons != 0)
     {
         return grabbed;
     }
-    return captured != nullptr ? captured : FindUnderPointer();
-}
-
-COffscreenWindow* COffscreenPlatform::FindTopMenu() const
-{
-    const auto found =
-        std::find_if(windows.rbegin(), windows.rend(),
-                     [](const COffscreenWindow* window)
-                     { return window->IsShown() && window->GetKind() == ENativeWindowKind::Menu; });
-    return found == windows.rend() ? nullptr : *found;
+    return captured != nullptr ? captured : windows.FindAt(pointer);
 }
 
 void COffscreenPlatform::DismissMenus()
 {
     const Core::CLifeToken::CWatch watch(life);
-    const auto all = windows;
+    const auto all = windows.GetAll();
     for (auto place = all.rbegin(); place != all.rend() && watch.IsAlive(); ++place)
     {
-        if (Has(*place) && (*place)->IsShown() && (*place)->GetKind() == ENativeWindowKind::Menu)
+        if (windows.Has(*place) && (*place)->IsShown() && (*place)->GetKind() == ENativeWindowKind::Menu)
         {
             (*place)->GetSink().OnCloseRequested();
         }
@@ -391,8 +349,8 @@ SNativeMouseEvent COffscreenPlatform::MakeEvent(const COffscreenWindow& window) 
 /// Enter and leave of windows; a held button puts them off. True if a window was entered.
 bool COffscreenPlatform::Track()
 {
-    COffscreenWindow* const under = FindUnderPointer();
-    if (under == hover || (buttons != 0 && FindTopMenu() == nullptr))
+    COffscreenWindow* const under = windows.FindAt(pointer);
+    if (under == hover || (buttons != 0 && windows.FindTopMenu() == nullptr))
     {
         return false;
     }
@@ -414,7 +372,7 @@ void COffscreenPlatform::SendKey(SNativeKeyEvent event, bool down)
 {
     event.modifiers = modifiers;
     event.timeMs = timeMs;
-    COffscreenWindow* const menu = FindTopMenu();
+    COffscreenWindow* const menu = windows.FindTopMenu();
     COffscreenWindow* const target = menu != nullptr ? menu : focus;
     if (target != nullptr && down)
     {

@@ -3,6 +3,7 @@
 #include "Mirel/Core/CLifeToken.h"
 #include "Mirel/GUI/Native/CClickCounter.h"
 #include "Mirel/GUI/Native/INativePlatform.h"
+#include "Mirel/GUI/Native/Offscreen/COffscreenStack.h"
 
 #include <functional>
 #include <memory>
@@ -11,8 +12,6 @@
 
 namespace Mirel::GUI
 {
-
-class COffscreenWindow;
 
 /// A windowing system without a display: windows are bitmaps, and a user is played by the calls below. There
 /// is one screen, 4096 by 4096 device pixels. Windows paint in the next pass of the run loop, or in Pump. GUI
@@ -36,8 +35,8 @@ public:
     void RequestClipboardText(TextReceiver receiver) override { receiver(clipboard); }
 
     /// From the back; null out of range.
-    COffscreenWindow* GetWindow(int index) const;
-    int GetWindowCount() const { return static_cast<int>(windows.size()); }
+    COffscreenWindow* GetWindow(int index) const { return windows.Get(index); }
+    int GetWindowCount() const { return windows.GetCount(); }
 
     /// Lets every window paint that has to; false if none had.
     bool Pump();
@@ -73,9 +72,9 @@ public:
     COffscreenWindow* GetFocus() const { return focus; }
 
     /// For the windows.
-    void Add(COffscreenWindow& window);
+    void Add(COffscreenWindow& window) { windows.Add(window); }
     void Remove(COffscreenWindow& window);
-    void Raise(COffscreenWindow& window);
+    void Raise(COffscreenWindow& window) { windows.Raise(window); }
     void OnWindowShown(COffscreenWindow& window);
     void SetFocus(COffscreenWindow* window);
     bool Capture(COffscreenWindow& window);
@@ -84,10 +83,7 @@ public:
     void SchedulePump();
 
 private:
-    bool Has(const COffscreenWindow* window) const;
-    COffscreenWindow* FindUnderPointer() const;
     COffscreenWindow* FindTarget() const;
-    COffscreenWindow* FindTopMenu() const;
     void DismissMenus();
     SNativeMouseEvent MakeEvent(const COffscreenWindow& window) const;
     bool Track();
@@ -95,7 +91,7 @@ private:
 
     CNativeRunLoop& loop;
     int scale;
-    std::vector<COffscreenWindow*> windows; ///< From the back.
+    COffscreenStack windows;
     COffscreenWindow* focus = nullptr;
     COffscreenWindow* hover = nullptr;
     COffscreenWindow* captured = nullptr;

@@ -15,7 +15,6 @@
 #include <string>
 #include <vector>
 
-using Mirel::GUI::CChildProcess;
 using Mirel::GUI::CDesktopDialogs;
 using Mirel::GUI::CFileDialog;
 using Mirel::GUI::CMessageBox;
@@ -327,12 +326,12 @@ TEST_F(CDesktopDialogsTest, PageGoesOnWithoutItsOwner)
 TEST_F(CDesktopDialogsTest, HostThatTakesTheExitCodeLeavesTheOutput)
 {
     Install("zenity", "echo /tmp/x");
-    signal(SIGCHLD, SIG_IGN); // children vanish by themselves
+    ASSERT_NE(signal(SIGCHLD, SIG_IGN), SIG_ERR); // children vanish by themselves
     const auto dialogs = Make();
     std::string path;
     dialogs->ChooseFile({}, 0, [&](const std::string& chosen) { path = chosen; });
     const bool isThere = PumpUntil([&] { return !path.empty(); });
-    signal(SIGCHLD, SIG_DFL);
+    EXPECT_NE(signal(SIGCHLD, SIG_DFL), SIG_ERR);
     EXPECT_TRUE(isThere);
     EXPECT_EQ(path, "/tmp/x");
 }

@@ -7,7 +7,6 @@ using Mirel::GUI::CPoint;
 using Mirel::GUI::EMouseButton;
 using Mirel::GUI::ENativeWindowKind;
 using Mirel::GUI::INativeWindow;
-using Mirel::GUI::SNativeMouseEvent;
 using testing::ElementsAre;
 using Tests::CRecordingSink;
 namespace ModifierFlags = Mirel::GUI::ModifierFlags;

@@ -16,7 +16,6 @@ using Mirel::Graphics::CSimple2DRegion;
 using Mirel::GUI::CNativeRunLoop;
 using Mirel::GUI::CX11Platform;
 using Mirel::GUI::ENativeWindowKind;
-using Mirel::GUI::INativeWindow;
 using Mirel::GUI::ScaleOfResources;
 using Mirel::GUI::SNativeScreen;
 using Mirel::GUI::SNativeWindowOptions;

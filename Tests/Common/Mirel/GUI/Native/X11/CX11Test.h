@@ -121,7 +121,8 @@ public:
         platform->GetPointerPosition(); // after everything asked for so far
         const std::vector<std::uint32_t> pixels =
             probe->ReadScreen(place.x, place.y, place.width, place.height);
-        ASSERT_EQ(pixels.size(), static_cast<std::size_t>(place.width * place.height));
+        ASSERT_EQ(pixels.size(),
+                  static_cast<std::size_t>(place.width) * static_cast<std::size_t>(place.height));
         int wrong = 0;
         for (int y = 0; y < place.height; ++y)
         {

@@ -11,7 +11,6 @@ using Mirel::GUI::CPoint;
 using Mirel::GUI::CSize;
 using Mirel::GUI::ENativeWindowKind;
 using Mirel::GUI::INativeWindow;
-using Mirel::GUI::SNativeWindowOptions;
 using testing::ElementsAre;
 using Tests::CRecordingSink;
 
