@@ -319,7 +319,7 @@ void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
         CSegment seen = MakeSeen({s.ax + origin.x, s.ay + origin.y, s.bx + origin.x, s.by + origin.y});
         if (ClipToNeighbourhood(seen, target.clip))
         {
-            rasterizer.DrawSegment(target, state.pen, seen);
+            DrawSegment(target, state.pen, seen);
         }
     }
     cairo_surface_mark_dirty(cairo_get_target(context));

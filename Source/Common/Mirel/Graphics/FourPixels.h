@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <emmintrin.h>
 
 namespace Mirel::Graphics
@@ -31,17 +32,28 @@ public:
                                     _mm_unpackhi_epi8(rounding, under), highCoverage));
     }
 
-    /// Four neighbouring pixels, each with its coverage from 0 to 1; what lies outside counts as the end.
-    void BlendRow(std::uint8_t* pixels, __m128 coverage) const
+    /// Up to four neighbouring pixels, each with its coverage from 0 to 1; what lies outside counts as the
+    /// end.
+    void BlendRow(std::uint8_t* pixels, __m128 coverage, int count) const
     {
         const __m128 bounded = _mm_min_ps(_mm_max_ps(coverage, _mm_setzero_ps()), _mm_set1_ps(1.0F));
         const __m128i levels =
             _mm_cvttps_epi32(_mm_add_ps(_mm_mul_ps(bounded, _mm_set1_ps(fullCoverage)), _mm_set1_ps(0.5F)));
         const __m128i packed = _mm_packs_epi32(levels, levels);
         const __m128i pairs = _mm_unpacklo_epi16(packed, packed);
-        auto* place = reinterpret_cast<__m128i*>(pixels);
-        _mm_storeu_si128(place, Blend(_mm_loadu_si128(place), _mm_unpacklo_epi32(pairs, pairs),
-                                      _mm_unpackhi_epi32(pairs, pairs)));
+        const __m128i low = _mm_unpacklo_epi32(pairs, pairs);
+        const __m128i high = _mm_unpackhi_epi32(pairs, pairs);
+        if (count >= 4)
+        {
+            auto* place = reinterpret_cast<__m128i*>(pixels);
+            _mm_storeu_si128(place, Blend(_mm_loadu_si128(place), low, high));
+            return;
+        }
+        __m128i some = _mm_setzero_si128();
+        const std::size_t bytes = static_cast<std::size_t>(count) * 4;
+        std::memcpy(&some, pixels, bytes);
+        some = Blend(some, low, high);
+        std::memcpy(pixels, &some, bytes);
     }
 
 private:

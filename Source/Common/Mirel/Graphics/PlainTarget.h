@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Mirel/Graphics/CLineRasterizer.h"
 #include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
+#include "Mirel/Graphics/LineRasterizer.h"
 
 namespace Mirel::Graphics
 {

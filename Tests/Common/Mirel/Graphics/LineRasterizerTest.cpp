@@ -1,4 +1,4 @@
-#include "Mirel/Graphics/CLineRasterizer.h"
+#include "Mirel/Graphics/LineRasterizer.h"
 
 #include "Canvas.h"
 
@@ -21,8 +21,7 @@ constexpr int side = 12;
 /// Draws on a cleared picture of side by side pixels.
 void Draw(CCanvas& canvas, const CSegment& segment, const CRect& clip = {0, 0, side, side})
 {
-    CLineRasterizer rasterizer;
-    rasterizer.DrawSegment({canvas.GetBitmap().GetData(), 4 * side, clip}, {0, 0, 0}, segment);
+    DrawSegment({canvas.GetBitmap().GetData(), 4 * side, clip}, {0, 0, 0}, segment);
 }
 
 /// The share of the pixel within half a pixel of the segment's line and between its ends, by counting points.
@@ -53,7 +52,7 @@ double Coordinate()
 
 } // namespace
 
-RC_GTEST_PROP(CLineRasterizer, CoversEachPixelByTheAreaOfTheLine, ())
+RC_GTEST_PROP(LineRasterizer, CoversEachPixelByTheAreaOfTheLine, ())
 {
     const CSegment segment = {Coordinate(), Coordinate(), Coordinate(), Coordinate()};
     RC_PRE(std::fabs(segment.ax - segment.bx) + std::fabs(segment.ay - segment.by) > 0.01);
@@ -70,7 +69,7 @@ RC_GTEST_PROP(CLineRasterizer, CoversEachPixelByTheAreaOfTheLine, ())
 }
 
 /// Long steep lines take another way inside than at their ends.
-RC_GTEST_PROP(CLineRasterizer, LongSteepLinesCoverEachPixelByTheirArea, ())
+RC_GTEST_PROP(LineRasterizer, LongSteepLinesCoverEachPixelByTheirArea, ())
 {
     constexpr int width = 24;
     constexpr int height = 64;
@@ -83,9 +82,7 @@ RC_GTEST_PROP(CLineRasterizer, LongSteepLinesCoverEachPixelByTheirArea, ())
     }
     RC_PRE(std::fabs(segment.ay - segment.by) > std::fabs(segment.ax - segment.bx));
     CCanvas canvas(width, height);
-    CLineRasterizer rasterizer;
-    rasterizer.DrawSegment({canvas.GetBitmap().GetData(), 4 * width, {0, 0, width, height}}, {0, 0, 0},
-                           segment);
+    DrawSegment({canvas.GetBitmap().GetData(), 4 * width, {0, 0, width, height}}, {0, 0, 0}, segment);
     for (int y = 0; y < height; ++y)
     {
         const double middle =
@@ -99,7 +96,7 @@ RC_GTEST_PROP(CLineRasterizer, LongSteepLinesCoverEachPixelByTheirArea, ())
     }
 }
 
-TEST(CLineRasterizer, ClipsOfFewColumnsAreKeptToo)
+TEST(LineRasterizer, ClipsOfFewColumnsAreKeptToo)
 {
     for (int clipWidth = 1; clipWidth < 7; ++clipWidth)
     {
@@ -125,7 +122,7 @@ TEST(CLineRasterizer, ClipsOfFewColumnsAreKeptToo)
     }
 }
 
-TEST(CLineRasterizer, LinesAlongPixelsAreExact)
+TEST(LineRasterizer, LinesAlongPixelsAreExact)
 {
     CCanvas canvas(side, side);
     Draw(canvas, {3.5, 1.25, 3.5, 6.5});
@@ -146,7 +143,7 @@ TEST(CLineRasterizer, LinesAlongPixelsAreExact)
     EXPECT_EQ(inside.CountPainted(), 1);
 }
 
-TEST(CLineRasterizer, CoverageOfPlainCasesIsExact)
+TEST(LineRasterizer, CoverageOfPlainCasesIsExact)
 {
     CCanvas canvas(side, side);
     Draw(canvas, {2.5, 3.5, 6.5, 3.5});
@@ -164,7 +161,7 @@ TEST(CLineRasterizer, CoverageOfPlainCasesIsExact)
     EXPECT_EQ(upward.CountPainted(), 8);
 }
 
-TEST(CLineRasterizer, NothingIsWrittenOutsideOfTheClip)
+TEST(LineRasterizer, NothingIsWrittenOutsideOfTheClip)
 {
     CCanvas whole(side, side);
     CCanvas clipped(side, side);
@@ -181,21 +178,19 @@ TEST(CLineRasterizer, NothingIsWrittenOutsideOfTheClip)
     }
 }
 
-TEST(CLineRasterizer, SegmentWithoutLengthDrawsNothing)
+TEST(LineRasterizer, SegmentWithoutLengthDrawsNothing)
 {
     CCanvas canvas(side, side);
     Draw(canvas, {3.5, 3.5, 3.5, 3.5});
     EXPECT_EQ(canvas.CountPainted(), 0);
 }
 
-TEST(CLineRasterizer, BlendsTheColourOverWhatIsThere)
+TEST(LineRasterizer, BlendsTheColourOverWhatIsThere)
 {
     CCanvas canvas(4, 1);
     canvas->SetFillColor({100, 200, 0});
     canvas->FillRect({0, 0, 4, 1});
-    CLineRasterizer rasterizer;
-    rasterizer.DrawSegment({canvas.GetBitmap().GetData(), 16, {0, 0, 4, 1}}, {200, 100, 50},
-                           {0.5, 0.5, 2.5, 0.5});
+    DrawSegment({canvas.GetBitmap().GetData(), 16, {0, 0, 4, 1}}, {200, 100, 50}, {0.5, 0.5, 2.5, 0.5});
     EXPECT_EQ(canvas.At(1, 0), 0xffc86432U);
     EXPECT_EQ(canvas.At(0, 0), 0xff966419U + 0x3200U);
     EXPECT_EQ(canvas.At(3, 0), 0xff64c800U);
@@ -250,7 +245,7 @@ void StrokeByLibrary(CCanvas& canvas, const std::vector<CPointF>& points)
 
 /// The drawing library counts fifteen rows to a pixel; a polyline drawn by it, line by line, is the
 /// reference.
-RC_GTEST_PROP(CLineRasterizer, PolylineIsThePictureThatTheLibraryDraws, ())
+RC_GTEST_PROP(LineRasterizer, PolylineIsThePictureThatTheLibraryDraws, ())
 {
     const auto count = static_cast<std::size_t>(*rc::gen::inRange(2, 6));
     std::vector<CPointF> points(count);
@@ -277,7 +272,7 @@ RC_GTEST_PROP(CLineRasterizer, PolylineIsThePictureThatTheLibraryDraws, ())
 
 /// Noise, a sine of many periods and one of few, as a curve graph draws them: the bounds hold for what is
 /// seen as one picture.
-TEST(CLineRasterizer, TracesAreThePicturesThatTheLibraryDraws)
+TEST(LineRasterizer, TracesAreThePicturesThatTheLibraryDraws)
 {
     constexpr CSize size = {400, 250};
     for (const double periods : {-1.0, 176.0, 3.5})
@@ -312,7 +307,7 @@ TEST(CLineRasterizer, TracesAreThePicturesThatTheLibraryDraws)
     }
 }
 
-TEST(CLineRasterizer, SurfacesThatAreNotPlainAreLeftToTheLibrary)
+TEST(LineRasterizer, SurfacesThatAreNotPlainAreLeftToTheLibrary)
 {
     const CPointF points[] = {{1.0F, 1.0F}, {5.0F, 1.0F}};
     CCanvas scaled(side, side);

@@ -1,0 +1,342 @@
+#include "Mirel/Graphics/CSolidLine.h"
+
+#include "Mirel/Graphics/LineRasterizer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Mirel::Graphics
+{
+
+namespace
+{
+
+constexpr int groupWidth = 4;
+
+/// Lines that lean more than this, in columns a row, leave their pixels too soon for runs to pay.
+constexpr float mostLeanOfRuns = 1.0F / 8.0F;
+
+/// An edge that goes less than this sideways in a row counts as upright: no pixel changes by a level.
+constexpr float leastWidth = 1.0F / 64.0F;
+
+/// An end that rises less than this counts as level: it changes a pixel by two levels at most.
+constexpr double leastSlant = 1.0 / 128.0;
+
+/// A line that falls less than this, in pixels, counts as level: its slope would not be a number.
+constexpr double leastFall = 1e-6;
+
+/// Without the call that the library's takes on processors without an instruction for it.
+template <class T>
+int Floor(T value)
+{
+    const int whole = static_cast<int>(value);
+    return whole - (static_cast<T>(whole) > value ? 1 : 0);
+}
+
+template <class T>
+int Ceil(T value)
+{
+    return -Floor(-value);
+}
+
+__m128 Clamp(__m128 value)
+{
+    return _mm_min_ps(_mm_max_ps(value, _mm_setzero_ps()), _mm_set1_ps(1.0F));
+}
+
+/// The integral of Clamp from 0.
+__m128 ClampIntegral(__m128 value)
+{
+    const __m128 positive = _mm_max_ps(value, _mm_setzero_ps());
+    const __m128 bounded = _mm_min_ps(positive, _mm_set1_ps(1.0F));
+    return _mm_mul_ps(bounded, _mm_sub_ps(positive, _mm_mul_ps(bounded, _mm_set1_ps(0.5F))));
+}
+
+/// How far the pixels, given by their right sides, lie to the right of an edge through a row, between 0 and
+/// 1; the edge goes from left to right or back.
+__m128 GetShare(__m128 rightSides, float left, float right)
+{
+    const float width = right - left;
+    if (width < leastWidth)
+    {
+        return Clamp(_mm_sub_ps(rightSides, _mm_set1_ps(left + 0.5F * width)));
+    }
+    const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(left))),
+                                     ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(right))));
+    return _mm_mul_ps(change, _mm_set1_ps(1.0F / width));
+}
+
+__m128i LoadHalves(const std::uint8_t* low, const std::uint8_t* high)
+{
+    return _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(low)),
+                              _mm_loadl_epi64(reinterpret_cast<const __m128i*>(high)));
+}
+
+/// Four 16-bit lanes of the one, then four of the other.
+__m128i SetHalves(int low, int high)
+{
+    return _mm_unpacklo_epi64(_mm_set1_epi16(static_cast<short>(low)),
+                              _mm_set1_epi16(static_cast<short>(high)));
+}
+
+} // namespace
+
+CSolidLine::CSolidLine(const CSegment& segment, int width)
+{
+    const bool down = segment.ay <= segment.by;
+    const double ax = down ? segment.ax : segment.bx;
+    const double ay = down ? segment.ay : segment.by;
+    const double dx = (down ? segment.bx : segment.ax) - ax;
+    const double fall = (down ? segment.by : segment.ay) - ay;
+    const double dy = fall < leastFall ? 0.0 : fall;
+    const double length = std::sqrt(dx * dx + dy * dy);
+    if (!(length > 0.0))
+    {
+        return;
+    }
+    const double half = 0.5 * width / length;
+    const double slant = std::fabs(dx) * half;
+    isBlunt = slant < leastSlant;
+    firstColumn = Floor(ax);
+    firstRow = Floor(isBlunt ? ay : ay - slant);
+    x = static_cast<float>(ax - firstColumn);
+    y = static_cast<float>(ay - firstRow);
+    endY = y + static_cast<float>(dy);
+    const float reach = isBlunt ? 0.0F : static_cast<float>(slant);
+    rows = Ceil(endY + reach);
+    firstWhole = Ceil(y + reach);
+    endWhole = Floor(endY - reach);
+    if (dy > 0.0)
+    {
+        const double perRow = 1.0 / dy;
+        slope = static_cast<float>(dx * perRow);
+        lean = std::fabs(slope);
+        perLean = static_cast<float>(1.0 / std::fabs(dx * perRow));
+        wide = static_cast<float>(width * length * perRow);
+        left = x - 0.5F * wide - y * slope;
+        // The same for all rows, though some would do with less: so the processor foresees the loops' ends.
+        mostColumns = static_cast<int>(lean + wide) + 2;
+    }
+    if (!isBlunt)
+    {
+        SetEdges(static_cast<float>(dx), static_cast<float>(dy), static_cast<float>(dy * half),
+                 static_cast<float>(-dx * half));
+    }
+}
+
+/// (rx, ry) leads from the middle of the line to its right side; upward if the line runs to the right.
+void CSolidLine::SetEdges(float dx, float dy, float rx, float ry)
+{
+    const float endX = x + dx;
+    edges[0] = {x - rx, y - ry, endX - rx, endY - ry, slope, 1.0F};
+    edges[1] = {x + rx, y + ry, endX + rx, endY + ry, slope, -1.0F};
+    // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
+    const float across = -dy / dx;
+    if (dx > 0.0F)
+    {
+        edges[2] = {x + rx, y + ry, x - rx, y - ry, across, 1.0F};
+        edges[3] = {endX + rx, endY + ry, endX - rx, endY - ry, across, -1.0F};
+    }
+    else
+    {
+        edges[2] = {x - rx, y - ry, x + rx, y + ry, across, -1.0F};
+        edges[3] = {endX - rx, endY - ry, endX + rx, endY + ry, across, 1.0F};
+    }
+}
+
+void CSolidLine::Draw(const CPixelTarget& target, CColor color) const
+{
+    const CFourPixelBlender blender(color);
+    const CRect& clip = target.clip;
+    const int clipLeft = clip.x - firstColumn;
+    const int end = std::min(rows, clip.y + clip.height - firstRow);
+    const bool hasRuns = lean < mostLeanOfRuns;
+    int at = std::max(0, clip.y - firstRow);
+    while (at < end)
+    {
+        const bool isWhole = at >= firstWhole && at < endWhole;
+        if (isWhole && hasRuns)
+        {
+            const int drawn = DrawRun(target, at, std::min(end, endWhole), blender);
+            at += drawn;
+            if (drawn > 0)
+            {
+                continue;
+            }
+        }
+        const CRow row = {target.data + std::int64_t{target.stride} * (firstRow + at) +
+                              std::int64_t{4} * firstColumn,
+                          clipLeft, clipLeft + clip.width, blender};
+        if (isBlunt)
+        {
+            DrawBluntRow(row, at);
+        }
+        else if (isWhole)
+        {
+            DrawWholeRow(row, at);
+        }
+        else
+        {
+            DrawEndRow(row, at);
+        }
+        ++at;
+    }
+}
+
+/// Draws some columns of the row; cover tells the coverage of four pixels of which the first and all right
+/// sides are given.
+template <class Cover>
+void CSolidLine::DrawColumns(const CRow& row, int first, int count, const Cover& cover)
+{
+    const int end = std::min(first + count, row.clipRight);
+    for (int column = std::max(first, row.clipLeft); column < end; column += groupWidth)
+    {
+        const auto left = static_cast<float>(column);
+        const __m128 rightSides = _mm_add_ps(_mm_set1_ps(left), _mm_set_ps(4.0F, 3.0F, 2.0F, 1.0F));
+        row.blender.BlendRow(row.pixels + std::int64_t{4} * column, cover(left, rightSides),
+                             std::min(groupWidth, row.clipRight - column));
+    }
+}
+
+/// Both sides are as good as upright.
+void CSolidLine::DrawBluntRow(const CRow& row, int at) const
+{
+    const float from = std::max(static_cast<float>(at), y);
+    const float to = std::min(static_cast<float>(at) + 1.0F, endY);
+    const float side = left + 0.5F * (from + to) * slope;
+    const __m128 height = _mm_set1_ps(to - from);
+    DrawColumns(row, Floor(side), mostColumns,
+                [&](float /*left*/, __m128 rightSides)
+                {
+                    const __m128 toSide = _mm_sub_ps(rightSides, _mm_set1_ps(side));
+                    return _mm_mul_ps(
+                        height, _mm_sub_ps(Clamp(toSide), Clamp(_mm_sub_ps(toSide, _mm_set1_ps(wide)))));
+                });
+}
+
+/// Both sides go through the row from top to bottom.
+void CSolidLine::DrawWholeRow(const CRow& row, int at) const
+{
+    const float top = left + slope * static_cast<float>(at);
+    const float side = std::min(top, top + slope);
+    DrawColumns(row, Floor(side), mostColumns,
+                [&](float /*left*/, __m128 rightSides)
+                {
+                    const __m128 toLeft = _mm_sub_ps(rightSides, _mm_set1_ps(side));
+                    const __m128 toRight = _mm_sub_ps(toLeft, _mm_set1_ps(wide));
+                    const __m128 lean4 = _mm_set1_ps(lean);
+                    const __m128 leftShare =
+                        _mm_sub_ps(ClampIntegral(toLeft), ClampIntegral(_mm_sub_ps(toLeft, lean4)));
+                    const __m128 rightShare =
+                        _mm_sub_ps(ClampIntegral(toRight), ClampIntegral(_mm_sub_ps(toRight, lean4)));
+                    return _mm_mul_ps(_mm_sub_ps(leftShare, rightShare), _mm_set1_ps(perLean));
+                });
+}
+
+void CSolidLine::DrawEndRow(const CRow& row, int at) const
+{
+    const auto top = static_cast<float>(at);
+    std::array<CPiece, 4> pieces;
+    std::size_t count = 0;
+    float leftmost = static_cast<float>(row.clipRight);
+    float rightmost = static_cast<float>(row.clipLeft);
+    for (const CEdge& edge : edges)
+    {
+        const float from = std::max(edge.y, top);
+        const float to = std::min(edge.endY, top + 1.0F);
+        if (from < to)
+        {
+            const auto [low, high] = std::minmax(edge.x, edge.endX);
+            const float x0 = std::clamp(edge.x + (from - edge.y) * edge.slope, low, high);
+            const float x1 = std::clamp(edge.x + (to - edge.y) * edge.slope, low, high);
+            pieces[count++] = {std::min(x0, x1), std::max(x0, x1), (to - from) * edge.sign};
+            leftmost = std::min({leftmost, x0, x1});
+            rightmost = std::max({rightmost, x0, x1});
+        }
+    }
+    const int first = Floor(leftmost);
+    DrawColumns(row, first, Ceil(rightmost) - first,
+                [&](float groupLeft, __m128 rightSides)
+                {
+                    __m128 coverage = _mm_setzero_ps();
+                    for (std::size_t i = 0; i < count; ++i)
+                    {
+                        const CPiece& piece = pieces[i];
+                        // Far from an edge its share is known, and the arithmetic would round.
+                        const __m128 share = piece.right <= groupLeft
+                                                 ? _mm_set1_ps(1.0F)
+                                                 : GetShare(rightSides, piece.left, piece.right);
+                        coverage = _mm_add_ps(coverage, _mm_mul_ps(share, _mm_set1_ps(piece.height)));
+                    }
+                    return coverage;
+                });
+}
+
+/// Rows without an end in which both sides of the strip stay within one pixel each, next to each other: there
+/// the coverage of the two pixels changes evenly from row to row. Gives how many it drew; 0 if already the
+/// first is not such a row.
+int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, const CFourPixelBlender& blender) const
+{
+    // Whole pixels often fit but for a rounding error.
+    constexpr float tolerance = 1.0F / 2048.0F;
+    constexpr int longest = 64; // Steps are rounded, and the error grows with their number.
+    const float start = left + slope * static_cast<float>(at);
+    const int first = Floor(std::min(start, start + slope) + tolerance);
+    const auto base = static_cast<float>(first);
+    const float room = slope < 0.0F ? start - base : base + 2.0F - wide - start;
+    const int clipLeft = target.clip.x - firstColumn;
+    if (first < clipLeft || first + 2 > clipLeft + target.clip.width ||
+        start + wide > base + 2.0F + tolerance)
+    {
+        return 0;
+    }
+    int count = std::min(endAt - at, longest);
+    if (static_cast<float>(count) * lean > room + tolerance)
+    {
+        count = static_cast<int>((room + tolerance) / lean);
+    }
+    if (count < 1)
+    {
+        return 0;
+    }
+    // The middle of the row tells its area, since no side leaves its pixel.
+    constexpr float one = 32768.0F;
+    const auto toUnits = [](float coverage)
+    { return static_cast<int>(std::clamp(coverage, 0.0F, 1.0F) * one + 0.5F); };
+    const float middle = start + 0.5F * slope;
+    const float lastMiddle = middle + slope * static_cast<float>(count - 1);
+    const int low = toUnits(base + 1.0F - middle);
+    const int high = toUnits(middle + wide - base - 1.0F);
+    const int steps = std::max(count - 1, 1);
+    const int lowStep = (toUnits(base + 1.0F - lastMiddle) - low) / steps;
+    const int highStep = (toUnits(lastMiddle + wide - base - 1.0F) - high) / steps;
+    constexpr int toLevel = 7; // From 32768 to 256.
+    constexpr int rounding = 1 << (toLevel - 1);
+    __m128i even = SetHalves(low + rounding, high + rounding);
+    const __m128i step = SetHalves(lowStep, highStep);
+    __m128i odd = _mm_add_epi16(even, step);
+    const __m128i twoSteps = _mm_add_epi16(step, step);
+
+    const auto stride = static_cast<std::ptrdiff_t>(target.stride);
+    std::uint8_t* pixels = target.data + stride * (firstRow + at) + std::int64_t{4} * (firstColumn + first);
+    int row = 0;
+    for (; row + 2 <= count; row += 2, pixels += 2 * stride)
+    {
+        const __m128i blended = blender.Blend(LoadHalves(pixels, pixels + stride),
+                                              _mm_srli_epi16(even, toLevel), _mm_srli_epi16(odd, toLevel));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), blended);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels + stride), _mm_unpackhi_epi64(blended, blended));
+        even = _mm_add_epi16(even, twoSteps);
+        odd = _mm_add_epi16(odd, twoSteps);
+    }
+    if (row < count)
+    {
+        const __m128i level = _mm_srli_epi16(even, toLevel);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels),
+                         blender.Blend(LoadHalves(pixels, pixels), level, level));
+    }
+    return count;
+}
+
+} // namespace Mirel::Graphics
