@@ -1,5 +1,6 @@
 #include "Mirel/Graphics/CSolidLine.h"
 
+#include "Mirel/Graphics/CPairRamp.h"
 #include "Mirel/Graphics/LineRasterizer.h"
 
 #include <algorithm>
@@ -65,19 +66,6 @@ __m128 GetShare(__m128 rightSides, float left, float right)
     const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(left))),
                                      ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(right))));
     return _mm_mul_ps(change, _mm_set1_ps(1.0F / width));
-}
-
-__m128i LoadHalves(const std::uint8_t* low, const std::uint8_t* high)
-{
-    return _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(low)),
-                              _mm_loadl_epi64(reinterpret_cast<const __m128i*>(high)));
-}
-
-/// Four 16-bit lanes of the one, then four of the other.
-__m128i SetHalves(int low, int high)
-{
-    return _mm_unpacklo_epi64(_mm_set1_epi16(static_cast<short>(low)),
-                              _mm_set1_epi16(static_cast<short>(high)));
 }
 
 } // namespace
@@ -158,7 +146,7 @@ void CSolidLine::Draw(const CPixelTarget& target, CColor color) const
         const bool isWhole = at >= firstWhole && at < endWhole;
         if (isWhole && hasRuns)
         {
-            const int drawn = DrawRun(target, at, std::min(end, endWhole), blender);
+            const int drawn = DrawRun(target, at, std::min(end, endWhole), color);
             at += drawn;
             if (drawn > 0)
             {
@@ -276,7 +264,7 @@ void CSolidLine::DrawEndRow(const CRow& row, int at) const
 /// Rows without an end in which both sides of the strip stay within one pixel each, next to each other: there
 /// the coverage of the two pixels changes evenly from row to row. Gives how many it drew; 0 if already the
 /// first is not such a row.
-int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, const CFourPixelBlender& blender) const
+int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const
 {
     // Whole pixels often fit but for a rounding error.
     constexpr float tolerance = 1.0F / 2048.0F;
@@ -301,41 +289,14 @@ int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, const CFo
         return 0;
     }
     // The middle of the row tells its area, since no side leaves its pixel.
-    constexpr float one = 32768.0F;
-    const auto toUnits = [](float coverage)
-    { return static_cast<int>(std::clamp(coverage, 0.0F, 1.0F) * one + 0.5F); };
+    const auto bound = [](float coverage) { return std::clamp(coverage, 0.0F, 1.0F); };
     const float middle = start + 0.5F * slope;
     const float lastMiddle = middle + slope * static_cast<float>(count - 1);
-    const int low = toUnits(base + 1.0F - middle);
-    const int high = toUnits(middle + wide - base - 1.0F);
-    const int steps = std::max(count - 1, 1);
-    const int lowStep = (toUnits(base + 1.0F - lastMiddle) - low) / steps;
-    const int highStep = (toUnits(lastMiddle + wide - base - 1.0F) - high) / steps;
-    constexpr int toLevel = 7; // From 32768 to 256.
-    constexpr int rounding = 1 << (toLevel - 1);
-    __m128i even = SetHalves(low + rounding, high + rounding);
-    const __m128i step = SetHalves(lowStep, highStep);
-    __m128i odd = _mm_add_epi16(even, step);
-    const __m128i twoSteps = _mm_add_epi16(step, step);
-
-    const auto stride = static_cast<std::ptrdiff_t>(target.stride);
-    std::uint8_t* pixels = target.data + stride * (firstRow + at) + std::int64_t{4} * (firstColumn + first);
-    int row = 0;
-    for (; row + 2 <= count; row += 2, pixels += 2 * stride)
-    {
-        const __m128i blended = blender.Blend(LoadHalves(pixels, pixels + stride),
-                                              _mm_srli_epi16(even, toLevel), _mm_srli_epi16(odd, toLevel));
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), blended);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels + stride), _mm_unpackhi_epi64(blended, blended));
-        even = _mm_add_epi16(even, twoSteps);
-        odd = _mm_add_epi16(odd, twoSteps);
-    }
-    if (row < count)
-    {
-        const __m128i level = _mm_srli_epi16(even, toLevel);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels),
-                         blender.Blend(LoadHalves(pixels, pixels), level, level));
-    }
+    CPairRamp ramp(color, {bound(base + 1.0F - middle), bound(middle + wide - base - 1.0F)},
+                   {bound(base + 1.0F - lastMiddle), bound(lastMiddle + wide - base - 1.0F)}, count);
+    ramp.Draw(target.data + std::int64_t{target.stride} * (firstRow + at) +
+                  std::int64_t{4} * (firstColumn + first),
+              target.stride);
     return count;
 }
 

@@ -57,7 +57,7 @@ private:
     void DrawWholeRow(const CRow& row, int at) const;
     template <class Cover>
     static void DrawColumns(const CRow& row, int first, int count, const Cover& cover);
-    int DrawRun(const CPixelTarget& target, int y, int endY, const CFourPixelBlender& blender) const;
+    int DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const;
 
     int firstColumn = 0;
     int firstRow = 0;
