@@ -46,11 +46,11 @@ __m128 Clamp(__m128 value)
     return _mm_min_ps(_mm_max_ps(value, _mm_setzero_ps()), _mm_set1_ps(1.0F));
 }
 
-/// The integral of Clamp from 0.
-__m128 ClampIntegral(__m128 value)
+/// The integral from 0 of what lies between 0 and a bound.
+__m128 ClampIntegral(__m128 value, __m128 bound)
 {
     const __m128 positive = _mm_max_ps(value, _mm_setzero_ps());
-    const __m128 bounded = _mm_min_ps(positive, _mm_set1_ps(1.0F));
+    const __m128 bounded = _mm_min_ps(positive, bound);
     return _mm_mul_ps(bounded, _mm_sub_ps(positive, _mm_mul_ps(bounded, _mm_set1_ps(0.5F))));
 }
 
@@ -63,8 +63,9 @@ __m128 GetShare(__m128 rightSides, float left, float right)
     {
         return Clamp(_mm_sub_ps(rightSides, _mm_set1_ps(left + 0.5F * width)));
     }
-    const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(left))),
-                                     ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(right))));
+    const __m128 one = _mm_set1_ps(1.0F);
+    const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(left)), one),
+                                     ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(right)), one));
     return _mm_mul_ps(change, _mm_set1_ps(1.0F / width));
 }
 
@@ -203,22 +204,32 @@ void CSolidLine::DrawBluntRow(const CRow& row, int at) const
                 });
 }
 
-/// Both sides go through the row from top to bottom.
+/// Both sides go through the row from top to bottom. Along the row the line's share of the height rises,
+/// stays and falls; a pixel is as far covered as the area under that profile grows from its left side to its
+/// right.
 void CSolidLine::DrawWholeRow(const CRow& row, int at) const
 {
     const float top = left + slope * static_cast<float>(at);
     const float side = std::min(top, top + slope);
-    DrawColumns(row, Floor(side), mostColumns,
+    const int first = Floor(side);
+    const __m128 rise = _mm_set1_ps(std::min(lean, wide));
+    const __m128 fall = _mm_set1_ps(side + std::max(lean, wide));
+    const auto getArea = [&](__m128 places)
+    {
+        const __m128 risen = ClampIntegral(_mm_sub_ps(places, _mm_set1_ps(side)), rise);
+        return _mm_mul_ps(_mm_sub_ps(risen, ClampIntegral(_mm_sub_ps(places, fall), rise)),
+                          _mm_set1_ps(perLean));
+    };
+    __m128 before =
+        first < row.clipLeft ? getArea(_mm_set1_ps(static_cast<float>(row.clipLeft))) : _mm_setzero_ps();
+    DrawColumns(row, first, mostColumns,
                 [&](float /*left*/, __m128 rightSides)
                 {
-                    const __m128 toLeft = _mm_sub_ps(rightSides, _mm_set1_ps(side));
-                    const __m128 toRight = _mm_sub_ps(toLeft, _mm_set1_ps(wide));
-                    const __m128 lean4 = _mm_set1_ps(lean);
-                    const __m128 leftShare =
-                        _mm_sub_ps(ClampIntegral(toLeft), ClampIntegral(_mm_sub_ps(toLeft, lean4)));
-                    const __m128 rightShare =
-                        _mm_sub_ps(ClampIntegral(toRight), ClampIntegral(_mm_sub_ps(toRight, lean4)));
-                    return _mm_mul_ps(_mm_sub_ps(leftShare, rightShare), _mm_set1_ps(perLean));
+                    const __m128 area = getArea(rightSides);
+                    const __m128 shifted =
+                        _mm_move_ss(_mm_shuffle_ps(area, area, _MM_SHUFFLE(2, 1, 0, 0)), before);
+                    before = _mm_shuffle_ps(area, area, _MM_SHUFFLE(3, 3, 3, 3));
+                    return _mm_sub_ps(area, shifted);
                 });
 }
 
