@@ -71,7 +71,7 @@ __m128 GetShare(__m128 rightSides, float left, float right)
 
 } // namespace
 
-CSolidLine::CSolidLine(const CSegment& segment, int width)
+CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
 {
     const bool down = segment.ay <= segment.by;
     const double ax = down ? segment.ax : segment.bx;
@@ -272,9 +272,9 @@ void CSolidLine::DrawEndRow(const CRow& row, int at) const
                 });
 }
 
-/// Rows without an end in which both sides of the strip stay within one pixel each, next to each other: there
-/// the coverage of the two pixels changes evenly from row to row. Gives how many it drew; 0 if already the
-/// first is not such a row.
+/// Rows without an end in which both sides of the strip stay within one pixel each, as far apart as the line
+/// is wide: there the coverage of the two pixels changes evenly from row to row. Gives how many it drew; 0 if
+/// already the first is not such a row.
 int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const
 {
     // Whole pixels often fit but for a rounding error.
@@ -283,10 +283,11 @@ int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, CColor co
     const float start = left + slope * static_cast<float>(at);
     const int first = Floor(std::min(start, start + slope) + tolerance);
     const auto base = static_cast<float>(first);
-    const float room = slope < 0.0F ? start - base : base + 2.0F - wide - start;
+    const float lastBase = base + static_cast<float>(width);
+    const float room = slope < 0.0F ? start - base : lastBase + 1.0F - wide - start;
     const int clipLeft = target.clip.x - firstColumn;
-    if (first < clipLeft || first + 2 > clipLeft + target.clip.width ||
-        start + wide > base + 2.0F + tolerance)
+    if (first < clipLeft || first + width >= clipLeft + target.clip.width ||
+        start + wide > lastBase + 1.0F + tolerance)
     {
         return 0;
     }
@@ -303,11 +304,11 @@ int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, CColor co
     const auto bound = [](float coverage) { return std::clamp(coverage, 0.0F, 1.0F); };
     const float middle = start + 0.5F * slope;
     const float lastMiddle = middle + slope * static_cast<float>(count - 1);
-    CPairRamp ramp(color, {bound(base + 1.0F - middle), bound(middle + wide - base - 1.0F)},
-                   {bound(base + 1.0F - lastMiddle), bound(lastMiddle + wide - base - 1.0F)}, count);
+    CPairRamp ramp(color, {bound(base + 1.0F - middle), bound(middle + wide - lastBase)},
+                   {bound(base + 1.0F - lastMiddle), bound(lastMiddle + wide - lastBase)}, count);
     ramp.Draw(target.data + std::int64_t{target.stride} * (firstRow + at) +
                   std::int64_t{4} * (firstColumn + first),
-              target.stride);
+              target.stride, width);
     return count;
 }
 

@@ -59,6 +59,7 @@ private:
     static void DrawColumns(const CRow& row, int first, int count, const Cover& cover);
     int DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const;
 
+    int width = 1;
     int firstColumn = 0;
     int firstRow = 0;
     int rows = 0;
