@@ -54,21 +54,6 @@ __m128 ClampIntegral(__m128 value, __m128 bound)
     return _mm_mul_ps(bounded, _mm_sub_ps(positive, _mm_mul_ps(bounded, _mm_set1_ps(0.5F))));
 }
 
-/// How far the pixels, given by their right sides, lie to the right of an edge through a row, between 0 and
-/// 1; the edge goes from left to right or back.
-__m128 GetShare(__m128 rightSides, float left, float right)
-{
-    const float width = right - left;
-    if (width < leastWidth)
-    {
-        return Clamp(_mm_sub_ps(rightSides, _mm_set1_ps(left + 0.5F * width)));
-    }
-    const __m128 one = _mm_set1_ps(1.0F);
-    const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(left)), one),
-                                     ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(right)), one));
-    return _mm_mul_ps(change, _mm_set1_ps(1.0F / width));
-}
-
 } // namespace
 
 CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
@@ -87,7 +72,10 @@ CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
     const double half = 0.5 * width / length;
     const double slant = std::fabs(dx) * half;
     isBlunt = slant < leastSlant;
-    firstColumn = Floor(ax);
+    const double sideX = dy * half;
+    firstColumn = Floor(std::min(ax, ax + dx) - sideX);
+    columns = Ceil(std::max(ax, ax + dx) + sideX) - firstColumn;
+    mostColumns = columns;
     firstRow = Floor(isBlunt ? ay : ay - slant);
     x = static_cast<float>(ax - firstColumn);
     y = static_cast<float>(ay - firstRow);
@@ -118,19 +106,20 @@ CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
 void CSolidLine::SetEdges(float dx, float dy, float rx, float ry)
 {
     const float endX = x + dx;
-    edges[0] = {x - rx, y - ry, endX - rx, endY - ry, slope, 1.0F};
-    edges[1] = {x + rx, y + ry, endX + rx, endY + ry, slope, -1.0F};
-    // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
     const float across = -dy / dx;
+    const float perSlope = std::fabs(across);
+    edges[0] = {x - rx, y - ry, endY - ry, slope, perSlope, 1.0F};
+    edges[1] = {x + rx, y + ry, endY + ry, slope, perSlope, -1.0F};
+    // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
     if (dx > 0.0F)
     {
-        edges[2] = {x + rx, y + ry, x - rx, y - ry, across, 1.0F};
-        edges[3] = {endX + rx, endY + ry, endX - rx, endY - ry, across, -1.0F};
+        edges[2] = {x + rx, y + ry, y - ry, across, lean, 1.0F};
+        edges[3] = {endX + rx, endY + ry, endY - ry, across, lean, -1.0F};
     }
     else
     {
-        edges[2] = {x - rx, y - ry, x + rx, y + ry, across, -1.0F};
-        edges[3] = {endX - rx, endY - ry, endX + rx, endY + ry, across, 1.0F};
+        edges[2] = {x - rx, y - ry, y + ry, across, lean, -1.0F};
+        edges[3] = {endX - rx, endY - ry, endY + ry, across, lean, 1.0F};
     }
 }
 
@@ -233,40 +222,47 @@ void CSolidLine::DrawWholeRow(const CRow& row, int at) const
                 });
 }
 
+/// What the part of the edge in a row covers of pixels, given by the first one's left side and all right
+/// sides: what lies to the right of it.
+__m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 rightSides)
+{
+    const float from = std::max(edge.y, top);
+    const float to = std::min(edge.endY, top + 1.0F);
+    if (!(from < to))
+    {
+        return _mm_setzero_ps();
+    }
+    const float x0 = edge.x + (from - edge.y) * edge.slope;
+    const float x1 = edge.x + (to - edge.y) * edge.slope;
+    const __m128 height = _mm_set1_ps((to - from) * edge.sign);
+    // Far from an edge its share is known, and the arithmetic would round.
+    if (std::max(x0, x1) <= left)
+    {
+        return height;
+    }
+    if (std::fabs(x1 - x0) < leastWidth)
+    {
+        return _mm_mul_ps(height, Clamp(_mm_sub_ps(rightSides, _mm_set1_ps(0.5F * (x0 + x1)))));
+    }
+    const __m128 one = _mm_set1_ps(1.0F);
+    const __m128 change =
+        _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(std::min(x0, x1))), one),
+                   ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(std::max(x0, x1))), one));
+    return _mm_mul_ps(change, _mm_set1_ps(edge.perSlope * edge.sign));
+}
+
 void CSolidLine::DrawEndRow(const CRow& row, int at) const
 {
-    const auto top = static_cast<float>(at);
-    std::array<CPiece, 4> pieces;
-    std::size_t count = 0;
-    float leftmost = static_cast<float>(row.clipRight);
-    float rightmost = static_cast<float>(row.clipLeft);
-    for (const CEdge& edge : edges)
-    {
-        const float from = std::max(edge.y, top);
-        const float to = std::min(edge.endY, top + 1.0F);
-        if (from < to)
-        {
-            const auto [low, high] = std::minmax(edge.x, edge.endX);
-            const float x0 = std::clamp(edge.x + (from - edge.y) * edge.slope, low, high);
-            const float x1 = std::clamp(edge.x + (to - edge.y) * edge.slope, low, high);
-            pieces[count++] = {std::min(x0, x1), std::max(x0, x1), (to - from) * edge.sign};
-            leftmost = std::min({leftmost, x0, x1});
-            rightmost = std::max({rightmost, x0, x1});
-        }
-    }
-    const int first = Floor(leftmost);
-    DrawColumns(row, first, Ceil(rightmost) - first,
+    const float top = left + slope * static_cast<float>(at);
+    const int first = columns <= groupWidth ? 0 : std::max(Floor(std::min(top, top + slope)), 0);
+    DrawColumns(row, first, std::min(mostColumns, columns - first),
                 [&](float groupLeft, __m128 rightSides)
                 {
                     __m128 coverage = _mm_setzero_ps();
-                    for (std::size_t i = 0; i < count; ++i)
+                    for (const CEdge& edge : edges)
                     {
-                        const CPiece& piece = pieces[i];
-                        // Far from an edge its share is known, and the arithmetic would round.
-                        const __m128 share = piece.right <= groupLeft
-                                                 ? _mm_set1_ps(1.0F)
-                                                 : GetShare(rightSides, piece.left, piece.right);
-                        coverage = _mm_add_ps(coverage, _mm_mul_ps(share, _mm_set1_ps(piece.height)));
+                        coverage = _mm_add_ps(coverage,
+                                              CoverBy(edge, static_cast<float>(at), groupLeft, rightSides));
                     }
                     return coverage;
                 });

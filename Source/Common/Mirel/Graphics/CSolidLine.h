@@ -28,18 +28,10 @@ private:
     {
         float x;
         float y;
-        float endX;
         float endY;
-        float slope; ///< Columns for each row.
-        float sign;  ///< 1 if the line lies to the right of it, else -1.
-    };
-
-    /// The part of an edge in one row.
-    struct CPiece
-    {
-        float left;
-        float right;
-        float height; ///< Of the row, with the sign of the edge.
+        float slope;    ///< Columns for each row.
+        float perSlope; ///< Rows for each column, without a sign.
+        float sign;     ///< 1 if the line lies to the right of it, else -1.
     };
 
     /// What a row is drawn with.
@@ -52,6 +44,7 @@ private:
     };
 
     void SetEdges(float dx, float dy, float rx, float ry);
+    static __m128 CoverBy(const CEdge& edge, float top, float left, __m128 rightSides);
     void DrawEndRow(const CRow& row, int y) const;
     void DrawBluntRow(const CRow& row, int at) const;
     void DrawWholeRow(const CRow& row, int at) const;
@@ -63,6 +56,7 @@ private:
     int firstColumn = 0;
     int firstRow = 0;
     int rows = 0;
+    int columns = 0;
     float x = 0.0F; ///< Where the line begins, in its middle.
     float y = 0.0F;
     float endY = 0.0F;
