@@ -22,10 +22,10 @@ constexpr float mostLeanOfRuns = 1.0F / 8.0F;
 constexpr float leastWidth = 1.0F / 64.0F;
 
 /// An end that rises less than this counts as level: it changes a pixel by two levels at most.
-constexpr double leastSlant = 1.0 / 128.0;
+constexpr float leastSlant = 1.0F / 128.0F;
 
-/// A line that falls less than this, in pixels, counts as level: its slope would not be a number.
-constexpr double leastFall = 1e-6;
+/// A line that falls less than this, in pixels, counts as level: its slope is too great for the arithmetic.
+constexpr float leastFall = 1.0F / 1024.0F;
 
 /// Without the call that the library's takes on processors without an instruction for it.
 template <class T>
@@ -61,44 +61,41 @@ CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
     const bool down = segment.ay <= segment.by;
     const double ax = down ? segment.ax : segment.bx;
     const double ay = down ? segment.ay : segment.by;
-    const double dx = (down ? segment.bx : segment.ax) - ax;
-    const double fall = (down ? segment.by : segment.ay) - ay;
-    const double dy = fall < leastFall ? 0.0 : fall;
-    const double length = std::sqrt(dx * dx + dy * dy);
-    if (!(length > 0.0))
+    const auto dx = static_cast<float>((down ? segment.bx : segment.ax) - ax);
+    const auto fall = static_cast<float>((down ? segment.by : segment.ay) - ay);
+    const float dy = fall < leastFall ? 0.0F : fall;
+    const float length = std::sqrt(dx * dx + dy * dy);
+    if (!(length > 0.0F))
     {
         return;
     }
-    const double half = 0.5 * width / length;
-    const double slant = std::fabs(dx) * half;
-    isBlunt = slant < leastSlant;
-    const double sideX = dy * half;
-    firstColumn = Floor(std::min(ax, ax + dx) - sideX);
-    columns = Ceil(std::max(ax, ax + dx) + sideX) - firstColumn;
-    mostColumns = columns;
-    firstRow = Floor(isBlunt ? ay : ay - slant);
+    firstColumn = static_cast<int>(ax);
+    firstRow = static_cast<int>(ay);
     x = static_cast<float>(ax - firstColumn);
     y = static_cast<float>(ay - firstRow);
-    endY = y + static_cast<float>(dy);
-    const float reach = isBlunt ? 0.0F : static_cast<float>(slant);
-    rows = Ceil(endY + reach);
+    endY = y + dy;
+    const float half = 0.5F * static_cast<float>(width) / length;
+    const float slant = std::fabs(dx) * half;
+    isBlunt = slant < leastSlant;
+    const float reach = isBlunt ? 0.0F : slant;
+    begin = Floor(y - reach);
     firstWhole = Ceil(y + reach);
     endWhole = Floor(endY - reach);
-    if (dy > 0.0)
+    end = Ceil(endY + reach);
+    left = std::min(x, x + dx);
+    if (dy > 0.0F)
     {
-        const double perRow = 1.0 / dy;
-        slope = static_cast<float>(dx * perRow);
+        const float perRow = 1.0F / dy;
+        slope = dx * perRow;
         lean = std::fabs(slope);
-        perLean = static_cast<float>(1.0 / std::fabs(dx * perRow));
-        wide = static_cast<float>(width * length * perRow);
+        wide = static_cast<float>(width) * length * perRow;
         left = x - 0.5F * wide - y * slope;
         // The same for all rows, though some would do with less: so the processor foresees the loops' ends.
         mostColumns = static_cast<int>(lean + wide) + 2;
     }
     if (!isBlunt)
     {
-        SetEdges(static_cast<float>(dx), static_cast<float>(dy), static_cast<float>(dy * half),
-                 static_cast<float>(-dx * half));
+        SetEdges(dx, dy, dy * half, -dx * half);
     }
 }
 
@@ -106,10 +103,12 @@ CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
 void CSolidLine::SetEdges(float dx, float dy, float rx, float ry)
 {
     const float endX = x + dx;
+    firstCovered = Floor(std::min(x, endX) - rx);
+    endCovered = Ceil(std::max(x, endX) + rx);
     const float across = -dy / dx;
-    const float perSlope = std::fabs(across);
-    edges[0] = {x - rx, y - ry, endY - ry, slope, perSlope, 1.0F};
-    edges[1] = {x + rx, y + ry, endY + ry, slope, perSlope, -1.0F};
+    perLean = std::fabs(across);
+    edges[0] = {x - rx, y - ry, endY - ry, slope, perLean, 1.0F};
+    edges[1] = {x + rx, y + ry, endY + ry, slope, perLean, -1.0F};
     // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
     if (dx > 0.0F)
     {
@@ -128,15 +127,15 @@ void CSolidLine::Draw(const CPixelTarget& target, CColor color) const
     const CFourPixelBlender blender(color);
     const CRect& clip = target.clip;
     const int clipLeft = clip.x - firstColumn;
-    const int end = std::min(rows, clip.y + clip.height - firstRow);
+    const int last = std::min(end, clip.y + clip.height - firstRow);
     const bool hasRuns = lean < mostLeanOfRuns;
-    int at = std::max(0, clip.y - firstRow);
-    while (at < end)
+    int at = std::max(begin, clip.y - firstRow);
+    while (at < last)
     {
         const bool isWhole = at >= firstWhole && at < endWhole;
         if (isWhole && hasRuns)
         {
-            const int drawn = DrawRun(target, at, std::min(end, endWhole), color);
+            const int drawn = DrawRun(target, at, std::min(last, endWhole), color);
             at += drawn;
             if (drawn > 0)
             {
@@ -254,8 +253,10 @@ __m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 righ
 void CSolidLine::DrawEndRow(const CRow& row, int at) const
 {
     const float top = left + slope * static_cast<float>(at);
-    const int first = columns <= groupWidth ? 0 : std::max(Floor(std::min(top, top + slope)), 0);
-    DrawColumns(row, first, std::min(mostColumns, columns - first),
+    const int first = std::max(Floor(std::min(top, top + slope)), firstCovered);
+    const int count = std::min(mostColumns, endCovered - first);
+    const bool isSmall = endCovered - firstCovered <= groupWidth;
+    DrawColumns(row, isSmall ? firstCovered : first, isSmall ? groupWidth : count,
                 [&](float groupLeft, __m128 rightSides)
                 {
                     __m128 coverage = _mm_setzero_ps();

@@ -5,6 +5,7 @@
 #include "Mirel/Graphics/LineClip.h"
 
 #include <array>
+#include <climits>
 #include <cstdint>
 
 namespace Mirel::Graphics
@@ -55,8 +56,10 @@ private:
     int width = 1;
     int firstColumn = 0;
     int firstRow = 0;
-    int rows = 0;
-    int columns = 0;
+    int begin = 0; ///< The rows that the line touches.
+    int end = 0;
+    int firstCovered = 0; ///< The columns, unless it is blunt.
+    int endCovered = 0;
     float x = 0.0F; ///< Where the line begins, in its middle.
     float y = 0.0F;
     float endY = 0.0F;
@@ -65,9 +68,9 @@ private:
     float left = 0.0F;  ///< Of that strip, where firstRow begins.
     float lean = 0.0F;  ///< The slope without its sign.
     float perLean = 0.0F;
-    int mostColumns = 0;  ///< That a row without an end holds.
-    bool isBlunt = false; ///< The ends are as good as level.
-    int firstWhole = 0;   ///< Rows that hold no part of an end.
+    int mostColumns = INT_MAX; ///< That a row holds.
+    bool isBlunt = false;      ///< The ends are as good as level.
+    int firstWhole = 0;        ///< Rows that hold no part of an end.
     int endWhole = 0;
     std::array<CEdge, 4> edges;
 };
