@@ -276,7 +276,7 @@ int CSolidLine::DrawRun(const CPixelTarget& target, int at, int endAt, CColor co
 {
     // Whole pixels often fit but for a rounding error.
     constexpr float tolerance = 1.0F / 2048.0F;
-    constexpr int longest = 64; // Steps are rounded, and the error grows with their number.
+    constexpr int longest = 128; // Steps are rounded, and the error grows with their number.
     const float start = left + slope * static_cast<float>(at);
     const int first = Floor(std::min(start, start + slope) + tolerance);
     const auto base = static_cast<float>(first);
