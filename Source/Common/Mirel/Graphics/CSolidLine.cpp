@@ -105,20 +105,21 @@ void CSolidLine::SetEdges(float dx, float dy, float rx, float ry)
     const float endX = x + dx;
     firstCovered = Floor(std::min(x, endX) - rx);
     endCovered = Ceil(std::max(x, endX) + rx);
-    const float across = -dy / dx;
-    perLean = std::fabs(across);
-    edges[0] = {x - rx, y - ry, endY - ry, slope, perLean, 1.0F};
-    edges[1] = {x + rx, y + ry, endY + ry, slope, perLean, -1.0F};
+    const float perSlope = dy / dx;
+    const float across = -perSlope;
+    perLean = std::fabs(perSlope);
+    edges[0] = {x - rx, y - ry, endY - ry, slope, perSlope, 1.0F};
+    edges[1] = {x + rx, y + ry, endY + ry, slope, -perSlope, -1.0F};
     // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
     if (dx > 0.0F)
     {
-        edges[2] = {x + rx, y + ry, y - ry, across, lean, 1.0F};
-        edges[3] = {endX + rx, endY + ry, endY - ry, across, lean, -1.0F};
+        edges[2] = {x + rx, y + ry, y - ry, across, -slope, 1.0F};
+        edges[3] = {endX + rx, endY + ry, endY - ry, across, slope, -1.0F};
     }
     else
     {
-        edges[2] = {x - rx, y - ry, y + ry, across, lean, -1.0F};
-        edges[3] = {endX - rx, endY - ry, endY + ry, across, lean, 1.0F};
+        edges[2] = {x - rx, y - ry, y + ry, across, slope, -1.0F};
+        edges[3] = {endX - rx, endY - ry, endY + ry, across, -slope, 1.0F};
     }
 }
 
@@ -244,19 +245,22 @@ __m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 righ
         return _mm_mul_ps(height, Clamp(_mm_sub_ps(rightSides, _mm_set1_ps(0.5F * (x0 + x1)))));
     }
     const __m128 one = _mm_set1_ps(1.0F);
-    const __m128 change =
-        _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(std::min(x0, x1))), one),
-                   ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(std::max(x0, x1))), one));
-    return _mm_mul_ps(change, _mm_set1_ps(edge.perSlope * edge.sign));
+    const __m128 change = _mm_sub_ps(ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(x0)), one),
+                                     ClampIntegral(_mm_sub_ps(rightSides, _mm_set1_ps(x1)), one));
+    return _mm_mul_ps(change, _mm_set1_ps(edge.perColumn));
 }
 
 void CSolidLine::DrawEndRow(const CRow& row, int at) const
 {
-    const float top = left + slope * static_cast<float>(at);
-    const int first = std::max(Floor(std::min(top, top + slope)), firstCovered);
-    const int count = std::min(mostColumns, endCovered - first);
-    const bool isSmall = endCovered - firstCovered <= groupWidth;
-    DrawColumns(row, isSmall ? firstCovered : first, isSmall ? groupWidth : count,
+    int first = firstCovered;
+    int count = endCovered - firstCovered;
+    if (count > groupWidth)
+    {
+        const float top = left + slope * static_cast<float>(at);
+        first = std::max(Floor(std::min(top, top + slope)), firstCovered);
+        count = std::min(mostColumns, endCovered - first);
+    }
+    DrawColumns(row, first, count,
                 [&](float groupLeft, __m128 rightSides)
                 {
                     __m128 coverage = _mm_setzero_ps();

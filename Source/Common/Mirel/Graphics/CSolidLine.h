@@ -30,9 +30,9 @@ private:
         float x;
         float y;
         float endY;
-        float slope;    ///< Columns for each row.
-        float perSlope; ///< Rows for each column, without a sign.
-        float sign;     ///< 1 if the line lies to the right of it, else -1.
+        float slope;     ///< Columns for each row.
+        float perColumn; ///< Rows for each column, times the sign.
+        float sign;      ///< 1 if the line lies to the right of it, else -1.
     };
 
     /// What a row is drawn with.
