@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace Mirel::Graphics
 {
@@ -28,15 +27,13 @@ constexpr float leastSlant = 1.0F / 128.0F;
 constexpr float leastFall = 1.0F / 1024.0F;
 
 /// Without the call that the library's takes on processors without an instruction for it.
-template <class T>
-int Floor(T value)
+int Floor(float value)
 {
     const int whole = static_cast<int>(value);
-    return whole - (static_cast<T>(whole) > value ? 1 : 0);
+    return whole - (static_cast<float>(whole) > value ? 1 : 0);
 }
 
-template <class T>
-int Ceil(T value)
+int Ceil(float value)
 {
     return -Floor(-value);
 }
@@ -162,22 +159,22 @@ void CSolidLine::Draw(const CPixelTarget& target, CColor color) const
     }
 }
 
-/// Draws some columns of the row; cover tells the coverage of four pixels of which the first and all right
-/// sides are given.
+/// Draws some columns of the row; cover tells the coverage of four pixels, given by the left side of the
+/// first and all right sides.
 template <class Cover>
 void CSolidLine::DrawColumns(const CRow& row, int first, int count, const Cover& cover)
 {
     const int end = std::min(first + count, row.clipRight);
     for (int column = std::max(first, row.clipLeft); column < end; column += groupWidth)
     {
-        const auto left = static_cast<float>(column);
-        const __m128 rightSides = _mm_add_ps(_mm_set1_ps(left), _mm_set_ps(4.0F, 3.0F, 2.0F, 1.0F));
-        row.blender.BlendRow(row.pixels + std::int64_t{4} * column, cover(left, rightSides),
+        const auto groupLeft = static_cast<float>(column);
+        const __m128 rightSides = _mm_add_ps(_mm_set1_ps(groupLeft), _mm_set_ps(4.0F, 3.0F, 2.0F, 1.0F));
+        row.blender.BlendRow(row.pixels + std::int64_t{4} * column, cover(groupLeft, rightSides),
                              std::min(groupWidth, row.clipRight - column));
     }
 }
 
-/// Both sides are as good as upright.
+/// Any row of a blunt line, whose sides are as good as upright.
 void CSolidLine::DrawBluntRow(const CRow& row, int at) const
 {
     const float from = std::max(static_cast<float>(at), y);
@@ -185,7 +182,7 @@ void CSolidLine::DrawBluntRow(const CRow& row, int at) const
     const float side = left + 0.5F * (from + to) * slope;
     const __m128 height = _mm_set1_ps(to - from);
     DrawColumns(row, Floor(side), mostColumns,
-                [&](float /*left*/, __m128 rightSides)
+                [&](float /*groupLeft*/, __m128 rightSides)
                 {
                     const __m128 toSide = _mm_sub_ps(rightSides, _mm_set1_ps(side));
                     return _mm_mul_ps(
@@ -193,7 +190,7 @@ void CSolidLine::DrawBluntRow(const CRow& row, int at) const
                 });
 }
 
-/// Both sides go through the row from top to bottom. Along the row the line's share of the height rises,
+/// A row that both sides go through from top to bottom. Along the row the line's share of the height rises,
 /// stays and falls; a pixel is as far covered as the area under that profile grows from its left side to its
 /// right.
 void CSolidLine::DrawWholeRow(const CRow& row, int at) const
@@ -212,7 +209,7 @@ void CSolidLine::DrawWholeRow(const CRow& row, int at) const
     __m128 before =
         first < row.clipLeft ? getArea(_mm_set1_ps(static_cast<float>(row.clipLeft))) : _mm_setzero_ps();
     DrawColumns(row, first, mostColumns,
-                [&](float /*left*/, __m128 rightSides)
+                [&](float /*groupLeft*/, __m128 rightSides)
                 {
                     const __m128 area = getArea(rightSides);
                     const __m128 shifted =
@@ -224,7 +221,7 @@ void CSolidLine::DrawWholeRow(const CRow& row, int at) const
 
 /// What the part of the edge in a row covers of pixels, given by the first one's left side and all right
 /// sides: what lies to the right of it.
-__m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 rightSides)
+__m128 CSolidLine::CoverBy(const CEdge& edge, float top, float groupLeft, __m128 rightSides)
 {
     const float from = std::max(edge.y, top);
     const float to = std::min(edge.endY, top + 1.0F);
@@ -236,7 +233,7 @@ __m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 righ
     const float x1 = edge.x + (to - edge.y) * edge.slope;
     const __m128 height = _mm_set1_ps((to - from) * edge.sign);
     // Far from an edge its share is known, and the arithmetic would round.
-    if (std::max(x0, x1) <= left)
+    if (std::max(x0, x1) <= groupLeft)
     {
         return height;
     }
@@ -250,6 +247,7 @@ __m128 CSolidLine::CoverBy(const CEdge& edge, float top, float left, __m128 righ
     return _mm_mul_ps(change, _mm_set1_ps(edge.perColumn));
 }
 
+/// Any other row: by the parts of the outline in it.
 void CSolidLine::DrawEndRow(const CRow& row, int at) const
 {
     int first = firstCovered;

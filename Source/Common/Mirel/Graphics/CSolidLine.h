@@ -24,14 +24,17 @@ public:
     void Draw(const CPixelTarget& target, CColor color) const;
 
 private:
-    /// One side of the outline, downward. All coordinates count from the corner (firstColumn, firstRow).
+    // All coordinates count from the corner of pixel (firstColumn, firstRow), which is near the line's upper
+    // end.
+
+    /// One side of the outline, downward.
     struct CEdge
     {
         float x;
         float y;
         float endY;
         float slope;     ///< Columns for each row.
-        float perColumn; ///< Rows for each column, times the sign.
+        float perColumn; ///< The sign divided by the slope.
         float sign;      ///< 1 if the line lies to the right of it, else -1.
     };
 
@@ -45,33 +48,40 @@ private:
     };
 
     void SetEdges(float dx, float dy, float rx, float ry);
-    static __m128 CoverBy(const CEdge& edge, float top, float left, __m128 rightSides);
-    void DrawEndRow(const CRow& row, int y) const;
+    int DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const;
     void DrawBluntRow(const CRow& row, int at) const;
     void DrawWholeRow(const CRow& row, int at) const;
+    void DrawEndRow(const CRow& row, int at) const;
+    static __m128 CoverBy(const CEdge& edge, float top, float groupLeft, __m128 rightSides);
     template <class Cover>
     static void DrawColumns(const CRow& row, int first, int count, const Cover& cover);
-    int DrawRun(const CPixelTarget& target, int at, int endAt, CColor color) const;
 
-    int width = 1;
+    int width;
     int firstColumn = 0;
     int firstRow = 0;
-    int begin = 0; ///< The rows that the line touches.
-    int end = 0;
-    int firstCovered = 0; ///< The columns, unless it is blunt.
-    int endCovered = 0;
-    float x = 0.0F; ///< Where the line begins, in its middle.
+
+    // Where the middle of the line begins and ends.
+    float x = 0.0F;
     float y = 0.0F;
     float endY = 0.0F;
+
+    // The strip that the line is but for its ends.
     float slope = 0.0F; ///< Columns for each row.
-    float wide = 0.0F;  ///< Of the strip that the line is but for its ends, along a row.
-    float left = 0.0F;  ///< Of that strip, where firstRow begins.
     float lean = 0.0F;  ///< The slope without its sign.
     float perLean = 0.0F;
-    int mostColumns = INT_MAX; ///< That a row holds.
-    bool isBlunt = false;      ///< The ends are as good as level.
-    int firstWhole = 0;        ///< Rows that hold no part of an end.
+    float wide = 0.0F;         ///< Along a row.
+    float left = 0.0F;         ///< Where it begins at height 0.
+    int mostColumns = INT_MAX; ///< That it covers of a row.
+
+    // Rows with something of the line, and those with nothing of its ends.
+    int begin = 0;
+    int firstWhole = 0;
     int endWhole = 0;
+    int end = 0;
+
+    bool isBlunt = false; ///< The ends are as good as level; else:
+    int firstCovered = 0; ///< Columns with something of the line.
+    int endCovered = 0;
     std::array<CEdge, 4> edges;
 };
 
