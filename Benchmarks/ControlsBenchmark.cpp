@@ -59,7 +59,8 @@ CPoint CentreOf(const CRect& area)
 class CDesk
 {
 public:
-    explicit CDesk(benchmark::State& state)
+    /// range(0): the rest before each event in milliseconds.
+    explicit CDesk(benchmark::State& state) : restMilliseconds(static_cast<int>(state.range(0)))
     {
         const CLoadedPlugin& plugin = CLoadedPlugin::GetInstance();
         if (plugin.IsReady(state))
@@ -106,20 +107,18 @@ public:
         return -1.0;
     }
 
-    /// All pixels painted since TimePaint began, those that come late too.
+    /// All pixels painted since TimePaint began, those that came in a rest after it too.
     double CountPainted()
     {
-        editor->WakeFor(settleMilliseconds);
+        editor->WakeFor(restMilliseconds);
         painted.Union(GetWindow().TakePresented());
         return CountPixels(painted);
     }
 
 private:
-    static constexpr int settleMilliseconds = 50; // more than a period of any of the timers
-
     void Settle()
     {
-        editor->WakeFor(settleMilliseconds);
+        editor->WakeFor(restMilliseconds);
         GetWindow().TakePresented();
         painted = CSimple2DRegion();
     }
@@ -137,6 +136,7 @@ private:
     static constexpr int block = 64;
     Host::CBuffers inputs = Host::CBuffers(CLoadedPlugin::channels, block);
     Host::CBuffers outputs = Host::CBuffers(CLoadedPlugin::channels, block);
+    int restMilliseconds;
     std::unique_ptr<Host::CHostEditor> editor;
     Mirel::GUI::COffscreenWindow* window = nullptr;
     CSimple2DRegion painted;
@@ -254,10 +254,17 @@ void Hover(benchmark::State& state)
             [&](int step) { desk.GetHand().MovePointer(step % 2 == 0 ? CentreOf(bypassButton) : away); });
 }
 
-BENCHMARK(DragKnob)->Iterations(40)->UseManualTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(DragSlider)->Iterations(40)->UseManualTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(ClickSwitch)->Iterations(40)->UseManualTime()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Hover)->Iterations(40)->UseManualTime()->Unit(benchmark::kMicrosecond);
+void WithAndWithoutRest(benchmark::internal::Benchmark* benchmark)
+{
+    constexpr int rest = 50; // more than a period of any of the editor's timers
+    benchmark->ArgName("rest")->Arg(0)->Arg(rest)->Iterations(40)->UseManualTime()->Unit(
+        benchmark::kMicrosecond);
+}
+
+BENCHMARK(DragKnob)->Apply(WithAndWithoutRest);
+BENCHMARK(DragSlider)->Apply(WithAndWithoutRest);
+BENCHMARK(ClickSwitch)->Apply(WithAndWithoutRest);
+BENCHMARK(Hover)->Apply(WithAndWithoutRest);
 
 } // namespace
 
