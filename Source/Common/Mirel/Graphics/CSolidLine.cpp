@@ -55,11 +55,12 @@ __m128 ClampIntegral(__m128 value, __m128 bound)
 
 CSolidLine::CSolidLine(const CSegment& segment, int width_) : width(width_)
 {
-    const bool down = segment.ay <= segment.by;
-    const double ax = down ? segment.ax : segment.bx;
-    const double ay = down ? segment.ay : segment.by;
-    const auto dx = static_cast<float>((down ? segment.bx : segment.ax) - ax);
-    const auto fall = static_cast<float>((down ? segment.by : segment.ay) - ay);
+    // From the upper end downward, without a branch: nobody foresees where noise goes.
+    const double way = std::copysign(1.0, segment.by - segment.ay);
+    const double ax = 0.5 * (segment.ax + segment.bx - way * (segment.bx - segment.ax));
+    const double ay = std::min(segment.ay, segment.by);
+    const auto dx = static_cast<float>(way * (segment.bx - segment.ax));
+    const auto fall = static_cast<float>(way * (segment.by - segment.ay));
     const float dy = fall < leastFall ? 0.0F : fall;
     const float length = std::sqrt(dx * dx + dy * dy);
     if (!(length > 0.0F))
