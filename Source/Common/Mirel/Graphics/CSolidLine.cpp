@@ -109,16 +109,11 @@ void CSolidLine::SetEdges(float dx, float dy, float rx, float ry)
     edges[0] = {x - rx, y - ry, endY - ry, slope, perSlope, 1.0F};
     edges[1] = {x + rx, y + ry, endY + ry, slope, -perSlope, -1.0F};
     // The outline runs along the ends from their upper corners: to the left if the line runs to the right.
-    if (dx > 0.0F)
-    {
-        edges[2] = {x + rx, y + ry, y - ry, across, -slope, 1.0F};
-        edges[3] = {endX + rx, endY + ry, endY - ry, across, slope, -1.0F};
-    }
-    else
-    {
-        edges[2] = {x - rx, y - ry, y + ry, across, slope, -1.0F};
-        edges[3] = {endX - rx, endY - ry, endY + ry, across, -slope, 1.0F};
-    }
+    const float turn = std::copysign(1.0F, dx);
+    const float upX = turn * rx;
+    const float upY = turn * ry;
+    edges[2] = {x + upX, y + upY, y - upY, across, -lean, turn};
+    edges[3] = {endX + upX, endY + upY, endY - upY, across, lean, -turn};
 }
 
 void CSolidLine::Draw(const CPixelTarget& target, CColor color) const
