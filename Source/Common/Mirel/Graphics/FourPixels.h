@@ -10,26 +10,15 @@
 namespace Mirel::Graphics
 {
 
-/// One opaque colour, laid over four 32-bit pixels at a time. Coverage counts from 0 to 256: all of the
-/// colour is then just the colour, and nothing of it leaves a pixel alone.
+/// One opaque colour, laid over four 32-bit pixels at a time. All of the colour is just the colour, and
+/// nothing of it leaves a pixel alone.
 class CFourPixelBlender
 {
 public:
-    static constexpr float fullCoverage = 256.0F;
-
     explicit CFourPixelBlender(CColor color)
         : wanted(_mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(0xff000000U | color.Pack())),
                                    _mm_setzero_si128()))
     {
-    }
-
-    /// Two pixels each of the low and the high half; coverage in eight 16-bit lanes, four for each pixel.
-    __m128i Blend(__m128i under, __m128i lowCoverage, __m128i highCoverage) const
-    {
-        return _mm_packus_epi16(Mix(_mm_unpacklo_epi8(under, _mm_setzero_si128()),
-                                    _mm_unpacklo_epi8(rounding, under), lowCoverage),
-                                Mix(_mm_unpackhi_epi8(under, _mm_setzero_si128()),
-                                    _mm_unpackhi_epi8(rounding, under), highCoverage));
     }
 
     /// Up to four neighbouring pixels, each with its coverage from 0 to 1; what lies outside counts as the
@@ -57,6 +46,16 @@ public:
     }
 
 private:
+    /// Two pixels each of the low and the high half; coverage from 0 to 256 in eight 16-bit lanes, four for
+    /// each pixel.
+    __m128i Blend(__m128i under, __m128i lowCoverage, __m128i highCoverage) const
+    {
+        return _mm_packus_epi16(Mix(_mm_unpacklo_epi8(under, _mm_setzero_si128()),
+                                    _mm_unpacklo_epi8(rounding, under), lowCoverage),
+                                Mix(_mm_unpackhi_epi8(under, _mm_setzero_si128()),
+                                    _mm_unpackhi_epi8(rounding, under), highCoverage));
+    }
+
     /// (under * (256 - coverage) + wanted * coverage + 128) / 256; the shifted sum is under * 256 + 128. What
     /// wraps round on the way is right again at the end.
     __m128i Mix(__m128i under, __m128i shifted, __m128i coverage) const
@@ -64,6 +63,8 @@ private:
         const __m128i change = _mm_mullo_epi16(_mm_sub_epi16(wanted, under), coverage);
         return _mm_srli_epi16(_mm_add_epi16(shifted, change), 8);
     }
+
+    static constexpr float fullCoverage = 256.0F;
 
     __m128i wanted;
     __m128i rounding = _mm_set1_epi8(static_cast<char>(128));
