@@ -2,16 +2,8 @@
 // its first picture, the memory that it adds, and the share of one core that it takes at fifty refreshes a
 // second, beside the same with its painting switched off.
 
-#include "AAXPlugin/ChunkIds.h"
-#include "AAXPlugin/ProcessFields.h"
 #include "Host/Audio/CBuffers.h"
-#include "Host/CHostInstance.h"
-#include "Host/CPluginSession.h"
-#include "Host/Editor/CHostEditor.h"
-#include "Mirel/Audio/Plugin/CAudioPluginInternalsBase.h"
-#include "Mirel/Audio/Plugin/CAudioPluginSkinGUI.h"
-#include "Mirel/GUI/Native/Offscreen/COffscreenPlatform.h"
-#include "Mirel/GUI/Native/Offscreen/COffscreenWindow.h"
+#include "Support/CLoadedPlugin.h"
 
 #include <algorithm>
 #include <atomic>
@@ -32,10 +24,11 @@ namespace
 {
 
 using namespace Host;
+using Benchmarks::CLoadedPlugin;
 using Clock = std::chrono::steady_clock;
 
-constexpr int Channels = 2;
-constexpr double SampleRate = 48000.0;
+constexpr int Channels = CLoadedPlugin::channels;
+constexpr double SampleRate = CLoadedPlugin::sampleRate;
 constexpr int Block = 480;
 constexpr int Width = 1000;
 constexpr int Height = 600;
@@ -69,50 +62,6 @@ double SecondsSince(Clock::time_point start)
 {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-/// One instance for the whole process: a second one would find everything loaded.
-class CPlugin
-{
-public:
-    static CPlugin& GetInstance()
-    {
-        static CPlugin plugin;
-        return plugin;
-    }
-
-    CHostInstance* Get() const { return instance.get(); }
-    const std::string& GetError() const { return error; }
-
-    /// The editor that is open, from within. The module is of the same build as this program.
-    Mirel::GUI::COffscreenWindow* FindWindow() const
-    {
-        Mirel::Audio::Plugin::CAudioPluginInternalsBase* internals = nullptr;
-        std::uint32_t written = 0;
-        instance->GetParameters().GetCustomData(MirelExt::AAXPlugin::InternalsDataId,
-                                                MirelExt::AAXPlugin::PointerPacketSize, &internals, &written);
-        auto* editor = static_cast<Mirel::Audio::Plugin::CAudioPluginSkinGUI*>(internals->GetEditor().Get());
-        return static_cast<Mirel::GUI::COffscreenPlatform*>(editor->GetPlatform())->GetWindow(0);
-    }
-
-private:
-    CPlugin()
-    {
-        if (session.Open(SCOPE_BANK_MODULE, error))
-        {
-            instance = CHostInstance::Make(*session.GetCollection(), {Channels, SampleRate}, error);
-        }
-        std::this_thread::sleep_for(std::chrono::seconds(1)); // its model is loaded in the background
-    }
-    ~CPlugin()
-    {
-        instance.reset();
-        session.Close(error);
-    }
-
-    CPluginSession session;
-    std::unique_ptr<CHostInstance> instance;
-    std::string error;
-};
 
 /// Feeds the instance in real time from a thread of its own, as a host does.
 class CAudio
@@ -168,38 +117,11 @@ private:
     std::thread thread;
 };
 
-/// Returns with the first picture painted; null if the editor does not open.
-std::unique_ptr<CHostEditor> OpenToTheFirstPicture(std::string& error)
-{
-    const CPlugin& plugin = CPlugin::GetInstance();
-    auto editor = CHostEditor::Make(*plugin.Get(), error);
-    if (editor == nullptr || !editor->OpenOffscreen(1, error))
-    {
-        return nullptr;
-    }
-    Mirel::GUI::COffscreenWindow* window = plugin.FindWindow();
-    while (window->TakePresented().GetRectCount() == 0)
-    {
-        editor->Wake();
-    }
-    return editor;
-}
-
-bool IsReady(benchmark::State& state)
-{
-    const CPlugin& plugin = CPlugin::GetInstance();
-    if (plugin.Get() == nullptr)
-    {
-        state.SkipWithError(plugin.GetError().c_str());
-        return false;
-    }
-    return true;
-}
-
 /// Once for the first editor of the process, then many times.
 void Open(benchmark::State& state)
 {
-    if (!IsReady(state))
+    const CLoadedPlugin& plugin = CLoadedPlugin::GetInstance();
+    if (!plugin.IsReady(state))
     {
         return;
     }
@@ -210,7 +132,7 @@ void Open(benchmark::State& state)
         std::string error;
         const double before = ResidentMegabytes();
         const auto start = Clock::now();
-        const auto editor = OpenToTheFirstPicture(error);
+        const auto editor = plugin.OpenToTheFirstPicture(error);
         times.push_back(SecondsSince(start));
         state.SetIterationTime(times.back());
         if (editor == nullptr)
@@ -251,7 +173,7 @@ struct CLoad
 CLoad Measure(CHostEditor& editor, const CAudio& audio, bool isPainted, int milliseconds)
 {
     constexpr int settleMilliseconds = 1500; // the second that is shown, and more
-    Mirel::GUI::COffscreenWindow* window = CPlugin::GetInstance().FindWindow();
+    Mirel::GUI::COffscreenWindow* window = &CLoadedPlugin::GetInstance().GetWindow();
     window->Show(isPainted);
     editor.WakeFor(settleMilliseconds);
     window->TakePresented();
@@ -279,20 +201,21 @@ CLoad Measure(CHostEditor& editor, const CAudio& audio, bool isPainted, int mill
 /// range(0): signal.
 void Run(benchmark::State& state)
 {
-    if (!IsReady(state))
+    const CLoadedPlugin& plugin = CLoadedPlugin::GetInstance();
+    if (!plugin.IsReady(state))
     {
         return;
     }
     constexpr int measuredMilliseconds = 5000;
     std::string error;
-    const auto editor = OpenToTheFirstPicture(error);
+    const auto editor = plugin.OpenToTheFirstPicture(error);
     if (editor == nullptr)
     {
         state.SkipWithError(error.c_str());
         return;
     }
     editor->SetSize(Width, Height);
-    const CAudio audio(*CPlugin::GetInstance().Get(), static_cast<ESignal>(state.range(0)));
+    const CAudio audio(*plugin.Get(), static_cast<ESignal>(state.range(0)));
     for (auto turn : state)
     {
         const CLoad unpainted = Measure(*editor, audio, false, measuredMilliseconds);

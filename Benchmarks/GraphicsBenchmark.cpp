@@ -1,9 +1,11 @@
-// What a frame with two traces costs: a fill, and polylines of one point a pixel column or of the least and
-// greatest value of each. Beside it the same lines stroked one by one by the drawing library, and as a floor
-// the same fill with one upright run of pixels a column. How far the two pictures are apart is told along.
-// Then what an image costs: a frame of a strip beside the bare copy of its rows. And what a label costs,
-// drawn and measured, beside a layout of the text library made for each.
+// What a frame with two traces costs, of one device pixel and of two: a fill, and polylines of a point or two
+// a pixel column, of the least and greatest value of each, or of one signal against another. Beside it the
+// same lines stroked one by one by the drawing library, and as a floor the same fill with one upright run of
+// pixels a column. How far the two pictures are apart is told along. Then what an image costs: a frame of a
+// strip beside the bare copy of its rows. And what a label costs, drawn and measured, beside a layout of the
+// text library made for each.
 
+#include "Mirel/Graphics/CBitmapContext.h"
 #include "Mirel/Graphics/CDIBBitmap.h"
 #include "Mirel/Graphics/CDrawSurface.h"
 #include "Mirel/Graphics/CFontManager.h"
@@ -70,21 +72,22 @@ void PaintByLibrary(CDrawSurface& surface, const Benchmarks::CTrace& trace)
     }
 }
 
-void PaintFloor(CDIBBitmap& bitmap, CDrawSurface& surface, const Benchmarks::CTrace& trace)
+void PaintFloor(CDIBBitmap& bitmap, CDrawSurface& surface, const Benchmarks::CTrace& trace, int scale)
 {
     FillGround(surface);
     const std::uint32_t pixel = 0xff000000U | pen.Pack();
+    const std::ptrdiff_t stride = std::ptrdiff_t{width} * scale * 4;
     for (const int top : traceTops)
     {
-        for (int x = 0; x < width; ++x)
+        for (int x = 0; x < width * scale; ++x)
         {
-            const auto column = static_cast<std::size_t>(x);
+            const auto column = static_cast<std::size_t>(x / scale);
             // Without values in between, the run reaches to the one before.
             const int before = trace.lowest[column == 0 ? 0 : column - 1];
             const int from = std::min(trace.highest[column], before);
             const int to = std::max(trace.lowest[column], before);
-            std::uint8_t* at = bitmap.GetData() + (std::int64_t{from + top} * width + x) * 4;
-            for (int y = from; y <= to; ++y, at += std::ptrdiff_t{width} * 4)
+            std::uint8_t* at = bitmap.GetData() + (from + top) * scale * stride + std::ptrdiff_t{x} * 4;
+            for (int y = from * scale; y < (to + 1) * scale; ++y, at += stride)
             {
                 std::memcpy(at, &pixel, sizeof(pixel));
             }
@@ -97,7 +100,8 @@ void TellDifference(benchmark::State& state, const CDIBBitmap& a, const CDIBBitm
 {
     int greatest = 0;
     double sum = 0.0;
-    constexpr int bytes = width * height * 4;
+    const CSize size = a.GetContext()->GetSize();
+    const int bytes = size.width * size.height * 4;
     for (int i = 0; i < bytes; ++i)
     {
         const int difference = std::abs(int{a.GetData()[i]} - int{b.GetData()[i]});
@@ -110,19 +114,25 @@ void TellDifference(benchmark::State& state, const CDIBBitmap& a, const CDIBBitm
 
 void TraceFrame(benchmark::State& state)
 {
-    const Benchmarks::CTrace trace =
-        Benchmarks::MakeTrace(static_cast<Benchmarks::ESignal>(state.range(0)), state.range(1) != 0);
-    CDIBBitmap ours(32, {width, height});
-    CDIBBitmap theirs(32, {width, height});
-    CDIBBitmap floor(32, {width, height});
+    const Benchmarks::CTrace trace = Benchmarks::MakeTrace(static_cast<Benchmarks::ESignal>(state.range(0)),
+                                                           static_cast<Benchmarks::EForm>(state.range(1)));
+    const int scale = static_cast<int>(state.range(2));
+    const CSize size = {width * scale, height * scale};
+    CDIBBitmap ours(32, size);
+    CDIBBitmap theirs(32, size);
+    CDIBBitmap floor(32, size);
     const auto ourSurface = ours.CreateSurface();
     const auto theirSurface = theirs.CreateSurface();
     const auto floorSurface = floor.CreateSurface();
+    for (CDrawSurface* surface : {ourSurface.get(), theirSurface.get(), floorSurface.get()})
+    {
+        surface->Scale(scale);
+    }
 
     Benchmarks::CContest contest(state, 1.0);
     contest.Add("frame", [&] { PaintOurs(*ourSurface, trace); });
     contest.Add("library", [&] { PaintByLibrary(*theirSurface, trace); });
-    contest.Add("floor", [&] { PaintFloor(floor, *floorSurface, trace); });
+    contest.Add("floor", [&] { PaintFloor(floor, *floorSurface, trace, scale); });
     contest.Run();
     TellDifference(state, ours, theirs);
 }
@@ -225,8 +235,10 @@ void Labels(benchmark::State& state)
 } // namespace
 
 BENCHMARK(TraceFrame)
-    ->ArgNames({"signal", "minMax"})
-    ->ArgsProduct({{0, 1, 2}, {0, 1}})
+    ->ArgNames({"signal", "form", "scale"})
+    ->ArgsProduct({{0, 1, 2}, {0, 1, 2}, {1, 2}})
+    ->Args({0, 3, 1})
+    ->Args({0, 3, 2})
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame)->ArgName("side")->Arg(32)->Arg(128)->UseManualTime()->Unit(benchmark::kMicrosecond);

@@ -21,6 +21,15 @@ struct CTrace
     std::vector<int> highest;
 };
 
+/// The points of a trace.
+enum class EForm
+{
+    OnePoint,  ///< Each pixel column.
+    MinMax,    ///< The least and the greatest of sixteen values of each column.
+    TwoPoints, ///< Each column, half a pixel apart: the traces of the factory skin.
+    Figure     ///< One signal against another: long lines this way and that.
+};
+
 enum class ESignal
 {
     Noise,
@@ -55,36 +64,43 @@ private:
     std::uint32_t random = 12345;
 };
 
-/// One point a pixel column, or the least and the greatest of sixteen values of the column, joined by a line
-/// each.
-inline CTrace MakeTrace(ESignal kind, bool minMax)
+/// A picture of one trace, its points joined by a line each.
+inline CTrace MakeTrace(ESignal kind, EForm form)
 {
     CTrace trace;
     CSignal signal(kind);
-    const int values = minMax ? 16 : 1;
+    const int values = form == EForm::MinMax ? 16 : form == EForm::TwoPoints ? 2 : 1;
     double last = signal(0.0);
     const auto toRow = [](double value) { return (1.0 - value) * (CTrace::height - 1) / 2.0; };
     for (int x = 0; x < CTrace::width; ++x)
     {
+        const auto column = static_cast<float>(x);
         double least = last;
         double greatest = last;
         for (int i = 0; i < values; ++i)
         {
-            last = signal((x + static_cast<double>(i) / values) / CTrace::width);
+            const double within = static_cast<double>(i) / values;
+            last = signal((x + within) / CTrace::width);
             least = std::min(least, last);
             greatest = std::max(greatest, last);
+            if (form == EForm::OnePoint || form == EForm::TwoPoints)
+            {
+                trace.points.push_back(
+                    {column + static_cast<float>(within), static_cast<float>(toRow(last))});
+            }
         }
         trace.lowest.push_back(static_cast<int>(toRow(least)));
         trace.highest.push_back(static_cast<int>(toRow(greatest)));
-        const auto column = static_cast<float>(x);
-        if (minMax)
+        if (form == EForm::MinMax)
         {
             trace.points.push_back({column, static_cast<float>(toRow(greatest))});
             trace.points.push_back({column, static_cast<float>(toRow(least))});
         }
-        else
+        else if (form == EForm::Figure)
         {
-            trace.points.push_back({column, static_cast<float>(toRow(last))});
+            const double across = signal((x + 0.5) / CTrace::width);
+            trace.points.push_back({static_cast<float>((1.0 + across) * (CTrace::height - 1) / 2.0),
+                                    static_cast<float>(toRow(last))});
         }
     }
     return trace;

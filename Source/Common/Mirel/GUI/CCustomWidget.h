@@ -19,6 +19,7 @@ public:
     void SetBackgroundColor(Graphics::CColor color);
     Graphics::CColor GetBackgroundColor() const { return background; }
 
+    bool CoversItsArea() const override { return !noErase; }
     void Draw(const COSXNativeDrawEvent& event) override;
 
 private:

@@ -66,6 +66,9 @@ public:
     /// The area of the widget in the layout, made at the first call, owned by the widget.
     CWidgetLayoutCell& GetCell();
 
+    /// Whether Draw leaves no pixel of the area as it was, so that what lies beneath need not be drawn.
+    virtual bool CoversItsArea() const { return false; }
+
     /// Draws the widget itself, its children come after. Sends OnDraw to the events targets.
     virtual void Draw(const COSXNativeDrawEvent& event);
 

@@ -49,11 +49,15 @@ Graphics::CSimple2DRegion CWindowPainter::Paint(CWidget* content)
     {
         surface->SaveState();
         surface->ClipToRect(box);
-        surface->SetFillColor(Graphics::CColor());
-        surface->FillRect(box);
-        const CRect seen =
-            content == nullptr ? CRect() : Intersect(box, {content->GetPosition(), content->GetSize()});
-        if (!seen.IsEmpty() && content->IsShown())
+        const CRect seen = content == nullptr || !content->IsShown()
+                               ? CRect()
+                               : Intersect(box, {content->GetPosition(), content->GetSize()});
+        if (seen != box || content->GetOpacity() < 1.0F || !content->CoversItsArea())
+        {
+            surface->SetFillColor(Graphics::CColor());
+            surface->FillRect(box);
+        }
+        if (!seen.IsEmpty())
         {
             surface->Translate(content->GetPosition());
             PaintWidget(*content, *surface, Minus(seen, content->GetPosition()));

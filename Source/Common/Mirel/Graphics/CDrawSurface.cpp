@@ -302,8 +302,8 @@ void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
     {
         return;
     }
-    CPoint origin;
-    const CPixelTarget target = GetPlainTarget(context, origin);
+    CPixelPlace place;
+    const CPixelTarget target = GetPlainTarget(context, place);
     if (target.data == nullptr)
     {
         for (int i = 0; i < count; ++i)
@@ -313,13 +313,15 @@ void CDrawSurface::StrokeAll(int count, const SegmentAt& segmentAt)
         return;
     }
     cairo_surface_flush(cairo_get_target(context));
+    const double scale = place.scale;
     for (int i = 0; i < count; ++i)
     {
-        const CSegment s = segmentAt(i);
-        CSegment seen = MakeSeen({s.ax + origin.x, s.ay + origin.y, s.bx + origin.x, s.by + origin.y});
+        const CSegment s = MakeSeen(segmentAt(i));
+        CSegment seen = {s.ax * scale + place.origin.x, s.ay * scale + place.origin.y,
+                         s.bx * scale + place.origin.x, s.by * scale + place.origin.y};
         if (ClipToNeighbourhood(seen, target.clip))
         {
-            rasterizer.DrawSegment(target, state.pen, seen);
+            DrawSegment(target, state.pen, seen, place.scale);
         }
     }
     cairo_surface_mark_dirty(cairo_get_target(context));

@@ -2,10 +2,10 @@
 
 #include "Mirel/Graphics/CColor.h"
 #include "Mirel/Graphics/CFont.h"
-#include "Mirel/Graphics/CLineRasterizer.h"
 #include "Mirel/Graphics/CTextFormat.h"
 #include "Mirel/Graphics/CairoNames.h"
 #include "Mirel/Graphics/Geometry.h"
+#include "Mirel/Graphics/LineClip.h"
 
 #include <cstdint>
 #include <memory>
@@ -164,7 +164,6 @@ private:
     bool textNoClip = false;
     std::shared_ptr<CBitmapContext> view;
     std::unique_ptr<CBitmapAdapter> bitmap;
-    CLineRasterizer rasterizer;
 };
 
 } // namespace Mirel::Graphics

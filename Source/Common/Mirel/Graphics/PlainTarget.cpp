@@ -1,6 +1,7 @@
 #include "Mirel/Graphics/PlainTarget.h"
 
 #include "Mirel/Graphics/CBitmapContext.h"
+#include "Mirel/Graphics/Limits.h"
 
 #include <cairo.h>
 #include <optional>
@@ -22,41 +23,50 @@ CRect GetWholePixels(const cairo_rectangle_t& rect)
     return same ? whole : CRect();
 }
 
-/// The clip in the context's own coordinates if it is one rectangle of whole pixels, else no pixels.
-CRect GetPlainClip(cairo_t* context)
+/// The clip in pixels of the surface if it is one rectangle of whole pixels, else no pixels.
+CRect GetPlainClip(cairo_t* context, const CPixelPlace& place)
 {
     cairo_rectangle_list_t* list = cairo_copy_clip_rectangle_list(context);
-    const bool plain = list->status == CAIRO_STATUS_SUCCESS && list->num_rectangles == 1;
-    const CRect clip = plain ? GetWholePixels(list->rectangles[0]) : CRect();
+    CRect clip;
+    if (list->status == CAIRO_STATUS_SUCCESS && list->num_rectangles == 1)
+    {
+        const cairo_rectangle_t& only = list->rectangles[0];
+        clip = GetWholePixels({only.x * place.scale + place.origin.x, only.y * place.scale + place.origin.y,
+                               only.width * place.scale, only.height * place.scale});
+    }
     cairo_rectangle_list_destroy(list);
     return clip;
 }
 
-/// The origin in pixels if coordinates are but moved, and by whole pixels.
-std::optional<CPoint> GetPlainOrigin(cairo_t* context)
+bool Differs(double a, double b)
 {
-    cairo_matrix_t matrix = {};
-    cairo_get_matrix(context, &matrix);
+    return a < b || a > b;
+}
+
+/// None unless coordinates are but multiplied and moved, both by whole numbers.
+std::optional<CPixelPlace> GetPlainPlace(cairo_t* context)
+{
     double x = 0.0;
     double y = 0.0;
     cairo_surface_get_device_offset(cairo_get_target(context), &x, &y);
     double scaleX = 1.0;
     double scaleY = 1.0;
     cairo_surface_get_device_scale(cairo_get_target(context), &scaleX, &scaleY);
-    const CRect origin = GetWholePixels({matrix.x0, matrix.y0, 1.0, 1.0});
-    const auto differs = [](double a, double b) { return a < b || a > b; };
-    if (differs(matrix.xx, 1.0) || differs(matrix.yy, 1.0) || differs(matrix.xy, 0.0) ||
-        differs(matrix.yx, 0.0) || differs(x, 0.0) || differs(y, 0.0) || differs(scaleX, 1.0) ||
-        differs(scaleY, 1.0) || origin.IsEmpty())
+    cairo_matrix_t matrix = {};
+    cairo_get_matrix(context, &matrix);
+    const double scale = matrix.xx * scaleX;
+    const CRect moved = GetWholePixels({matrix.x0 * scaleX, matrix.y0 * scaleY, scale, scale});
+    if (Differs(matrix.yy * scaleY, scale) || Differs(matrix.xy, 0.0) || Differs(matrix.yx, 0.0) ||
+        Differs(x, 0.0) || Differs(y, 0.0) || moved.IsEmpty() || moved.width > CLimits::maxDeviceScale)
     {
         return std::nullopt;
     }
-    return origin.GetOrigin();
+    return CPixelPlace{moved.GetOrigin(), moved.width};
 }
 
 } // namespace
 
-CPixelTarget GetPlainTarget(cairo_t* context, CPoint& origin)
+CPixelTarget GetPlainTarget(cairo_t* context, CPixelPlace& place)
 {
     cairo_surface_t* surface = cairo_get_group_target(context);
     if (surface != cairo_get_target(context) || !CBitmapContext::CanView(surface) ||
@@ -65,15 +75,14 @@ CPixelTarget GetPlainTarget(cairo_t* context, CPoint& origin)
     {
         return {};
     }
-    const auto plainOrigin = GetPlainOrigin(context);
-    if (!plainOrigin)
+    const auto plainPlace = GetPlainPlace(context);
+    if (!plainPlace)
     {
         return {};
     }
-    origin = *plainOrigin;
-    const CRect clip = GetPlainClip(context);
+    place = *plainPlace;
     const CSize size = {cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface)};
-    const CRect drawn = Intersect({{clip.x + origin.x, clip.y + origin.y}, clip.GetSize()}, {CPoint(), size});
+    const CRect drawn = Intersect(GetPlainClip(context, place), {CPoint(), size});
     return {drawn.IsEmpty() ? nullptr : cairo_image_surface_get_data(surface),
             cairo_image_surface_get_stride(surface), drawn};
 }

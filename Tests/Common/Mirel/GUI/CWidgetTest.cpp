@@ -574,6 +574,42 @@ TEST(CCustomWidget, ErasesUnlessToldNotTo)
     }
 }
 
+TEST(CCustomWidget, WindowIsBlackBeneathContentThatDoesNotCoverIt)
+{
+    CWindowRig rig;
+    CCustomWidget content(true);
+    CNotingEvents events(content, "content", rig.script);
+    events.fills = true;
+    events.color = {200, 100, 50};
+    content.Show(true);
+    rig.window->SetContent(&content, false);
+    rig.platform.Pump();
+    EXPECT_EQ(rig.PixelAt(5, 5), 0xc86432U);
+    events.fills = false;
+    content.Invalidate();
+    rig.platform.Pump();
+    EXPECT_EQ(rig.PixelAt(5, 5), 0U);
+    rig.window->SetContent(nullptr, false);
+}
+
+TEST(CCustomWidget, ContentThatIsSeenThroughIsBlendedWithBlackAtEachPaint)
+{
+    CWindowRig rig;
+    CCustomWidget content;
+    content.SetBackgroundColor({200, 100, 50});
+    content.SetOpacity(0.5F);
+    content.Show(true);
+    rig.window->SetContent(&content, false);
+    for (int paint = 0; paint < 2; ++paint)
+    {
+        content.Invalidate();
+        rig.platform.Pump();
+        EXPECT_NEAR(static_cast<int>(rig.PixelAt(5, 5) >> 16U), 100, 1);
+        EXPECT_NEAR(static_cast<int>(rig.PixelAt(5, 5) & 255U), 25, 1);
+    }
+    rig.window->SetContent(nullptr, false);
+}
+
 TEST(CIsolationWidget, LetsThePointerThroughWhereItsChildIsNot)
 {
     CWindowRig rig;

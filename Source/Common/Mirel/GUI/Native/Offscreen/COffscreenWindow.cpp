@@ -1,7 +1,8 @@
 #include "Mirel/GUI/Native/Offscreen/COffscreenWindow.h"
 
 #include "Mirel/GUI/Native/Offscreen/COffscreenPlatform.h"
-#include "Mirel/Graphics/CDrawSurface.h"
+#include "Mirel/Graphics/CBitmapContext.h"
+#include "Mirel/Graphics/Premultiply.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,10 +16,27 @@ namespace
 using Graphics::CRect;
 
 constexpr int pictureDepth = 32;
+constexpr std::uint32_t opaque = 0xff000000U;
 
 CSize AtLeastOne(CSize size)
 {
     return {std::max(size.width, 1), std::max(size.height, 1)};
+}
+
+/// As a screen shows pixels: their colour alone counts. Both bitmaps hold 32 bits a pixel.
+void CopyOpaque(const Graphics::CBitmap& from, Graphics::CBitmap& to, const CRect& part)
+{
+    const std::int64_t fromStride = from.GetContext()->GetStride();
+    const std::int64_t toStride = to.GetContext()->GetStride();
+    for (int y = part.y; y < part.y + part.height; ++y)
+    {
+        const std::uint8_t* source = from.GetData() + fromStride * y;
+        std::uint8_t* target = to.GetData() + toStride * y;
+        for (int x = part.x; x < part.x + part.width; ++x)
+        {
+            Graphics::StorePixel(target, x, Graphics::LoadPixel(source, x) | opaque);
+        }
+    }
 }
 
 int Limit(int side, int smallest, int largest)
@@ -142,15 +160,14 @@ void COffscreenWindow::Present(const Graphics::CBitmap& bitmap, const Graphics::
     {
         return;
     }
-    const auto surface = picture.CreateSurface();
+    const CSize common =
+        Graphics::Intersect({CPoint(), picture.GetSize()}, {CPoint(), bitmap.GetSize()}).GetSize();
     for (int i = 0; i < region.GetRectCount(); ++i)
     {
-        const CRect part = Graphics::Intersect(
-            region.GetRect(i), Graphics::Intersect({CPoint(), size}, {CPoint(), bitmap.GetSize()}));
+        const CRect part = Graphics::Intersect(region.GetRect(i), {CPoint(), common});
         if (!part.IsEmpty())
         {
-            surface->FillRect(part);
-            surface->DrawBitmap(bitmap, part.GetOrigin(), part.GetOrigin(), part.GetSize());
+            CopyOpaque(bitmap, picture, part);
             presented.Union(part);
         }
     }
