@@ -276,7 +276,7 @@ void ExpectFocusIsSeen(const CPicture& without, const CPicture& with, const std:
 {
     constexpr double leastContrast = 3.0;
     constexpr int leastPixels = 24;
-    constexpr int largestWidth = 92;
+    constexpr int largestWidth = 144;
     constexpr int largestHeight = 44;
     int seen = 0;
     int left = with.width;

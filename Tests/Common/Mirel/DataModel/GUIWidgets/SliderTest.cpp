@@ -389,7 +389,7 @@ TEST(CSkinLinearParamSlider, ShowsTheHeldTrackWhereThereIsOne)
     rig.Press();
     EXPECT_EQ(rig.Seen(20, 15), 0x00E000U);
     rig.Release();
-    EXPECT_EQ(rig.Seen(20, 15), Tests::ColorOf(2).Pack());
+    EXPECT_EQ(rig.Seen(20, 15), Tests::ColorOf(StateFocus).Pack());
 }
 
 TEST(CSkinLinearParamSlider, DragThatCannotEndEndsOnce)
