@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Mirel/Core/Numeric.h"
 #include "Mirel/DataModel/Controls/CParamViewerConfig.h"
 #include "Mirel/Graphics/Geometry.h"
 
@@ -8,11 +9,11 @@
 namespace Mirel::DataModel::GUIWidgets
 {
 
-/// The last stop of the axis in its window, counted from 0. 0 for an axis of one stop and for one without
-/// stops.
+/// The last stop of the axis in its window, counted from 0. 0 for an axis of one stop, for one without stops
+/// and for one of more than can be counted.
 inline int GetLastStop(const Controls::CParamViewerConfig& axis)
 {
-    return std::max(Core::TruncateToInt32(static_cast<double>(axis.GetVisiblePositions())) - 1, 0);
+    return std::max(Core::TruncateToInt32(static_cast<double>(axis.GetVisiblePositions())), 1) - 1;
 }
 
 /// The stop at a position from 0 to 1.

@@ -1,6 +1,7 @@
 #include "CScriptedMenus.h"
 #include "Common/Mirel/GUI/Popups/PopupRig.h"
 #include "Mirel/DataModel/GUIWidgets/CGUIImageParamDropDownList.h"
+#include "Mirel/DataModel/GUIWidgets/ParamStops.h"
 #include "Mirel/DataModel/Objects/CEnumToText.h"
 #include "Mirel/GUI/Popups/CDrawnMenus.h"
 #include "PushRig.h"
@@ -50,6 +51,13 @@ struct CList : public CControlRig
     CNotedParam noted;
     std::unique_ptr<CGUIImageParamDropDownList> widget;
 };
+
+/// The counts of collections are such parameters.
+TEST(CGUIImageParamDropDownList, MoreStopsThanAnIntegerCountsAreNone)
+{
+    const DataModel::Objects::CParamInfo info(1, 0.0F, 2147483647.0F, 0.0F, "Count", "", "", nullptr);
+    EXPECT_EQ(GetLastStop(DataModel::Controls::CParamViewerConfig(info)), 0);
+}
 
 } // namespace
 
