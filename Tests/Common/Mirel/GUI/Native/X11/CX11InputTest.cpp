@@ -38,6 +38,16 @@ public:
         return Open(Options(kind, frame), target, 0x556677);
     }
 
+    /// Embedded in the window, with the keys.
+    std::unique_ptr<INativeWindow> OpenFocusedChild(CRecordingSink& target)
+    {
+        auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}), target,
+                          0x334455);
+        child->SetFocus();
+        EXPECT_TRUE(PumpUntil(target, "focus in"));
+        return child;
+    }
+
     CRecordingSink sink;
     std::unique_ptr<INativeWindow> window;
 };
@@ -279,10 +289,7 @@ TEST_F(CX11InputTest, EmbeddedWindowTakesTheFocusWhenAsked)
 TEST_F(CX11InputTest, EmbeddedWindowHandsOnTheKeysThatItHasNoUseFor)
 {
     CRecordingSink childSink;
-    const auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}),
-                            childSink, 0x334455);
-    child->SetFocus();
-    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    const auto child = OpenFocusedChild(childSink);
     sink.Clear();
     childSink.Clear();
 
@@ -303,10 +310,7 @@ TEST_F(CX11InputTest, EmbeddedWindowHandsOnTheKeysThatItHasNoUseFor)
 TEST_F(CX11InputTest, EmbeddedWindowKeepsTheReleaseOfAKeyThatItTook)
 {
     CRecordingSink childSink;
-    const auto child = Open(ChildOptions(static_cast<xcb_window_t>(window->GetId()), {10, 20, 100, 50}),
-                            childSink, 0x334455);
-    child->SetFocus();
-    ASSERT_TRUE(PumpUntil(childSink, "focus in"));
+    const auto child = OpenFocusedChild(childSink);
     sink.Clear();
     probe->KeyDown(aCode);
     Settle();
